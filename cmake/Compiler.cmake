@@ -1,0 +1,53 @@
+# Warnings are errors everywhere; the compiler cache is used where it is installed.
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wno-sign-conversion
+                    -Wnull-dereference -Wimplicit-fallthrough)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # g++ 12 reports false positives inside std::string and std::vector at -O2.
+  add_compile_options(-Wno-null-dereference -Wno-restrict)
+endif()
+if(TIDEMARK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# tm_library(NAME FOLDER [QT] LINK lib...): a static library of every source in src/FOLDER.
+# A library with QT gets a precompiled header of the Qt classes that its windows use.
+function(tm_library name)
+  cmake_parse_arguments(ARG "QT" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_LINK})
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h)
+  endif()
+endfunction()
+
+# tm_test(NAME LINK lib...): a test program of every source in the current folder.
+function(tm_test name)
+  cmake_parse_arguments(ARG "QT" "" "LINK;ENV" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TIDEMARK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h)
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
+  include(GoogleTest)
+  gtest_discover_tests(${name} PROPERTIES ENVIRONMENT "${ARG_ENV}" DISCOVERY_TIMEOUT 60)
+endfunction()

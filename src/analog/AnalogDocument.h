@@ -1,0 +1,37 @@
+#pragma once
+// Life of analog documents: slots, creation, reset, activation, closing.
+#include "frame/records/AnalogWaveRecord.h"
+
+/// Sets every view, selection, tool and undo field of a new or newly loaded document to its
+/// default. Dots, segments, Vpp, Period and the view stay.
+void ResetDocumentState(AnalogWaveRecord& wave);
+
+/// Empties the document and sizes its arrays to `maxDots`; the view becomes the whole capacity.
+void AllocateDots(AnalogWaveRecord& wave, std::int32_t maxDots);
+
+/// The whole capacity, amplitudes 1.0 to -1.0, no axis zoomed.
+void ShowWholeWave(AnalogWaveRecord& wave);
+
+/// True when no dot can be added to the active capacity less one.
+bool DotsFull(const AnalogWaveRecord& wave);
+
+/// Lowest slot 0..9 not in use; -1 when all are.
+std::int16_t FirstFreeAnalogSlot();
+
+/// The command New: tests the limit, runs the property dialog, creates the document.
+void NewAnalogDocument();
+
+/// Builds name, window, surfaces and limit lines of slot ActiveAnalogIndex, whose record holds
+/// Vpp, Period, Quantify and allocated dots. False, with a message, when ten are open.
+bool CreateAnalogDocument();
+
+/// Reads the tag of the active child window into ActiveAnalogIndex or ActiveDigitIndex and sets
+/// ActiveIsDigital. -1 when there is no child window.
+std::int16_t ActiveDocumentIndex();
+
+/// Asks to save a modified document of a slot; false when the window must stay. `save` is the
+/// save command of the files module and returns false when nothing was saved.
+bool QueryCloseDocument(std::int16_t index, bool (*save)(std::int16_t index));
+
+/// The window of a slot has closed: frees the slot and its memory.
+void DocumentClosed(std::int16_t index);

@@ -1,0 +1,417 @@
+#include "analog/DrawAnalogWave.h"
+
+#include "frame/GlobalDefineCode.h"
+#include "frame/Narrow.h"
+#include "frame/StringFunc.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+#include <cmath>
+
+// A repaint stacks layers: WaveSurface keeps the grid, StaticSurface the grid with limit lines,
+// PlotSurface what is shown; the scale labels stand on BackSurface around the plot. Only a full
+// redraw makes the grid anew, every other repaint begins with a surface copy.
+
+const PlotColours ScreenColours = {.Surround = 0x12181E,
+                                   .Back = 0x0B1015,
+                                   .Grid = 0x1F2A33,
+                                   .Axis = 0x3B4C5A,
+                                   .Label = 0x8C99A5,
+                                   .Curve = 0xFFC93C,
+                                   .Limit = 0xFF8A3C,
+                                   .Mark = 0xC77DFF,
+                                   .Pointer = 0x3BA7FF};
+const PlotColours PrintColours = {.Surround = 0xFFFFFF,
+                                  .Back = 0xFFFFFF,
+                                  .Grid = 0xB0B0B0,
+                                  .Axis = 0x000000,
+                                  .Label = 0x000000,
+                                  .Curve = 0x000000,
+                                  .Limit = 0x000000,
+                                  .Mark = 0x000000,
+                                  .Pointer = 0x000000};
+
+namespace {
+
+constexpr std::int32_t VerticalDivisions = 8;
+constexpr double LabelSize = 11.0;      // logical pixels
+constexpr std::int32_t LabelGap = 7;    // between labels and the plot
+constexpr std::int32_t MarkHeight = 14;
+
+std::int32_t Scaled(double logical, double scale) { return RoundToInt(logical * scale); }
+
+const PlotColours& ColoursOf(const AnalogWaveRecord& wave) {
+    return wave.PrintMode ? PrintColours : ScreenColours;
+}
+
+// The columns of the vertical grid lines and the dots they stand for.
+struct GridLine {
+    std::int32_t Dot, X;
+};
+
+std::vector<GridLine> VerticalLines(const WaveView& view, std::int32_t width) {
+    std::vector<GridLine> lines;
+    const std::int32_t span = view.End - view.Start;
+    const GridDivision division = DivideSpan(span);
+    for (std::int32_t i = 0; i <= division.Count; ++i) {
+        const std::int64_t dot = std::int64_t{division.Step} * i;
+        if (dot > span) break;  // a rounded step may run past the axis
+        const double x = static_cast<double>(width) / span * static_cast<double>(dot);
+        lines.push_back({view.Start + Narrow<std::int32_t>(dot), RoundToInt(x)});
+    }
+    if (!division.Exact && !lines.empty()) lines.push_back({view.End, width});
+    return lines;
+}
+
+void DrawGrid(Surface& plot, const WaveView& view, std::span<const GridLine> lines, Flag gridOn,
+              const PlotColours& colours) {
+    const std::int32_t right = plot.Width() - 1, bottom = plot.Height() - 1;
+    if (gridOn) {
+        for (const GridLine& line : lines) {
+            const std::int32_t x = std::min(line.X, right);
+            plot.Line(x, 0, x, bottom, colours.Grid);
+        }
+        for (std::int32_t i = 0; i <= VerticalDivisions; ++i) {
+            const std::int32_t y = RoundToInt(static_cast<double>(bottom) / VerticalDivisions * i);
+            plot.Line(0, y, right, y, colours.Grid);
+        }
+    }
+    plot.Line(0, 0, 0, bottom, colours.Axis);
+    const std::int32_t zero = RoundToInt(ValueToPixel(0.0, view, plot.Height()));
+    if (zero >= 0 && zero <= bottom) plot.Line(0, zero, right, zero, colours.Axis);
+}
+
+void DrawDotLabels(Surface& back, std::span<const GridLine> lines, const PlotColours& colours,
+                   const GridLabels& labels, std::int32_t plotHeight) {
+    const double scale = back.Scale();
+    const std::int32_t y = labels.Plot.Y + plotHeight + Scaled(5 + LabelSize / 2, scale);
+    const std::int32_t gap = Scaled(6, scale);
+    const double step = labels.Period / std::max(labels.MaxDots, 1);
+    std::int32_t free = 0;  // left end of the room not yet written on
+    for (const GridLine& line : lines) {
+        const std::string text =
+            labels.TimeAxisOn ? TimeToText(GeneralText(line.Dot * step)) : std::to_string(line.Dot);
+        const std::int32_t half = back.TextWidth(text, LabelSize) / 2 + 1;
+        const std::int32_t centre =
+            std::min(labels.Plot.X + line.X, back.Width() - half);
+        if (centre - half < free) continue;
+        back.Text(centre, y, text, colours.Label, TextAlign::Centre, LabelSize);
+        free = centre + half + gap;
+    }
+}
+
+void DrawVoltLabels(Surface& back, const WaveView& view, const PlotColours& colours,
+                    const GridLabels& labels, std::int32_t plotHeight) {
+    const std::int32_t x = labels.Plot.X - Scaled(LabelGap, back.Scale());
+    for (std::int32_t i = 0; i <= VerticalDivisions; ++i) {
+        const double value = view.Top - (view.Top - view.Bottom) / VerticalDivisions * i;
+        const double y = static_cast<double>(plotHeight - 1) / VerticalDivisions * i;
+        back.Text(x, labels.Plot.Y + RoundToInt(y), VoltToText(GeneralText(value * labels.Vpp / 2)),
+                  colours.Label, TextAlign::Right, LabelSize);
+    }
+}
+
+// The rows that a curve covers in each pixel column, grown point by point.
+class ColumnRuns {
+public:
+    ColumnRuns(std::vector<ColumnRun>& runs, std::int32_t width) : runs_(runs) {
+        runs_.assign(static_cast<std::size_t>(width), ColumnRun{1.0F, 0.0F});
+    }
+    void Cover(std::int32_t column, double low, double high) {
+        const auto last = static_cast<std::int32_t>(runs_.size()) - 1;
+        ColumnRun& run = runs_[static_cast<std::size_t>(std::clamp(column, 0, last))];
+        const auto top = static_cast<float>(low), bottom = static_cast<float>(high);
+        const bool empty = run.Top > run.Bottom;
+        run.Top = empty ? top : std::min(run.Top, top);
+        run.Bottom = empty ? bottom : std::max(run.Bottom, bottom);
+    }
+    // The straight line between two points, cut at the borders of the columns.
+    void CoverLine(double x1, double y1, double x2, double y2) {
+        const auto last = static_cast<double>(runs_.size()) - 0.5;
+        const double slope = x2 > x1 ? (y2 - y1) / (x2 - x1) : 0.0;
+        const double end = std::min(x2, last);
+        double x = x1, y = y1;
+        if (x < -0.5) y += slope * (-0.5 - x), x = -0.5;
+        for (std::int32_t column = ColumnOf(x); x < end; ++column) {
+            const double border = std::min(column + 0.5, end);
+            const double next = y1 + slope * (border - x1);
+            Cover(column, std::min(y, next), std::max(y, next));
+            x = border;
+            y = next;
+        }
+        if (x2 <= last && x2 >= -0.5) Cover(ColumnOf(x2), std::min(y, y2), std::max(y, y2));
+    }
+    static std::int32_t ColumnOf(double x) {
+        return static_cast<std::int32_t>(std::floor(x + 0.5));
+    }
+    // Gives every run the width of the pen and centres it on its rows.
+    void Thicken(double pen) {
+        const auto half = static_cast<float>(pen / 2);
+        for (ColumnRun& run : runs_) {
+            if (run.Top > run.Bottom) continue;
+            run.Top += 0.5F - half;
+            run.Bottom += 0.5F + half;
+        }
+    }
+
+private:
+    std::vector<ColumnRun>& runs_;
+};
+
+void CoverSparse(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot> dots,
+                 std::int32_t first, std::int32_t last, const Surface& plot) {
+    const std::int32_t width = plot.Width(), height = plot.Height();
+    double x = DotToPixel(first, view, width);
+    double y = ValueToPixel(dots[static_cast<std::size_t>(first)].Y, view, height);
+    runs.Cover(ColumnRuns::ColumnOf(x), y, y);
+    for (std::int32_t i = first + 1; i <= last; ++i) {
+        const double nextX = DotToPixel(i, view, width);
+        const double nextY = ValueToPixel(dots[static_cast<std::size_t>(i)].Y, view, height);
+        runs.CoverLine(x, y, nextX, nextY);
+        x = nextX;
+        y = nextY;
+    }
+}
+
+// Several dots to a column: its largest and smallest, the last dot of the column before among
+// them, since a line leads from there.
+void CoverDense(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot> dots,
+                std::int32_t first, std::int32_t last, const Surface& plot) {
+    const std::int32_t width = plot.Width(), height = plot.Height();
+    const double perColumn = static_cast<double>(view.End - view.Start) / width;
+    std::int32_t from = first;
+    for (std::int32_t column = 0; column < width && from <= last; ++column) {
+        const bool final = column == width - 1;
+        const double border = view.Start + (column + 0.5) * perColumn;
+        const std::int32_t to =
+            final ? last : std::min(last, static_cast<std::int32_t>(std::ceil(border)) - 1);
+        if (to < from) continue;
+        const std::int32_t begin = std::max(from - 1, first);
+        std::int32_t maxPos = 0, minPos = 0;
+        double maxY = 0.0, minY = 0.0;
+        MaxMin(&dots[static_cast<std::size_t>(begin)], begin, to - begin + 1, &maxPos, &minPos,
+               &maxY, &minY);
+        runs.Cover(column, ValueToPixel(maxY, view, height), ValueToPixel(minY, view, height));
+        from = to + 1;
+    }
+}
+
+void DrawPoints(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
+                std::int32_t first, std::int32_t last, Colour colour) {
+    const std::int64_t room = std::min<std::int64_t>(last - first + 1,
+                                                     std::int64_t{plot.Width()} * plot.Height());
+    std::vector<PixelPoint> pixels(static_cast<std::size_t>(room));
+    static_assert(sizeof(PixelPoint) == 2 * sizeof(std::int32_t));
+    const std::int32_t count =
+        PlotWaveDot(dots.data(), &pixels.data()->X, first, last, plot.Width(), plot.Height(),
+                    view.Top, view.Bottom, view.Start, view.End);
+    plot.Points(std::span(pixels).first(static_cast<std::size_t>(count)), colour);
+}
+
+// Keeps the drawn edge while it moves by no more than a pixel, so that a dragged bar does not
+// jitter.
+std::int32_t SteadyEdge(std::int32_t edge, std::int32_t drawn) {
+    return std::abs(std::int64_t{edge} - drawn) <= 1 ? drawn : edge;
+}
+
+void DrawSelection(AnalogWaveRecord& wave, const WaveView& view) {
+    if (view.End <= view.Start) return;
+    Surface& plot = wave.PlotSurface;
+    const std::int32_t left = RoundToInt(DotToPixel(wave.SelStart, view, plot.Width()));
+    const std::int32_t right = RoundToInt(DotToPixel(wave.SelEnd, view, plot.Width()));
+    wave.SelPixelLeft = SteadyEdge(left, wave.SelPixelLeft);
+    wave.SelPixelRight = SteadyEdge(right, wave.SelPixelRight);
+    plot.SetMode(DrawMode::NotXor);
+    plot.FillBox(wave.SelPixelLeft, 0, wave.SelPixelRight, plot.Height() - 1, SelectionColour);
+    plot.SetMode(DrawMode::Copy);
+}
+
+}  // namespace
+
+WaveView ViewOf(const AnalogWaveRecord& wave) {
+    return {wave.ViewStart, wave.ViewEnd, wave.ViewTop, wave.ViewBottom};
+}
+
+double DotToPixel(double dot, const WaveView& view, std::int32_t width) {
+    const double span = view.End - view.Start;
+    return span > 0.0 ? (dot - view.Start) / span * width : 0.0;
+}
+
+double ValueToPixel(double value, const WaveView& view, std::int32_t height) {
+    const double span = view.Top - view.Bottom;
+    return span > 0.0 ? (view.Top - value) / span * (height - 1) : 0.0;
+}
+
+std::int32_t PixelToDot(double x, const WaveView& view, std::int32_t width) {
+    if (width <= 0) return view.Start;
+    return RoundToInt(view.Start + x * (static_cast<double>(view.End) - view.Start) / width);
+}
+
+double PixelToValue(double y, const WaveView& view, std::int32_t height) {
+    if (height <= 1) return view.Top;
+    return view.Top - y * (view.Top - view.Bottom) / (height - 1);
+}
+
+GridDivision DivideSpan(std::int32_t span) {
+    if (span <= 0) return {0, 0, true};
+    if (span >= 1000) return {10, RoundToInt(span / 10.0), true};
+    if (span >= 100) {
+        if (span % 10 == 0) return {10, span / 10, true};
+        return {9, RoundToInt(span / 10.0 + 0.1), false};
+    }
+    if (span >= 11) {
+        if (span % 10 == 0) return {span / 10, 10, true};
+        // The last line keeps clear of the label at the right end.
+        return {span / 10 - (10 - span % 10 > 5 ? 1 : 0), 10, false};
+    }
+    return {span, 1, true};
+}
+
+void DrawGridAndLabels(Surface& plot, const WaveView& view, Flag gridOn, const PlotColours& colours,
+                       Surface* back, const GridLabels* labels) {
+    plot.Fill(colours.Back);
+    const std::vector<GridLine> lines = VerticalLines(view, plot.Width());
+    DrawGrid(plot, view, lines, gridOn, colours);
+    if (back == nullptr || labels == nullptr) return;
+    back->Fill(colours.Surround);
+    DrawDotLabels(*back, lines, colours, *labels, plot.Height());
+    DrawVoltLabels(*back, view, colours, *labels, plot.Height());
+}
+
+void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
+                   Flag dotLinkOn, Colour colour) {
+    const auto count = Narrow<std::int32_t>(dots.size());
+    const std::int32_t first = std::max(view.Start, 0);
+    const std::int32_t last = std::min(view.End, count - 1);
+    if (plot.IsNull() || view.End <= view.Start || view.Top <= view.Bottom || last < first) return;
+    if (!dotLinkOn) {
+        DrawPoints(plot, view, dots, first, last, colour);
+        return;
+    }
+    static std::vector<ColumnRun> buffer;  // kept from paint to paint
+    ColumnRuns runs(buffer, plot.Width());
+    if ((view.End - view.Start) / (2 * plot.Width()) <= 1)
+        CoverSparse(runs, view, dots, first, last, plot);
+    else
+        CoverDense(runs, view, dots, first, last, plot);
+    runs.Thicken(1.4 * plot.Scale());
+    plot.FillColumns(0, buffer, colour);
+}
+
+void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,
+                      Colour colour) {
+    if (view.End <= view.Start) return;
+    const std::int32_t bottom = plot.Height() - 1;
+    const std::int32_t top = bottom - Scaled(MarkHeight, plot.Scale());
+    const std::int32_t half = std::max(1, Scaled(1.0, plot.Scale()));
+    for (const WaveSegment& segment : segments) {
+        if (segment.EndDot > view.End) break;
+        if (segment.EndDot < view.Start) continue;
+        const std::int32_t x = RoundToInt(DotToPixel(segment.EndDot, view, plot.Width()));
+        plot.FillBox(x - half, top, x + half, bottom, colour);
+    }
+}
+
+void DrawLimitLines(AnalogWaveRecord& wave, const PlotColours& colours) {
+    Surface& layer = wave.StaticSurface;
+    layer.CopyFrom(wave.WaveSurface);
+    const std::int32_t left = RoundToInt(wave.XLimitLeft), right = RoundToInt(wave.XLimitRight);
+    const std::int32_t top = RoundToInt(wave.YLimitTop), bottom = RoundToInt(wave.YLimitBottom);
+    // With both pairs on, each line ends at the other pair, so that a rectangle is seen.
+    const bool both = wave.XLimitOn && wave.YLimitOn;
+    const auto [low, high] = std::minmax(top, bottom);
+    const auto [near, far] = std::minmax(left, right);
+    if (wave.XLimitOn)
+        for (const std::int32_t x : {left, right})
+            layer.Line(x, both ? low : 0, x, both ? high : layer.Height() - 1, colours.Limit, true);
+    if (wave.YLimitOn)
+        for (const std::int32_t y : {top, bottom})
+            layer.Line(both ? near : 0, y, both ? far : layer.Width() - 1, y, colours.Limit, true);
+    wave.PlotSurface.CopyFrom(layer);
+}
+
+PixelPoint PlotOrigin(double scale) {
+    return {Scaled(LabelGutter + WaveAreaLeft, scale), Scaled(WaveAreaTop, scale)};
+}
+
+void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours) {
+    Surface& back = wave.BackSurface;
+    const double scale = back.Scale();
+    const PixelPoint plot = PlotOrigin(scale);
+    wave.VPointerY = static_cast<float>(plot.Y + (1.0 - wave.ViewTop) / 2.0 * wave.PlotHeight);
+    wave.HPointerX = static_cast<float>(
+        plot.X + static_cast<double>(wave.ViewStart) / std::max(wave.MaxDots, 1) * wave.PlotWidth);
+    const std::int32_t reach = Scaled(6, scale), depth = Scaled(4, scale);
+    if (wave.YZoomed) {
+        const std::int32_t x = Scaled(wave.VPointerX, scale), y = RoundToInt(wave.VPointerY);
+        const PixelPoint arrow[] = {
+            {x - depth, y - reach}, {x + depth, y}, {x - depth, y + reach}, {x - depth, y - reach}};
+        back.Polyline(arrow, colours.Pointer);
+    }
+    if (wave.XZoomed) {
+        const std::int32_t x = RoundToInt(wave.HPointerX);
+        const std::int32_t y = plot.Y - Scaled(wave.HPointerY, scale) - depth;
+        const PixelPoint arrow[] = {
+            {x - reach, y - depth}, {x, y + depth}, {x + reach, y - depth}, {x - reach, y - depth}};
+        back.Polyline(arrow, colours.Pointer);
+    }
+}
+
+void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::int32_t backHeight,
+                          double scale) {
+    const std::int32_t width = std::max(backWidth - Scaled(WaveMarginWidth, scale), 2);
+    const std::int32_t height = std::max(backHeight - Scaled(WaveMarginHeight, scale), 2);
+    if (wave.PlotWidth > 0 && wave.PlotHeight > 0) {
+        const float across = static_cast<float>(width) / static_cast<float>(wave.PlotWidth);
+        const float down = static_cast<float>(height) / static_cast<float>(wave.PlotHeight);
+        wave.XLimitLeft *= across;
+        wave.XLimitRight *= across;
+        wave.YLimitTop *= down;
+        wave.YLimitBottom *= down;
+    }
+    wave.PlotWidth = width;
+    wave.PlotHeight = height;
+    wave.BackSurface.Create(backWidth + Scaled(LabelGutter, scale), backHeight, scale);
+    for (Surface* layer :
+         {&wave.PlotSurface, &wave.GridSurface, &wave.WaveSurface, &wave.StaticSurface})
+        layer->Create(width, height, scale);
+}
+
+void FreeAnalogSurfaces(AnalogWaveRecord& wave) {
+    for (Surface* layer : {&wave.BackSurface, &wave.PlotSurface, &wave.GridSurface,
+                           &wave.WaveSurface, &wave.StaticSurface})
+        layer->Free();
+}
+
+void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
+    if (index < 0 || index > MaxDocuments) return;
+    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    const PlotColours& colours = ColoursOf(wave);
+    if (wave.ExpandToSuit && wave.Dots > 1) {
+        wave.ViewStart = 0;
+        wave.ViewEnd = wave.Dots - 1;
+        wave.ExpandApplied = true;
+        fullRedraw = true;
+    }
+    const WaveView view = ViewOf(wave);
+    Surface& plot = wave.PlotSurface;
+    if (fullRedraw) {
+        const GridLabels labels = {wave.Vpp, wave.Period, wave.MaxDots, wave.TimeAxisOn,
+                                   PlotOrigin(wave.BackSurface.Scale())};
+        DrawGridAndLabels(wave.WaveSurface, view, wave.GridOn, colours, &wave.BackSurface, &labels);
+        DrawScalePointers(wave, colours);
+    }
+    if (wave.XLimitOn || wave.YLimitOn)
+        DrawLimitLines(wave, colours);
+    else
+        plot.CopyFrom(wave.WaveSurface);
+    if (wave.SegmentMarkOn)
+        DrawSegmentMarks(
+            plot, view,
+            std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
+            colours.Mark);
+    DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
+                  wave.DotLinkOn, colours.Curve);
+    if (wave.HasSelection && !wave.PrintMode) DrawSelection(wave, view);
+    TheHost().ShowPlot(index);
+}

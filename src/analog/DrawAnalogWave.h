@@ -1,0 +1,83 @@
+#pragma once
+// Painter of analog documents: maps dots and amplitudes to pixels and draws grid, scale labels,
+// curve, limit lines, segment marks, scale pointers and selection bar on surfaces. It knows no
+// window. Horizontally a view spans W pixels, vertically H - 1: both directions keep it.
+#include "frame/records/AnalogWaveRecord.h"
+
+#include <span>
+
+struct WaveView {
+    std::int32_t Start, End;  // dots, inclusive; a view of no width shows nothing
+    double Top, Bottom;       // normalised amplitudes
+};
+
+struct PlotColours {
+    Colour Surround, Back, Grid, Axis, Label, Curve, Limit, Mark, Pointer;
+};
+
+/// Room for wide scale texts to the left of the back area, logical pixels.
+inline constexpr std::int32_t LabelGutter = 28;
+extern const PlotColours ScreenColours;
+extern const PlotColours PrintColours;
+inline constexpr Colour RubberColour = 0x00FF00;
+// Drawn in the not-exclusive-or mode, it turns the plot's background into a dark blue.
+inline constexpr Colour SelectionColour = 0xE0D79B;
+
+/// What the labels of a grid need beside the view: the plot's place and the document's scales.
+struct GridLabels {
+    double Vpp;               // volts
+    double Period;            // seconds
+    std::int32_t MaxDots;     // dots in Period
+    Flag TimeAxisOn;
+    PixelPoint Plot;          // top left of the plot on the back surface, device pixels
+};
+
+WaveView ViewOf(const AnalogWaveRecord& wave);
+
+/// Pixel of a dot and of an amplitude on a plot of `width` by `height`, not rounded. A view of no
+/// span gives 0.
+double DotToPixel(double dot, const WaveView& view, std::int32_t width);
+double ValueToPixel(double value, const WaveView& view, std::int32_t height);
+/// Dot (nearest, ties to even) and amplitude of a pixel.
+std::int32_t PixelToDot(double x, const WaveView& view, std::int32_t width);
+double PixelToValue(double y, const WaveView& view, std::int32_t height);
+
+// Vertical grid lines: Count divisions of Step dots; Exact when they end at the axis' end.
+struct GridDivision {
+    std::int32_t Count, Step;
+    bool Exact;
+};
+GridDivision DivideSpan(std::int32_t span);
+
+/// Fills the plot and draws its grid (with `gridOn`) or its two axes; with `labels`, writes the
+/// scale texts around the plot on `back`.
+void DrawGridAndLabels(Surface& plot, const WaveView& view, Flag gridOn, const PlotColours& colours,
+                       Surface* back, const GridLabels* labels);
+
+/// Draws dots `view.Start`..`view.End` that exist. Joined dots cover one run of rows in every pixel
+/// column, so that each peak shows at any zoom and the work is one pass over the dots.
+void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
+                   Flag dotLinkOn, Colour colour);
+
+/// A short bar at the end of every segment inside the view.
+void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,
+                      Colour colour);
+
+/// Copies the static layer, draws the active limit lines and brings both to the plot.
+void DrawLimitLines(AnalogWaveRecord& wave, const PlotColours& colours);
+
+/// Top left of the plot on the back surface, device pixels.
+PixelPoint PlotOrigin(double scale);
+
+/// Draws the pointers of the zoomed axes beside the plot and stores their places.
+void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours);
+
+/// Makes all surfaces of a document for a back area of the given size (device pixels) and scale,
+/// and moves the limit lines with the plot. Surfaces that cannot be made stay null.
+void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::int32_t backHeight,
+                          double scale);
+void FreeAnalogSurfaces(AnalogWaveRecord& wave);
+
+/// Paints the document of a slot and asks the host to show it. `fullRedraw` rebuilds the grid and
+/// the labels, needed where the view, a scale or a display flag changed.
+void RepaintAnalog(std::int16_t index, Flag fullRedraw);

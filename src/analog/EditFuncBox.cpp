@@ -1,0 +1,240 @@
+#include "analog/EditFuncBox.h"
+
+#include "analog/AnalogDocument.h"
+#include "analog/DrawAnalogWave.h"
+#include "analog/SegmentEngine.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/Narrow.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool ExactBounds(const AnalogWaveRecord& wave) {
+    return wave.SelectionDragging || wave.SegmentPicked;
+}
+
+void SelectPixels(AnalogWaveRecord& wave) {
+    const WaveView view = ViewOf(wave);
+    wave.SelPixelLeft = RoundToInt(DotToPixel(wave.SelStart, view, wave.PlotWidth));
+    wave.SelPixelRight = RoundToInt(DotToPixel(wave.SelEnd, view, wave.PlotWidth));
+}
+
+// SelectionFlagA and SelectionFlagB: the edges of the selection lie on borders of segments.
+void FlagBorders(AnalogWaveRecord& wave) {
+    wave.SelectionFlagA = false;
+    wave.SelectionFlagB = wave.SelEnd >= wave.Dots;
+    for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
+        const WaveSegment& segment = wave.Segments[static_cast<std::size_t>(i)];
+        if (segment.RunStart == wave.SelStart) wave.SelectionFlagA = true;
+        if (segment.EndDot == wave.SelEnd) wave.SelectionFlagB = true;
+    }
+}
+
+void HoldBounds(AnalogWaveRecord& wave) {
+    const std::int32_t last = std::max(wave.Dots - 1, 0);
+    wave.SelStart = std::clamp(wave.SelStart, 0, last);
+    wave.SelEnd = std::clamp(wave.SelEnd, wave.SelStart, last);
+}
+
+// Brings the bounds of the present selection up to date; false without one.
+bool TakeBounds(AnalogWaveRecord& wave) {
+    if (!wave.HasSelection || wave.Dots == 0) return false;
+    SelectionFromPixels(wave, wave.SelPixelLeft, wave.SelPixelRight);
+    return true;
+}
+
+void CopySelection(const AnalogWaveRecord& wave) {
+    ClipDotCount = wave.SelEnd - wave.SelStart + 1;
+    ClipValues.resize(static_cast<std::size_t>(ClipDotCount));
+    for (std::int32_t i = 0; i < ClipDotCount; ++i)
+        ClipValues[static_cast<std::size_t>(i)] =
+            wave.DotArray[static_cast<std::size_t>(wave.SelStart + i)].Y;
+    ClipAvailable = true;
+}
+
+void RemoveSelection(AnalogWaveRecord& wave) {
+    const std::int32_t removed = wave.SelEnd - wave.SelStart + 1;
+    RemoveRunSegments(wave, wave.SelStart, wave.SelEnd);
+    for (std::int32_t i = wave.SelEnd + 1; i < wave.Dots; ++i)
+        wave.DotArray[static_cast<std::size_t>(i - removed)].Y =
+            wave.DotArray[static_cast<std::size_t>(i)].Y;
+    wave.Dots -= removed;
+    wave.LastDot = std::max(wave.Dots - 1, 0);
+}
+
+// Cut and Delete: the snapshot is taken, and undo opened, even where nothing is selected.
+void TakeOut(bool toClipboard) {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    const bool exact = ExactBounds(wave);
+    const bool selected = TakeBounds(wave);
+    BeginEdit(wave);
+    if (selected) {
+        // A bar that begins at the second dot takes the first one with it, on purpose.
+        if (!exact && wave.SelStart < 2) wave.SelStart = 0;
+        if (toClipboard) CopySelection(wave);
+        RemoveSelection(wave);
+    }
+    ClearSelection(wave);
+    EndEdit(ActiveAnalogIndex);
+}
+
+void ExchangeState() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    SwapSnapshot(wave);
+    wave.Modified = true;
+    if (wave.ExpandToSuit && wave.Dots >= 1) wave.ViewEnd = std::max(wave.Dots - 1, 1);
+    EndEdit(ActiveAnalogIndex, true);
+}
+
+}  // namespace
+
+void TakeSnapshot(AnalogWaveRecord& wave) {
+    wave.Modified = true;
+    wave.UndoDots = wave.Dots;
+    wave.UndoSegmentCount = wave.SegmentCount;
+    wave.UndoLastDot = wave.LastDot;
+    wave.UndoSegments.assign(wave.Segments.begin(), wave.Segments.begin() + wave.SegmentCount);
+    std::copy_n(wave.DotArray.begin(), wave.Dots, wave.UndoDotArray.begin());
+}
+
+void SwapSnapshot(AnalogWaveRecord& wave) {
+    std::swap(wave.Dots, wave.UndoDots);
+    std::swap(wave.SegmentCount, wave.UndoSegmentCount);
+    std::swap(wave.LastDot, wave.UndoLastDot);
+    std::swap(wave.DotArray, wave.UndoDotArray);
+    std::swap(wave.Segments, wave.UndoSegments);
+}
+
+void SetUndoAvailable(AnalogWaveRecord& wave, Flag available) { wave.UndoAvailable = available; }
+void SetResumeAvailable(AnalogWaveRecord& wave, Flag available) {
+    wave.ResumeAvailable = available;
+}
+
+void BeginEdit(AnalogWaveRecord& wave) {
+    TakeSnapshot(wave);
+    SetUndoAvailable(wave, true);
+    SetResumeAvailable(wave, false);
+}
+
+void EndEdit(std::int16_t index, Flag fullRedraw) {
+    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    wave.Modified = true;
+    FitSelection(wave);
+    TheHost().ShowTitle(index);
+    TheHost().RefreshCommands();
+    RepaintAnalog(index, fullRedraw);
+}
+
+void ClearSelection(AnalogWaveRecord& wave) {
+    wave.HasSelection = false;
+    wave.SelectionDragging = false;
+    wave.SegmentPicked = false;
+}
+
+void SelectDots(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
+    ClearSelection(wave);
+    if (wave.Dots == 0) return;
+    wave.SelStart = first;
+    wave.SelEnd = last;
+    HoldBounds(wave);
+    wave.HasSelection = true;
+    wave.SelectionDragging = true;
+    FlagBorders(wave);
+    SelectPixels(wave);
+}
+
+void PickSegment(AnalogWaveRecord& wave, std::int32_t segment) {
+    if (segment < 0 || segment >= wave.SegmentCount) return;
+    const WaveSegment& picked = wave.Segments[static_cast<std::size_t>(segment)];
+    SelectDots(wave, picked.RunStart, picked.EndDot);
+    wave.SegmentPicked = true;
+    wave.PickedSegment = segment;
+    wave.SelectedSegment = segment;
+}
+
+void SelectionFromPixels(AnalogWaveRecord& wave, std::int32_t left, std::int32_t right) {
+    if (!ExactBounds(wave)) {
+        const WaveView view = ViewOf(wave);
+        wave.SelStart = std::max(PixelToDot(left - 1.0, view, wave.PlotWidth), 0);
+        wave.SelEnd = std::max(PixelToDot(right - 1.0, view, wave.PlotWidth), 0);
+    }
+    HoldBounds(wave);
+    FlagBorders(wave);
+}
+
+void FitSelection(AnalogWaveRecord& wave) {
+    if (!wave.HasSelection) return;
+    if (wave.Dots == 0 || wave.SelStart >= wave.Dots) {
+        ClearSelection(wave);
+        return;
+    }
+    HoldBounds(wave);
+    if (!wave.SegmentPicked) return;
+    const bool same =
+        wave.PickedSegment < wave.SegmentCount &&
+        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].RunStart == wave.SelStart &&
+        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].EndDot == wave.SelEnd;
+    if (!same) wave.SegmentPicked = false;
+}
+
+void UndoAnalog() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (!wave.UndoAvailable) return;
+    SetUndoAvailable(wave, false);
+    SetResumeAvailable(wave, true);
+    ClearSelection(wave);
+    ExchangeState();
+}
+
+void ResumeAnalog() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (!wave.ResumeAvailable) return;
+    SetUndoAvailable(wave, true);
+    SetResumeAvailable(wave, false);
+    ExchangeState();
+}
+
+void CutAnalog() { TakeOut(true); }
+void DeleteAnalog() { TakeOut(false); }
+
+void CopyAnalog() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (!TakeBounds(wave)) return;
+    CopySelection(wave);
+    TheHost().RefreshCommands();
+}
+
+void PasteAnalog() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (ClipDotCount == 0) return;
+    if (DotsFull(wave)) {
+        TheHost().Ask(PickText("Waveform Dots up limit", "波形点数达到上限"), Buttons::Ok,
+                      MessageIcon::Exclamation);
+        return;
+    }
+    ClearSelection(wave);
+    BeginEdit(wave);
+    SetResumeAvailable(wave, true);  // paste leaves both directions open
+    const std::int32_t start = wave.Dots;
+    const std::int32_t end = std::min(start + ClipDotCount, wave.MaxDots);
+    for (std::int32_t i = start; i < end; ++i)
+        wave.DotArray[static_cast<std::size_t>(i)] = {
+            static_cast<double>(i), ClipValues[static_cast<std::size_t>(i - start)]};
+    AppendSegment(wave, WaveSegment{.DotCount = end - start}, start);
+    wave.Dots = end;
+    wave.LastDot = end - 1;
+    EndEdit(ActiveAnalogIndex);
+}
+
+void SelectAllAnalog() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    const bool whole = wave.HasSelection && wave.SelStart == 0 && wave.SelEnd == wave.Dots - 1;
+    if (wave.Dots == 0 || whole) return;
+    SelectDots(wave, 0, wave.Dots - 1);
+    TheHost().RefreshCommands();
+    RepaintAnalog(ActiveAnalogIndex, false);
+}

@@ -1,0 +1,37 @@
+#pragma once
+// Undo, resume, selection and clipboard of an analog document, and the frame around every edit.
+// Undo is one snapshot, exchanged with the present state: undo and resume are the same exchange.
+#include "frame/records/AnalogWaveRecord.h"
+
+/// Copies dots, segments and end mark into the snapshot, replacing the last one. Sets Modified.
+void TakeSnapshot(AnalogWaveRecord& wave);
+/// Exchanges the present state with the snapshot; calling it twice changes nothing.
+void SwapSnapshot(AnalogWaveRecord& wave);
+
+void SetUndoAvailable(AnalogWaveRecord& wave, Flag available);
+void SetResumeAvailable(AnalogWaveRecord& wave, Flag available);
+
+/// Begins an edit: snapshot, undo available, resume not.
+void BeginEdit(AnalogWaveRecord& wave);
+/// Ends an edit of a slot: Modified, title, commands, repaint.
+void EndEdit(std::int16_t index, Flag fullRedraw = false);
+
+void ClearSelection(AnalogWaveRecord& wave);
+/// Selects dots first..last exactly, both held inside 0..Dots-1. An empty document has none.
+void SelectDots(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
+/// Selects the whole of a segment and marks it picked, so that its wave can be edited again.
+void PickSegment(AnalogWaveRecord& wave, std::int32_t segment);
+/// Takes the bounds of a selection made with the mouse from its pixel columns, one column to the
+/// left of each where that lies in the document. Exact bounds stay.
+void SelectionFromPixels(AnalogWaveRecord& wave, std::int32_t left, std::int32_t right);
+/// Holds or drops a selection that no longer fits; a pick that is not exactly its segment falls.
+void FitSelection(AnalogWaveRecord& wave);
+
+// Commands on the active document.
+void UndoAnalog();
+void ResumeAnalog();
+void CutAnalog();
+void CopyAnalog();
+void DeleteAnalog();
+void PasteAnalog();
+void SelectAllAnalog();

@@ -1,0 +1,166 @@
+#include "analog/SegmentEngine.h"
+
+#include <algorithm>
+
+// Worked example: segments 0..99 (sine), 100..199 (custom), 200..299 (ramp) and a selection
+// 50..120 replaced by 81 dots, D = +10. F = 0, L = 1 collapse into one custom segment 0..209; the
+// ramp moves to 210..309. Its StartDot stays 200: the place where it was first generated.
+
+namespace {
+
+WaveSegment& SegmentAt(AnalogWaveRecord& wave, std::int32_t index) {
+    return wave.Segments[static_cast<std::size_t>(index)];
+}
+
+void EraseSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t count) {
+    const auto begin = wave.Segments.begin() + first;
+    wave.Segments.erase(begin, begin + count);
+    wave.SegmentCount -= count;
+}
+
+std::int32_t RunLength(const WaveSegment& segment) { return segment.EndDot - segment.RunStart + 1; }
+
+// Right neighbour first, then left, so that two custom neighbours become one entry with it.
+void MergeCustomNeighbours(AnalogWaveRecord& wave, std::int32_t index) {
+    for (const std::int32_t left : {index, index - 1}) {
+        if (left < 0 || left + 1 >= wave.SegmentCount) continue;
+        WaveSegment& segment = SegmentAt(wave, left);
+        if (!segment.Custom || !SegmentAt(wave, left + 1).Custom) continue;
+        segment.EndDot = SegmentAt(wave, left + 1).EndDot;
+        segment.DotCount = RunLength(segment);
+        EraseSegments(wave, left + 1, 1);
+    }
+}
+
+// The run is free-form from now on; its generator fields stay but mean nothing.
+void MakeCustom(WaveSegment& segment) {
+    segment.Custom = true;
+    segment.DotCount = RunLength(segment);
+}
+
+// A free selection: every segment that it touches becomes one custom run.
+void CollapseSelection(AnalogWaveRecord& wave, std::int32_t delta) {
+    const std::int32_t first = wave.SelFirstSegment, last = wave.SelLastSegment;
+    WaveSegment& run = SegmentAt(wave, first);
+    run.EndDot = SegmentAt(wave, last).EndDot + delta;
+    MakeCustom(run);
+    EraseSegments(wave, first + 1, last - first);
+    for (std::int32_t i = first + 1; i < wave.SegmentCount; ++i) {
+        SegmentAt(wave, i).RunStart += delta;
+        SegmentAt(wave, i).EndDot += delta;
+    }
+    MergeCustomNeighbours(wave, first);
+}
+
+// A picked segment keeps its place in the list; what follows moves as a whole.
+void RewritePicked(AnalogWaveRecord& wave, WaveSegment made, std::int32_t dotCount,
+                   std::int32_t delta) {
+    WaveSegment& picked = SegmentAt(wave, wave.PickedSegment);
+    made.StartDot = delta == 0 ? picked.StartDot : wave.SelStart;
+    made.RunStart = wave.SelStart;
+    made.EndDot = wave.SelStart + dotCount - 1;
+    made.DotCount = dotCount;
+    picked = made;
+    for (std::int32_t i = wave.PickedSegment + 1; i < wave.SegmentCount; ++i) {
+        SegmentAt(wave, i).StartDot += delta;
+        SegmentAt(wave, i).RunStart += delta;
+        SegmentAt(wave, i).EndDot += delta;
+    }
+}
+
+bool HasPick(const AnalogWaveRecord& wave) {
+    return wave.SegmentPicked && wave.PickedSegment < wave.SegmentCount;
+}
+
+std::int32_t DeltaOf(const AnalogWaveRecord& wave, std::int32_t dotCount) {
+    return dotCount - (wave.SelEnd - wave.SelStart + 1);
+}
+
+}  // namespace
+
+void FindSelectionSegments(AnalogWaveRecord& wave) {
+    const auto end = wave.Segments.begin() + wave.SegmentCount;
+    const auto reaches = [](std::int32_t dot) {
+        return [dot](const WaveSegment& segment) { return dot <= segment.EndDot; };
+    };
+    const auto first = std::find_if(wave.Segments.begin(), end, reaches(wave.SelStart));
+    const auto last = std::find_if(first, end, reaches(wave.SelEnd));
+    const std::int32_t final = std::max(wave.SegmentCount - 1, 0);
+    const auto index = [&](auto found) {
+        return std::min(static_cast<std::int32_t>(found - wave.Segments.begin()), final);
+    };
+    wave.SelFirstSegment = index(first);
+    wave.SelLastSegment = index(last);
+}
+
+void ReplaceRunSegments(AnalogWaveRecord& wave, const WaveSegment& made) {
+    if (!wave.HasSelection || wave.SegmentCount == 0) return;
+    FindSelectionSegments(wave);
+    const std::int32_t delta = DeltaOf(wave, made.DotCount);
+    if (!HasPick(wave)) {
+        CollapseSelection(wave, delta);
+        return;
+    }
+    WaveSegment generated = made;
+    generated.Custom = false;
+    RewritePicked(wave, generated, made.DotCount, delta);
+}
+
+void MarkRunCustom(AnalogWaveRecord& wave, std::int32_t dotCount) {
+    if (!wave.HasSelection || wave.SegmentCount == 0) return;
+    FindSelectionSegments(wave);
+    const std::int32_t delta = DeltaOf(wave, dotCount);
+    if (!HasPick(wave)) {
+        CollapseSelection(wave, delta);
+        return;
+    }
+    WaveSegment custom = SegmentAt(wave, wave.PickedSegment);
+    custom.Custom = true;
+    RewritePicked(wave, custom, dotCount, delta);
+    MergeCustomNeighbours(wave, wave.PickedSegment);
+}
+
+void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
+    const std::int32_t removed = last - first + 1;
+    std::vector<WaveSegment> kept;
+    for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
+        WaveSegment segment = SegmentAt(wave, i);
+        const std::int32_t before = std::clamp(first - segment.RunStart, 0, RunLength(segment));
+        const std::int32_t behind = std::clamp(segment.EndDot - last, 0, RunLength(segment));
+        if (before + behind == 0) continue;
+        if (segment.RunStart >= first) {
+            segment.RunStart = std::max(segment.RunStart, last + 1) - removed;
+            segment.StartDot = segment.RunStart;
+        }
+        if (before + behind < RunLength(SegmentAt(wave, i))) {
+            segment.EndDot = segment.RunStart + before + behind - 1;
+            MakeCustom(segment);
+        } else {
+            segment.EndDot = segment.RunStart + RunLength(SegmentAt(wave, i)) - 1;
+        }
+        kept.push_back(segment);
+    }
+    wave.Segments = std::move(kept);
+    wave.SegmentCount = static_cast<std::int32_t>(wave.Segments.size());
+}
+
+void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start) {
+    made.StartDot = start;
+    made.RunStart = start;
+    made.EndDot = start + made.DotCount - 1;
+    wave.Segments.resize(static_cast<std::size_t>(wave.SegmentCount));
+    wave.Segments.push_back(made);
+    ++wave.SegmentCount;
+}
+
+void TruncateSegments(std::vector<WaveSegment>& segments, std::int32_t& count, std::int32_t dots) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        WaveSegment& segment = segments[static_cast<std::size_t>(i)];
+        if (segment.EndDot < dots - 1) continue;
+        segment.EndDot = dots - 1;
+        MakeCustom(segment);
+        count = i + 1;
+        break;
+    }
+    segments.resize(static_cast<std::size_t>(count));
+}

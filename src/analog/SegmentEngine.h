@@ -1,0 +1,28 @@
+#pragma once
+// The one engine that keeps a document's segment list in step with its dots. Coverage of a
+// segment is RunStart..EndDot; before and after each call the segments cover 0..Dots-1 without
+// hole or overlap (the dots themselves are moved by the caller).
+#include "frame/records/AnalogWaveRecord.h"
+
+/// Sets SelFirstSegment and SelLastSegment from SelStart and SelEnd.
+void FindSelectionSegments(AnalogWaveRecord& wave);
+
+/// The selected run is about to be replaced by the `made.DotCount` dots of a generated wave. A
+/// free selection collapses into one custom segment, merged with custom neighbours; a picked
+/// segment takes the generator fields of `made`. Nothing happens without a selection.
+void ReplaceRunSegments(AnalogWaveRecord& wave, const WaveSegment& made);
+
+/// The selected run is about to be replaced by `dotCount` free-form dots. As above, and a picked
+/// segment becomes custom and merges with custom neighbours.
+void MarkRunCustom(AnalogWaveRecord& wave, std::int32_t dotCount);
+
+/// Dots first..last are about to be removed. Segments inside go, a shortened or split generated
+/// one becomes custom, later ones move down.
+void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
+
+/// Adds a segment behind the last one; its run begins at `start` and has `made.DotCount` dots.
+void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start);
+
+/// Cuts the list to `dots` dots: the segment that reaches past the end stops there and becomes
+/// custom, later ones go.
+void TruncateSegments(std::vector<WaveSegment>& segments, std::int32_t& count, std::int32_t dots);

@@ -1,0 +1,34 @@
+#include "app/StartProgram.h"
+
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/StatusText.h"
+#include "platform/Host.h"
+#include "ui/FlashFrm.h"
+#include "ui/Mainfrm.h"
+#include "ui/MainHost.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr int SplashPause = 100;  // milliseconds
+
+}  // namespace
+
+Mainfrm* StartProgram() {
+    FlashFrm splash;
+    splash.show();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    auto* window = new Mainfrm;
+    InitialiseGlobals();
+    InstallHost(*window);
+    UseEnglish = 1;
+    window->ApplyLanguage();
+    window->RefreshCommands();
+    ShowStatus(26);
+    TheHost().Wait(SplashPause);
+    splash.close();
+    window->show();
+    return window;
+}

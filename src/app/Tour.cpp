@@ -1,0 +1,2 @@
+#include "app/Tour.h"
+int RunTour(const QString&) { return 1; }

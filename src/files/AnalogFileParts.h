@@ -1,0 +1,31 @@
+#pragma once
+// What the text and the CSV format have in common: number fields, segment blocks, and the rules
+// that the numbers of a header must keep.
+#include "files/FileOptFuncCode.h"
+#include "files/NumberLines.h"
+
+#include <string>
+
+inline constexpr std::string_view LineEnd = "\r\n";
+
+/// Writes a blank in front of a number that is not negative, the number and a blank; returns the
+/// end. `to` has room for NumberWidth + 2 bytes.
+char* WriteField(char* to, double value);
+
+/// A line with one number as WriteField writes it.
+void AppendFieldLine(std::string& to, double value);
+
+/// Appends the sixteen lines of every segment.
+void AppendSegments(std::string& to, const AnalogWaveRecord& wave);
+
+/// True when counts and scales make sense and what is left of the file can hold `Dots` dots and
+/// `segmentCount` segments. Then holds MaxDots and Quantify to the limits, sets LastDot and makes
+/// room for the dots.
+bool PrepareContent(AnalogFileContent& content, std::int32_t segmentCount, const NumberLines& rest);
+
+/// Reads the segment blocks behind the dots. Segments of another writer that do not cover the
+/// dots are replaced by one custom segment. False for text that is no number.
+bool TakeSegments(NumberLines& in, std::int32_t count, AnalogFileContent& content);
+
+/// One custom segment over all dots; none when there are no dots.
+void CoverWithOneSegment(AnalogFileContent& content);

@@ -1,0 +1,77 @@
+#include "files/AnalogFileParts.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/Narrow.h"
+#include "frame/StringFunc.h"
+#include "kernel/wavecalc.h"
+#include "platform/Settings.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+// RDF format: the instrument's sample codes and nothing else, 16 bits each, low byte first, no
+// header. Code 0 is -1.0, code 16383 is 1.0. A file always has one of the instruments' lengths;
+// a shorter wave is spread over it, each of its codes held for several places.
+
+namespace {
+
+constexpr double FullCode = 16383.0;
+constexpr std::int32_t ShortLength = 4096, LongLength = 524288;  // codes
+
+std::int32_t CodeCount(std::int32_t dots) {
+    std::int32_t length = MaxWaveDots;
+    if (dots <= ShortLength)
+        length = ShortLength;
+    else if (dots <= LongLength)
+        length = LongLength;
+    // A document may hold more than the model now selected; codes are left out then.
+    return dots > MaxWaveDots ? MaxWaveDots : length;
+}
+
+std::uint16_t CodeOf(double y) {
+    return Narrow<std::uint16_t>(RoundToInt((std::clamp(y, -1.0, 1.0) + 1) / 2 * FullCode));
+}
+
+double SettingOr(std::string_view key, double fallback) {
+    const std::string text = GetSetting(ApplicationTitle, "Tidemark_Property", key, "");
+    return text.empty() ? fallback : TextToNumber(text).value_or(fallback);
+}
+
+}  // namespace
+
+std::string WriteAnalogRdf(const AnalogWaveRecord& wave) {
+    // A document without dots becomes a flat line of 0 V.
+    std::vector<std::uint16_t> codes(std::max(wave.Dots, 1), CodeOf(0.0));
+    for (std::int32_t i = 0; i < wave.Dots; ++i) codes[i] = CodeOf(wave.DotArray[i].Y);
+    const std::int32_t last = Narrow<std::int32_t>(std::ssize(codes)) - 1;
+    std::vector<std::uint16_t> spread(CodeCount(wave.Dots));
+    stoInitArbConstruct(spread.data(), codes.data(), last, 1, last,
+                        Narrow<std::int32_t>(std::ssize(spread)));
+    std::string bytes(2 * spread.size(), '\0');
+    for (std::size_t i = 0; i < spread.size(); ++i) {
+        bytes[2 * i] = static_cast<char>(spread[i] & 0xFF);
+        bytes[2 * i + 1] = static_cast<char>(spread[i] >> 8);
+    }
+    return bytes;
+}
+
+bool ReadAnalogRdf(std::string_view bytes, AnalogFileContent& content) {
+    const std::int64_t held = std::min<std::int64_t>(std::ssize(bytes) / 2, MaxWaveDots);
+    if (held == 0) return false;
+    content.Dots = Narrow<std::int32_t>(held);
+    content.MaxDots = std::max(content.Dots, MinWaveDots);
+    content.LastDot = content.Dots - 1;
+    content.Vpp = std::clamp(SettingOr("Ampltude", 2.0), MinVpp, MaxVpp);
+    content.Period = std::clamp(SettingOr("Period", 1e-5), MinPeriod, MaxPeriod);
+    content.Quantify = Narrow<std::int16_t>(RoundToInt(
+        std::clamp(SettingOr("Quanit", 12.0), double(MinQuantify), double(MaxQuantify))));
+    content.DotArray.assign(content.MaxDots, WaveDot{});
+    for (std::int32_t i = 0; i < content.Dots; ++i) {
+        const int low = static_cast<unsigned char>(bytes[2 * i]);
+        const int high = static_cast<unsigned char>(bytes[2 * i + 1]);
+        const double y = (high * 256 + low) / FullCode * 2 - 1;
+        content.DotArray[i] = {static_cast<double>(i), std::clamp(y, -1.0, 1.0)};
+    }
+    CoverWithOneSegment(content);
+    return true;
+}

@@ -1,0 +1,202 @@
+#include "files/FileOptFuncCode.h"
+
+#include "analog/AnalogDocument.h"
+#include "analog/DrawAnalogWave.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/Narrow.h"
+#include "platform/Host.h"
+#include "platform/SafeFile.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+namespace {
+
+struct FormatRow {
+    std::string_view Extension;
+    std::string (*Write)(const AnalogWaveRecord& wave);
+    bool (*Read)(std::string_view bytes, AnalogFileContent& content);
+};
+
+// In the order of AnalogFormat and of the dialogs' filter.
+constexpr FormatRow Formats[] = {
+    {".txt", WriteAnalogText, ReadAnalogText},
+    {".csv", WriteAnalogCsv, ReadAnalogCsv},
+    {".rdf", WriteAnalogRdf, ReadAnalogRdf},
+};
+constexpr std::string_view FilterEnglish =
+    "Text Files (.txt)|*.txt|Microsoft Excel Files (*.csv)|*.csv|Arb Waveform(*.rdf)|*.rdf";
+constexpr std::string_view FilterChinese =
+    "文本文件(.txt)|*.txt|Microsoft Excel 文件(*.csv)|*.csv|任意波形(*.rdf)|*.rdf";
+
+// Well above a million dots with a segment for each; a longer file is none of ours.
+constexpr std::size_t LargestFile = std::size_t{256} << 20;
+
+bool EndsWithLetters(std::string_view text, std::string_view lowerCase) {
+    if (text.size() < lowerCase.size()) return false;
+    return std::ranges::equal(
+        text.substr(text.size() - lowerCase.size()), lowerCase,
+        [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == b; });
+}
+
+const FormatRow& RowOf(AnalogFormat format) {
+    return Formats[static_cast<std::size_t>(format)];
+}
+
+void Complain(std::string_view english, std::string_view chinese, std::string_view reason = "") {
+    const std::string text = std::string(PickText(english, chinese)).append(reason);
+    TheHost().Ask(text, Buttons::Ok, MessageIcon::Exclamation);
+}
+
+// What stands behind the last separator; files come from systems with either.
+std::string NameOfPath(const std::string& path) {
+    return path.substr(path.find_last_of("\\/") + 1);  // npos + 1 is 0
+}
+
+std::string FolderOfPath(const std::string& path) {
+    return std::filesystem::path(path).parent_path().string();
+}
+
+void SetFile(AnalogWaveRecord& wave, const std::string& path) {
+    wave.FileName = path;
+    wave.FolderName = FolderOfPath(path);
+    wave.Name = NameOfPath(path);
+    wave.Saved = true;
+    wave.Modified = false;
+}
+
+bool SaveTo(std::int16_t index, const std::string& path) {
+    AnalogWaveRecord& wave = AnalogDocs[index];
+    const std::string bytes = RowOf(FormatOfName(path)).Write(wave);
+    if (const int error = WriteFileSafely(path, bytes)) {
+        Complain("The file could not be saved: ", "文件无法保存：", FileErrorText(error));
+        return false;
+    }
+    SetFile(wave, path);
+    TheHost().ShowTitle(index);
+    return true;
+}
+
+// A name with an extension that is none of ours would be read as text whatever the filter said.
+void CompleteName(std::string& path, std::int32_t filterIndex) {
+    for (const FormatRow& row : Formats)
+        if (EndsWithLetters(path, row.Extension)) return;
+    const bool known = filterIndex >= 0 && filterIndex < std::ssize(Formats);
+    path += Formats[known ? filterIndex : 0].Extension;
+}
+
+bool MayReplace(const AnalogWaveRecord& wave, const std::string& path) {
+    std::error_code error;
+    if (path == wave.FileName || !std::filesystem::exists(path, error)) return true;
+    return TheHost().Ask(PickText("This file is existed,overwrite?", "该文件已存在，是否覆盖？"),
+                         Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
+}
+
+// The file to save to; empty when the user changed his mind.
+std::string ChooseTarget(const AnalogWaveRecord& wave, std::string_view title) {
+    const FileChoice choice = {
+        .Title = std::string(title),
+        .Filter = std::string(PickText(FilterEnglish, FilterChinese)),
+        .Folder = wave.FolderName,
+        .Name = wave.Name,
+        .Save = true,
+        .FilterIndex = static_cast<std::int32_t>(FormatOfName(wave.FileName)),
+    };
+    std::string path = TheHost().ChooseFile(choice);
+    if (path.empty()) return path;
+    CompleteName(path, choice.FilterIndex);
+    return MayReplace(wave, path) ? path : std::string();
+}
+
+bool ChooseAndSave(std::int16_t index, std::string_view title) {
+    const std::string path = ChooseTarget(AnalogDocs[index], title);
+    return !path.empty() && SaveTo(index, path);
+}
+
+bool HasRoomForDocument() {
+    if (AnalogDocCount < MaxDocuments && FirstFreeAnalogSlot() >= 0) return true;
+    Complain("Exceed maximum file numbers limit", "波形文件数目达到上限");
+    return false;
+}
+
+bool ReadContent(const std::string& path, AnalogFileContent& content) {
+    std::string bytes;
+    if (const int error = ReadWholeFile(path, LargestFile, bytes)) {
+        Complain("The file could not be opened: ", "文件无法打开：", FileErrorText(error));
+        return false;
+    }
+    if (RowOf(FormatOfName(path)).Read(bytes, content)) return true;
+    Complain("The file format is invalid！", "文件格式不正确！");
+    return false;
+}
+
+void FillRecord(AnalogWaveRecord& wave, AnalogFileContent content) {
+    AllocateDots(wave, content.MaxDots);
+    wave.DotArray = std::move(content.DotArray);
+    wave.Dots = content.Dots;
+    wave.LastDot = content.LastDot;
+    wave.SegmentCount = Narrow<std::int32_t>(std::ssize(content.Segments));
+    wave.Segments = std::move(content.Segments);
+    wave.Vpp = content.Vpp;
+    wave.Period = content.Period;
+    wave.Quantify = content.Quantify;
+}
+
+}  // namespace
+
+bool SaveAnalog(std::int16_t index) {
+    const AnalogWaveRecord& wave = AnalogDocs[index];
+    if (!wave.FileName.empty()) return SaveTo(index, wave.FileName);
+    return ChooseAndSave(index, PickText("Save File", "保存文件"));
+}
+
+bool SaveAnalogAs(std::int16_t index) {
+    return ChooseAndSave(index, PickText("Save as file！", "另存为！"));
+}
+
+bool SaveAllAnalog() {
+    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot) {
+        const bool wanted = AnalogInUse[slot] && AnalogDocs[slot].Modified;
+        if (wanted && !SaveAnalog(slot)) return false;
+    }
+    return true;
+}
+
+void OpenAnalog() {
+    if (!HasRoomForDocument()) return;
+    FileChoice choice;
+    choice.Title = PickText("Open File", "打开文件");
+    choice.Filter = PickText(FilterEnglish, FilterChinese);
+    const std::string path = TheHost().ChooseFile(choice);
+    if (!path.empty()) OpenAnalogFile(path);
+}
+
+bool OpenAnalogFile(const std::string& path) {
+    AnalogFileContent content;
+    if (!HasRoomForDocument() || !ReadContent(path, content)) return false;
+
+    const std::int16_t formerIndex = ActiveAnalogIndex;
+    const std::int16_t slot = FirstFreeAnalogSlot();
+    AnalogWaveRecord& wave = AnalogDocs[slot];
+    ActiveAnalogIndex = slot;
+    FillRecord(wave, std::move(content));
+    if (!CreateAnalogDocument()) {
+        wave = AnalogWaveRecord();
+        ActiveAnalogIndex = formerIndex;
+        return false;
+    }
+    SetFile(wave, path);
+    ShowWholeWave(wave);
+    RepaintAnalog(slot, true);
+    TheHost().ShowTitle(slot);
+    TheHost().RefreshCommands();
+    return true;
+}
+
+AnalogFormat FormatOfName(std::string_view path) {
+    if (EndsWithLetters(path, "csv")) return AnalogFormat::Csv;
+    if (EndsWithLetters(path, "rdf")) return AnalogFormat::Rdf;
+    return AnalogFormat::Text;
+}

@@ -1,0 +1,42 @@
+#pragma once
+// Analog documents to and from files: text (everything, exact), CSV (everything, volts to three
+// digits) and RDF (the instrument's 14-bit codes only). A save writes a temporary file beside the
+// target and renames it; a reader checks everything before a document is made.
+#include "frame/records/AnalogWaveRecord.h"
+
+#include <string>
+#include <string_view>
+
+/// Save: to the document's file, or asks for one. False when nothing was written.
+bool SaveAnalog(std::int16_t index);
+/// Save As: always asks for the file.
+bool SaveAnalogAs(std::int16_t index);
+/// Saves every modified document; stops at the first that was not saved.
+bool SaveAllAnalog();
+/// Open: asks for a file and makes a document of it.
+void OpenAnalog();
+/// Makes a document of a file; false with a message, and no document, when it cannot be read.
+bool OpenAnalogFile(const std::string& path);
+
+// The formats on memory, for files and tests.
+enum class AnalogFormat { Text, Csv, Rdf };
+/// By the last three letters of the name, in any case; text for others.
+AnalogFormat FormatOfName(std::string_view path);
+
+std::string WriteAnalogText(const AnalogWaveRecord& wave);
+std::string WriteAnalogCsv(const AnalogWaveRecord& wave);
+std::string WriteAnalogRdf(const AnalogWaveRecord& wave);
+
+/// What a reader found; moved into the record of a new slot.
+struct AnalogFileContent {
+    std::int32_t MaxDots = 0, Dots = 0, LastDot = 0;
+    double Vpp = 0.0, Period = 0.0;
+    std::int16_t Quantify = 0;
+    std::vector<WaveDot> DotArray;  // size MaxDots
+    std::vector<WaveSegment> Segments;
+};
+/// False when the bytes are not of the format, or counts and values contradict each other or the
+/// limits; `content` is then undefined.
+bool ReadAnalogText(std::string_view bytes, AnalogFileContent& content);
+bool ReadAnalogCsv(std::string_view bytes, AnalogFileContent& content);
+bool ReadAnalogRdf(std::string_view bytes, AnalogFileContent& content);

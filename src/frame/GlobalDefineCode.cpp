@@ -1,0 +1,68 @@
+#include "frame/GlobalDefineCode.h"
+
+std::uint8_t InstrumentModel = 0;
+Flag ModelVariant;
+std::int32_t MaxWaveDots = 0, MinWaveDots = 0;
+double MaxVpp = 0.0, MinVpp = 0.0;
+double MaxPeriod = 0.0, MinPeriod = 0.0;
+double MaxFrequency = 0.0, MinFrequency = 0.0;
+std::int16_t MaxQuantify = 0, MinQuantify = 0;
+
+std::array<AnalogWaveRecord, MaxDocuments + 1> AnalogDocs;
+std::array<Flag, MaxDocuments + 1> AnalogInUse;
+std::int16_t AnalogDocCount = 0;
+std::int16_t ActiveAnalogIndex = 0;
+std::int16_t DigitDocCount = 0;
+std::int16_t ActiveDigitIndex = 0;
+Flag ActiveIsDigital;
+
+Flag PropertyConfirmed;
+Flag PropertyEditMode;
+Flag DocReady;
+Flag DocBuilding;
+std::int16_t PreviousActiveDoc = 0;
+
+std::int32_t ClipDotCount = 0;
+std::vector<double> ClipValues;
+Flag ClipAvailable;
+
+namespace {
+
+struct ModelLimits {
+    std::int32_t MaxDots;
+    double MinVpp;     // volts
+    double MinPeriod;  // seconds
+};
+
+constexpr ModelLimits Models[] = {
+    {4096, 0.004, 2e-07},                       // KT1100
+    {524288, 0.04, 8.33333333333333e-08},       // KT2200
+    {1048576, 0.02, 4e-08},                     // KT3300
+};
+constexpr double VariantMinPeriod = 2.5e-07;  // early KT1100: 4 MHz in place of 5 MHz
+
+}  // namespace
+
+void SetInstrumentLimits() {
+    const ModelLimits& model = Models[InstrumentModel < 3 ? InstrumentModel : 0];
+    MaxWaveDots = model.MaxDots;
+    MinWaveDots = 8;
+    MaxVpp = 20.0;
+    MinVpp = model.MinVpp;
+    MaxPeriod = 1000000.0;
+    MinPeriod = InstrumentModel == 0 && ModelVariant ? VariantMinPeriod : model.MinPeriod;
+    MaxFrequency = 1.0 / MinPeriod;
+    MinFrequency = 1.0 / MaxPeriod;
+    MaxQuantify = 32;
+    MinQuantify = 2;
+}
+
+void InitialiseGlobals() {
+    SetInstrumentLimits();
+    ActiveIsDigital = false;
+    PropertyConfirmed = false;
+}
+
+AnalogWaveRecord& ActiveAnalog() {
+    return AnalogDocs[static_cast<std::size_t>(ActiveAnalogIndex)];
+}

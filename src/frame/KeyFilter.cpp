@@ -1,0 +1,24 @@
+#include "frame/KeyFilter.h"
+
+#include <algorithm>
+
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool IsHexDigit(char c) {
+    return IsDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+}
+
+}  // namespace
+
+bool AcceptsText(KeyKind kind, std::string_view text) {
+    if (kind == KeyKind::Hex) return std::ranges::all_of(text, IsHexDigit);
+    const bool isSigned = kind == KeyKind::SignedWhole || kind == KeyKind::SignedReal;
+    if (isSigned && text.starts_with('-')) text.remove_prefix(1);
+    const std::ptrdiff_t pointsAllowed = kind == KeyKind::Real || kind == KeyKind::SignedReal;
+    return std::ranges::count(text, '.') <= pointsAllowed &&
+           std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.'; });
+}

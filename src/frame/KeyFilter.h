@@ -1,0 +1,17 @@
+#pragma once
+// What may be typed into a number box. The boxes try the text that a key would give and drop the
+// key when it is refused.
+#include <cstdint>
+#include <string_view>
+
+enum class KeyKind : std::uint8_t {
+    Whole,        // digits
+    SignedWhole,  // digits behind at most one "-"
+    Real,         // digits and at most one point
+    SignedReal,   // the same behind at most one "-"
+    Hex,          // 0-9, A-F, a-f
+};
+
+/// True for a complete or half-typed number of the kind; "", "-", "." and "-." pass where their
+/// signs do. No blanks, no exponent.
+bool AcceptsText(KeyKind kind, std::string_view text);

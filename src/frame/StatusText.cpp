@@ -1,0 +1,33 @@
+#include "frame/StatusText.h"
+
+#include "frame/LoadLanguageCode.h"
+#include "platform/Host.h"
+
+#include <string_view>
+
+namespace {
+
+struct StatusRow {
+    std::int32_t Code;
+    std::string_view Label;
+};
+
+constexpr StatusRow StatusRows[] = {
+    {4, "lblEditDotMessage"},     {5, "lbLineDrawEnterMessage"}, {6, "lblSelectDataMessage"},
+    {7, "lbLineDrawEnterMessage"}, {8, "lblSelectDataMessage"},  {9, "lblIdleMessage"},
+    {10, "lblIdleMessage"},       {11, "lblZoomHMessage"},       {12, "lblZoomVMessage"},
+    {13, "lblZoomHVMessage"},     {14, "lblZoomCenterMessage"},  {26, "lblIdleMessage"},
+    {50, "lblDigitIdleMessage"},  {51, "lblFind_Edit_Message"},
+};
+
+std::int32_t lastCode = 26;
+
+}  // namespace
+
+void ShowStatus(std::int32_t code) {
+    lastCode = code;
+    for (const StatusRow& row : StatusRows)
+        if (row.Code == code) TheHost().ShowStatusText(row.Label, ResText(code));
+}
+
+void ShowStatusAgain() { ShowStatus(lastCode); }

@@ -1,0 +1,269 @@
+#include "frame/commands/CommandTable.h"
+
+#include "analog/AnalogDocument.h"
+#include "analog/DrawAnalogWave.h"
+#include "analog/EditFuncBox.h"
+#include "files/FileOptFuncCode.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/StatusText.h"
+#include "platform/Host.h"
+
+#include <string_view>
+#include <unordered_map>
+
+namespace {
+
+bool dotCommandsOn = false;  // kept with exactly one dot, see RefreshDotCommands
+
+// --- when a command is open ---------------------------------------------------------------
+
+bool HasAnalog() { return AnalogDocCount > 0 && !ActiveIsDigital; }
+bool HasNoDigital() { return !ActiveIsDigital; }
+bool CanUndo() { return HasAnalog() && ActiveAnalog().UndoAvailable; }
+bool CanResume() { return HasAnalog() && ActiveAnalog().ResumeAvailable; }
+bool HasSelectedDots() {
+    return HasAnalog() && dotCommandsOn && ActiveAnalog().HasSelection && ActiveAnalog().Dots > 0;
+}
+bool CanPaste() { return HasAnalog() && ClipDotCount != 0; }
+bool HasDots() { return HasAnalog() && ActiveAnalog().Dots > 0; }
+bool HasRoom() { return ActiveAnalog().HasSelection || !DotsFull(ActiveAnalog()); }
+bool CanInsert() { return HasAnalog() && HasRoom(); }
+// The wave buttons stay open without a document: they tell the user to make one.
+bool CanPickWave() { return HasNoDigital() && (AnalogDocCount == 0 || HasRoom()); }
+
+// --- when a switch is on ------------------------------------------------------------------
+
+template <Flag AnalogWaveRecord::* Field>
+bool IsOn() {
+    return HasAnalog() && ActiveAnalog().*Field;
+}
+bool SpeaksEnglish() { return UseEnglish == 1; }
+bool SpeaksChinese() { return UseEnglish == 0; }
+
+// --- what a command does ------------------------------------------------------------------
+
+template <void (*Routine)()>
+void Run(std::int16_t) {
+    Routine();
+}
+
+template <Flag AnalogWaveRecord::* Field>
+void Toggle(std::int16_t) {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    wave.*Field = !(wave.*Field);
+    TheHost().RefreshCommands();
+    RepaintAnalog(ActiveAnalogIndex, true);
+}
+
+void Save(std::int16_t) { SaveAnalog(ActiveAnalogIndex); }
+void SaveAs(std::int16_t) { SaveAnalogAs(ActiveAnalogIndex); }
+void SaveAll(std::int16_t) { SaveAllAnalog(); }
+void Exit(std::int16_t) { TheHost().CloseMainWindow(); }
+
+void EditProperty(std::int16_t) {
+    PropertyEditMode = true;
+    TheHost().RunDialog("PropertyFrm", 0);
+}
+
+void InsertWave(std::int16_t kind) {
+    if (AnalogDocCount == 0) {
+        TheHost().Ask(ResText(26), Buttons::Ok, MessageIcon::Information);
+        return;
+    }
+    TheHost().RunDialog("StandardWaveFrm", kind);
+}
+
+void ChangeLanguage(std::int16_t english) {
+    UseEnglish = english;
+    TheHost().ApplyLanguage();
+    ShowStatusAgain();
+    SaveLanguage();
+    TheHost().RefreshCommands();
+}
+
+constexpr CommandRow Rows[] = {
+    // File
+    {"NewAnaWaveAresBtn", {"MnuFile_New_Analog", "MnuFileAnalog_New"}, "NewAnaWave", "Ctrl+N",
+     Run<NewAnalogDocument>, nullptr, nullptr, nullptr},
+    {"NewDigitWaveAresBtn", {"MnuFile_New_Digit"}, "NewDigitWave", "Ctrl+Shift+N",
+     nullptr, nullptr, nullptr, nullptr},
+    {"OpenAresBtn", {"MnuFile_Open_Analog"}, "Open", "Ctrl+O",
+     Run<OpenAnalog>, nullptr, nullptr, nullptr},
+    {"OpenDigitAresBtn", {"MnuFile_Open_Digit"}, "OpenDigit", "Ctrl+Shift+O",
+     nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuFile_ImportWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"SaveAresBtn", {"MnuFile_Save"}, "Save", "Ctrl+S", Save, nullptr, HasAnalog, nullptr},
+    {"", {"MnuFile_SaveAs"}, "", "Ctrl+Shift+S", SaveAs, nullptr, HasAnalog, nullptr},
+    {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasAnalog, nullptr},
+    {"", {"MnuFile_PrinterSetup"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"PrintAresBtn", {"MnuFile_PrintView"}, "Print", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuFile_Print"}, "", "Ctrl+P", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuFile_Exit", "MnuMin_Exit"}, "", "Ctrl+Q", Exit, nullptr, nullptr, nullptr},
+    // Edit
+    {"UndoAresBtn", {"MnuEdit_Undo", "MnuIdle_Undo"}, "Undo", "Ctrl+Z",
+     Run<UndoAnalog>, nullptr, CanUndo, nullptr},
+    {"ResumeAresBtn", {"MnuEdit_Resume", "MnuIdle_Resume"}, "Resume", "Ctrl+Y",
+     Run<ResumeAnalog>, nullptr, CanResume, nullptr},
+    {"CutAresBtn", {"MnuEdit_Cut", "MnuSelect_Cut"}, "Cut", "Ctrl+X",
+     Run<CutAnalog>, nullptr, HasSelectedDots, nullptr},
+    {"CopyAresBtn", {"MnuEdit_Copy", "MnuSelect_Copy"}, "Copy", "Ctrl+C",
+     Run<CopyAnalog>, nullptr, HasSelectedDots, nullptr},
+    {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste"}, "Paste", "Ctrl+V",
+     Run<PasteAnalog>, nullptr, CanPaste, nullptr},
+    {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete"}, "Delete", "Del",
+     Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
+    {"", {"MnuEdit_SelAll", "MnuIdle_SelAll"}, "", "Ctrl+A",
+     Run<SelectAllAnalog>, nullptr, HasDots, nullptr},
+    {"SelectAresBtn", {"MnuEdit_SelectMode"}, "Select", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::SelectMode>},
+    // Draw
+    {"HandDrawAresBtn", {"MnuDraw_HandDraw", "MnuIdle_Handdraw"}, "HandDraw", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::HandDrawOn>},
+    {"LineDrawAresBtn", {"MnuDraw_LineDraw", "MnuIdle_LineDraw"}, "LineDraw", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::LineDrawOn>},
+    {"EditPointAresBtn", {"MnuDraw_PointEdit", "MnuIdle_pointEdit"}, "EditPoint", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::PointEditOn>},
+    {"", {"MnuDraw_InsertStandardWave", "MnuIdle_Insert", "MnuSelect_Insert"},
+     "InsertStandardWave", "Ctrl+I", InsertWave, nullptr, CanInsert, nullptr, -1},
+    {"WaveAresBtn0", {}, "Wave0", "", InsertWave, nullptr, CanPickWave, nullptr, 0},
+    {"WaveAresBtn1", {}, "Wave1", "", InsertWave, nullptr, CanPickWave, nullptr, 1},
+    {"WaveAresBtn2", {}, "Wave2", "", InsertWave, nullptr, CanPickWave, nullptr, 2},
+    {"WaveAresBtn3", {}, "Wave3", "", InsertWave, nullptr, CanPickWave, nullptr, 3},
+    {"WaveAresBtn4", {}, "Wave4", "", InsertWave, nullptr, CanPickWave, nullptr, 4},
+    {"WaveAresBtn5", {}, "Wave5", "", InsertWave, nullptr, CanPickWave, nullptr, 5},
+    {"WaveAresBtn6", {}, "Wave6", "", InsertWave, nullptr, CanPickWave, nullptr, 6},
+    {"WaveAresBtn7", {}, "Wave7", "", InsertWave, nullptr, CanPickWave, nullptr, 7},
+    {"WaveAresBtn8", {}, "Wave8", "", InsertWave, nullptr, CanPickWave, nullptr, 8},
+    {"", {"MnuDraw_InsertMathWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuDraw_InsertfromFile"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuDraw_InsertFromClipBoard"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuDraw_FunctionEdit"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"MarkAresBtn", {"MNuDraw_AreaLimit"}, "Mark", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::RegionLimitOn>},
+    {"MarkXAresBtn", {"MnuDraw_XLimit"}, "MarkX", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::XLimitOn>},
+    {"MarkYAresBtn", {"MnuDraw_YLimit"}, "MarkY", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::YLimitOn>},
+    {"MarkFixAresBtn", {"MnuDraw_FixupLimit"}, "MarkFix", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::LimitFixed>},
+    // View
+    {"GridAresBtn", {"MnuView_Grid"}, "Grid", "Ctrl+G", Toggle<&AnalogWaveRecord::GridOn>, nullptr,
+     HasAnalog, IsOn<&AnalogWaveRecord::GridOn>},
+    {"CursorTrackAresBtn", {"MnuView_CurSorTrack"}, "CursorTrack", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::CursorTrackOn>},
+    {"", {"MnuView_DotLink"}, "DotLink", "Ctrl+L", Toggle<&AnalogWaveRecord::DotLinkOn>, nullptr,
+     HasAnalog, IsOn<&AnalogWaveRecord::DotLinkOn>},
+    {"", {"MnuView_SegmentMark"}, "SegmentMark", "Ctrl+M",
+     Toggle<&AnalogWaveRecord::SegmentMarkOn>, nullptr, HasAnalog,
+     IsOn<&AnalogWaveRecord::SegmentMarkOn>},
+    {"ExpandsuitAresBtn", {"MnuView_ZoomOutFit"}, "Expandsuit", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ExpandToSuit>},
+    {"ZoomXAresBtn", {"MnuView_ZoomX"}, "ZoomX", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomXMode>},
+    {"ZoomYAresBtn", {"MnuView_ZoomY"}, "ZoomY", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomYMode>},
+    {"ZoomRegionAresBtn", {"MnuView_ZoomW"}, "ZoomRegion", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomRegionMode>},
+    {"ZoomOutCenterAresBtn", {"MnuView_ZoomOutCenter"}, "ZoomOutCenter", "",
+     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomCenterMode>},
+    {"ZoomNotAresBtn", {"MnuView_ZoomDisable"}, "ZoomNot", "",
+     nullptr, nullptr, nullptr, nullptr},
+    {"ZoomUndoAresBtn", {"MnuView_ZoomUndo"}, "ZoomUndo", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuView_ShowTime"}, "ShowTime", "Ctrl+T", Toggle<&AnalogWaveRecord::TimeAxisOn>,
+     nullptr, HasAnalog, IsOn<&AnalogWaveRecord::TimeAxisOn>},
+    {"", {"MnuView_SetWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuView_SetGrid"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    // Rework
+    {"", {"MnuRework_property"}, "Property", "Alt+Return", EditProperty, nullptr, HasAnalog,
+     nullptr},
+    {"", {"MnuRework_Resize", "MnuSelect_Resize"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuRework_Invert", "MnuSelect_Invert"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuRework_Mirror", "MnuSelect_Mirror"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    // Math
+    {"", {"MnuMath_WaveMath", "MnuSelect_Wavemath"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_WinMath"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_MathCut", "MnuSelect_MathCut"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_ABS", "MnuSelect_Abs"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Mod"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Filter_LowPass"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Filter_Smooth", "Mnuselect_Smooth"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Win_ExtendCos"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Win_Raisedcos"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Win_Hamming"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    // Tool
+    {"", {"MnuTool_InstrumenuSel"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"ConnectAresBtn", {"MnuTool_Connect"}, "Connect", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuTool_Disconnect"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"TransAresBtn", {"MnuTool_Send"}, "Trans", "", nullptr, nullptr, nullptr, nullptr},
+    {"LoadAresBtn", {"MnuTool_Load"}, "Load", "", nullptr, nullptr, nullptr, nullptr},
+    {"LoadDigitAresBtn", {}, "LoadDigit", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuTool_Com"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    // Digital
+    {"ZoomInAresBtn", {}, "ZoomIn", "", nullptr, nullptr, nullptr, nullptr},
+    {"ZoomOutAresBtn", {}, "ZoomOut", "", nullptr, nullptr, nullptr, nullptr},
+    {"FindAresBtn", {}, "Find", "", nullptr, nullptr, nullptr, nullptr},
+    {"InsertNodeAresBtn", {}, "InsertNode", "", nullptr, nullptr, nullptr, nullptr},
+    {"SortAresBtn", {}, "Sort", "", nullptr, nullptr, nullptr, nullptr},
+    {"SortDescendAresBtn", {}, "SortDescend", "", nullptr, nullptr, nullptr, nullptr},
+    {"ExpandAllAresBtn", {}, "ExpandAll", "", nullptr, nullptr, nullptr, nullptr},
+    {"CloseAllAresBtn", {}, "CloseAll", "", nullptr, nullptr, nullptr, nullptr},
+    {"BranchToBusAresBtn", {}, "BranchToBus", "", nullptr, nullptr, nullptr, nullptr},
+    {"BusToBranchAresBtn", {}, "BusToBranch", "", nullptr, nullptr, nullptr, nullptr},
+    // Window, help, tray
+    {"", {"Mnuwin_Cascade"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"Mnuwin_Horizon"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"Mnuwin_Vertical"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"Mnuwin_Arrayicons"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"HelpAresBtn", {"MnuHelp_Help"}, "Help", "F1", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuHelp_About", "MnuMin_About"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuHelp_Lang_En"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksEnglish, 1},
+    {"", {"MnuHelp_Lang_Ch"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksChinese, 0},
+    {"", {"MnuMin_Show", "MnuMin_ShowEditor"}, "", "", nullptr, nullptr, nullptr, nullptr},
+};
+
+using NameIndex = std::unordered_map<std::string_view, const CommandRow*>;
+
+NameIndex IndexNames() {
+    NameIndex index;
+    for (const CommandRow& row : Rows) {
+        if (!row.Button.empty()) index.emplace(row.Button, &row);
+        for (const std::string_view menu : row.Menus)
+            if (!menu.empty()) index.emplace(menu, &row);
+    }
+    return index;
+}
+
+}  // namespace
+
+std::span<const CommandRow> Commands() { return Rows; }
+
+const CommandRow* FindCommand(std::string_view name) {
+    static const NameIndex index = IndexNames();
+    const auto found = index.find(name);
+    return found == index.end() ? nullptr : found->second;
+}
+
+CommandState StateOf(const CommandRow& row) {
+    const auto routine = ActiveIsDigital && row.Digital ? row.Digital : row.Analog;
+    return {.Enabled = routine != nullptr && (row.Enabled == nullptr || row.Enabled()),
+            .Checked = row.Checked != nullptr && row.Checked()};
+}
+
+void RunCommand(const CommandRow& row) {
+    ActiveDocumentIndex();
+    RefreshDotCommands();
+    if (!StateOf(row).Enabled) return;
+    const auto routine = ActiveIsDigital && row.Digital ? row.Digital : row.Analog;
+    routine(row.Argument);
+}
+
+void RunCommand(std::string_view name) {
+    if (const CommandRow* row = FindCommand(name)) RunCommand(*row);
+}
+
+void RefreshDotCommands() {
+    const std::int32_t dots = HasAnalog() ? ActiveAnalog().Dots : 0;
+    if (dots > 1) dotCommandsOn = true;
+    if (dots < 1) dotCommandsOn = false;
+}

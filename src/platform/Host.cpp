@@ -1,0 +1,21 @@
+#include "platform/Host.h"
+
+Host& TheHost() {
+    static Host host = {
+        .Ask = [](std::string_view, Buttons, MessageIcon) { return Answer::Cancel; },
+        .ChooseFile = [](const FileChoice&) { return std::string(); },
+        .RunDialog = [](std::string_view, std::int16_t) { return false; },
+        .OpenAnalogWindow = [](std::int16_t) {},
+        .CloseAnalogWindow = [](std::int16_t) {},
+        .ActiveWindowTag = [] { return std::int16_t{-1}; },
+        .ShowPlot = [](std::int16_t) {},
+        .ShowTitle = [](std::int16_t) {},
+        .RefreshCommands = [] {},
+        .ApplyLanguage = [] {},
+        .ShowStatusText = [](std::string_view, std::string_view) {},
+        .ShowProgress = [](std::int64_t, std::int64_t) {},
+        .Wait = [](std::int32_t) {},
+        .CloseMainWindow = [] {},
+    };
+    return host;
+}

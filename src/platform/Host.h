@@ -1,0 +1,58 @@
+#pragma once
+// What procedures may ask of the program around them. Start-up installs the windows' side, tests
+// install a scripted one; no module opens a box, a dialog or a wait on its own.
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+enum class Answer { Ok, Yes, No, Cancel };
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class MessageIcon { Information, Exclamation, Question };
+
+struct FileChoice {
+    std::string Title;
+    std::string Filter;  // "Text Files (.txt)|*.txt|..." pairs of caption and pattern
+    std::string Folder;  // where the dialog opens; empty: the last one
+    std::string Name;    // proposed name, save only
+    bool Save = false;
+    // Filter of the dialog, from 0: preselected by the caller, left as the user last chose it.
+    mutable std::int32_t FilterIndex = 0;
+};
+
+struct Host {
+    /// Shows a message box and returns the button pressed; closing the box is Cancel (Ok where
+    /// that is the only button, No where there is no Cancel).
+    std::function<Answer(std::string_view text, Buttons, MessageIcon)> Ask;
+    /// Lets the user pick a file; empty when cancelled. Overwriting is asked by the caller.
+    std::function<std::string(const FileChoice&)> ChooseFile;
+    /// Runs the named dialog modally; true when it was confirmed. The argument means what the
+    /// dialog says, such as the wave type that is preselected.
+    std::function<bool(std::string_view window, std::int16_t argument)> RunDialog;
+    /// Makes (or reuses) and shows the window of an analog slot and gives the record's surfaces
+    /// their size through `LayoutAnalogWindow`.
+    std::function<void(std::int16_t slot)> OpenAnalogWindow;
+    std::function<void(std::int16_t slot)> CloseAnalogWindow;
+    /// The tag of the active child window: an analog slot 0..9, a digital slot plus 10; -1: none.
+    std::function<std::int16_t()> ActiveWindowTag;
+    /// Brings the picture of an analog slot from its surfaces to the screen.
+    std::function<void(std::int16_t slot)> ShowPlot;
+    /// Shows captions (name, modified mark) of an analog slot's window anew.
+    std::function<void(std::int16_t slot)> ShowTitle;
+    /// Sets enabled and checked states of all commands from the records.
+    std::function<void()> RefreshCommands;
+    /// Applies every window text in the current language.
+    std::function<void()> ApplyLanguage;
+    /// Puts a text into a label of the status strip and shows its panel.
+    std::function<void(std::string_view label, std::string_view text)> ShowStatusText;
+    /// Progress of long work, 0..total; total 0 ends it.
+    std::function<void(std::int64_t done, std::int64_t total)> ShowProgress;
+    /// Waits, letting windows repaint but taking no input.
+    std::function<void(std::int32_t milliseconds)> Wait;
+    /// Ends the program by closing the main window.
+    std::function<void()> CloseMainWindow;
+};
+
+/// The installed table; every entry does nothing (answers Cancel, empty, false) until start-up
+/// or a test sets it.
+Host& TheHost();

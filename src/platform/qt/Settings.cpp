@@ -1,0 +1,43 @@
+#include "platform/Settings.h"
+
+#include <QSettings>
+#include <memory>
+
+namespace {
+
+std::string storePath;
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// One file for each application in the user's configuration folder, or the one given store with
+// the application as a group above the sections.
+std::unique_ptr<QSettings> OpenStore(std::string_view application) {
+    if (storePath.empty())
+        return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                           QStringLiteral("TideMark"), Text(application));
+    auto store =
+        std::make_unique<QSettings>(QString::fromStdString(storePath), QSettings::IniFormat);
+    store->beginGroup(Text(application));
+    return store;
+}
+
+QString PathOf(std::string_view section, std::string_view key) {
+    return Text(section) + QLatin1Char('/') + Text(key);
+}
+
+}  // namespace
+
+void UseSettingsStore(const std::string& path) { storePath = path; }
+
+std::string GetSetting(std::string_view application, std::string_view section, std::string_view key,
+                       std::string_view fallback) {
+    const QVariant value = OpenStore(application)->value(PathOf(section, key));
+    return value.isValid() ? value.toString().toStdString() : std::string(fallback);
+}
+
+void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
+                 std::string_view value) {
+    OpenStore(application)->setValue(PathOf(section, key), Text(value));
+}

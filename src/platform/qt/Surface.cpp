@@ -1,0 +1,222 @@
+#include "platform/Surface.h"
+
+#include "platform/qt/SurfaceImage.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+// The image is RGB32, the format in which not-exclusive-or drawing undoes itself exactly. Single
+// pixels and column runs write the rows directly; everything else goes through QPainter with pens
+// of width 1, the only ones that are fast.
+struct SurfaceData {
+    QImage Image;
+    double Scale = 1.0;
+    DrawMode Mode = DrawMode::Copy;
+    std::vector<QPoint> Points;  // reused by Polyline
+};
+
+namespace {
+
+constexpr QRgb Opaque = 0xFF000000U;
+
+QRgb* RowOf(SurfaceData& data, std::int32_t y) {
+    return reinterpret_cast<QRgb*>(data.Image.scanLine(y));
+}
+
+void UseMode(QPainter& painter, const SurfaceData& data) {
+    if (data.Mode == DrawMode::NotXor)
+        painter.setCompositionMode(QPainter::RasterOp_NotSourceXorDestination);
+}
+
+QFont TextFont(const SurfaceData& data, double size) {
+    QFont font;
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(size * data.Scale))));
+    return font;
+}
+
+// Mixes `colour` into `under` by `weight` in 0..256, channel by channel.
+QRgb Blend(QRgb under, QRgb colour, std::uint32_t weight) {
+    const std::uint32_t rest = 256 - weight;
+    const std::uint32_t redBlue =
+        ((under & 0xFF00FFU) * rest + (colour & 0xFF00FFU) * weight) >> 8 & 0xFF00FFU;
+    const std::uint32_t green =
+        ((under & 0x00FF00U) * rest + (colour & 0x00FF00U) * weight) >> 8 & 0x00FF00U;
+    return Opaque | redBlue | green;
+}
+
+// A run covers whole rows first..last and parts of the rows above and below, weights in 0..256.
+struct RowCover {
+    std::int32_t First, Last;
+    std::uint32_t Above, Below;
+};
+
+RowCover CoverRows(ColumnRun run, std::int32_t height) {
+    const float top = std::max(run.Top, 0.0F);
+    const float bottom = std::min(run.Bottom, static_cast<float>(height));
+    RowCover cover{0, -1, 0, 0};
+    if (!(top < bottom)) return cover;
+    cover.First = static_cast<std::int32_t>(std::ceil(top));
+    cover.Last = static_cast<std::int32_t>(std::floor(bottom)) - 1;
+    if (cover.Last < cover.First - 1) {  // inside a single row
+        cover.Above = static_cast<std::uint32_t>((bottom - top) * 256.0F);
+        return cover;
+    }
+    cover.Above = static_cast<std::uint32_t>((static_cast<float>(cover.First) - top) * 256.0F);
+    cover.Below = static_cast<std::uint32_t>((bottom - static_cast<float>(cover.Last + 1)) * 256.0F);
+    return cover;
+}
+
+}  // namespace
+
+const QImage& ImageOf(const Surface& surface) {
+    static const QImage none;
+    return surface.IsNull() ? none : surface.Data()->Image;
+}
+
+Surface::Surface() = default;
+Surface::~Surface() = default;
+Surface::Surface(Surface&&) noexcept = default;
+Surface& Surface::operator=(Surface&&) noexcept = default;
+
+bool Surface::Create(std::int32_t width, std::int32_t height, double scale) {
+    data_.reset();
+    if (width <= 0 || height <= 0) return false;
+    QImage image(width, height, QImage::Format_RGB32);
+    if (image.isNull()) return false;
+    image.fill(Opaque);
+    data_ = std::make_unique<SurfaceData>();
+    data_->Image = std::move(image);
+    data_->Scale = scale;
+    return true;
+}
+
+void Surface::Free() { data_.reset(); }
+std::int32_t Surface::Width() const { return data_ ? data_->Image.width() : 0; }
+std::int32_t Surface::Height() const { return data_ ? data_->Image.height() : 0; }
+double Surface::Scale() const { return data_ ? data_->Scale : 1.0; }
+
+void Surface::Fill(Colour colour) {
+    if (data_) data_->Image.fill(Opaque | colour);
+}
+
+void Surface::CopyFrom(const Surface& source, std::int32_t x, std::int32_t y) {
+    if (!data_ || source.IsNull()) return;
+    const QImage& from = source.data_->Image;
+    const std::int32_t left = std::max(0, -x);
+    const std::int32_t count = std::min(from.width(), Width() - x) - left;
+    if (count <= 0) return;
+    for (std::int32_t row = std::max(0, -y); row < from.height() && row + y < Height(); ++row) {
+        const QRgb* line = reinterpret_cast<const QRgb*>(from.constScanLine(row)) + left;
+        std::copy_n(line, count, RowOf(*data_, row + y) + x + left);
+    }
+}
+
+void Surface::SetMode(DrawMode mode) {
+    if (data_) data_->Mode = mode;
+}
+
+void Surface::Line(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
+                   Colour colour, bool dashed) {
+    if (!data_) return;
+    QPainter painter(&data_->Image);
+    UseMode(painter, *data_);
+    QPen pen(QColor::fromRgb(colour), 1);
+    if (dashed) pen.setDashPattern({5.0 * data_->Scale, 4.0 * data_->Scale});
+    painter.setPen(pen);
+    painter.drawLine(x1, y1, x2, y2);
+}
+
+void Surface::Polyline(std::span<const PixelPoint> points, Colour colour) {
+    if (!data_ || points.empty()) return;
+    data_->Points.clear();
+    for (const PixelPoint& point : points) data_->Points.emplace_back(point.X, point.Y);
+    QPainter painter(&data_->Image);
+    UseMode(painter, *data_);
+    painter.setPen(QPen(QColor::fromRgb(colour), 1));
+    painter.drawPolyline(data_->Points.data(), static_cast<int>(data_->Points.size()));
+}
+
+void Surface::Points(std::span<const PixelPoint> points, Colour colour) {
+    if (!data_) return;
+    const auto width = static_cast<std::uint32_t>(Width());
+    const auto height = static_cast<std::uint32_t>(Height());
+    const auto stride = static_cast<std::size_t>(data_->Image.bytesPerLine()) / sizeof(QRgb);
+    QRgb* pixels = RowOf(*data_, 0);
+    for (const PixelPoint& point : points) {
+        const auto x = static_cast<std::uint32_t>(point.X);
+        const auto y = static_cast<std::uint32_t>(point.Y);
+        if (x < width && y < height) pixels[y * stride + x] = Opaque | colour;
+    }
+}
+
+void Surface::FillBox(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom,
+                      Colour colour) {
+    if (!data_ || right < left || bottom < top) return;
+    const QRect box = QRect(QPoint(left, top), QPoint(right, bottom)) & data_->Image.rect();
+    if (box.isEmpty()) return;
+    QPainter painter(&data_->Image);
+    UseMode(painter, *data_);
+    painter.fillRect(box, QColor::fromRgb(colour));
+}
+
+void Surface::FillColumns(std::int32_t x0, std::span<const ColumnRun> runs, Colour colour) {
+    if (!data_) return;
+    const auto stride = static_cast<std::size_t>(data_->Image.bytesPerLine()) / sizeof(QRgb);
+    const QRgb solid = Opaque | colour;
+    const std::int32_t height = Height();
+    QRgb* origin = RowOf(*data_, 0);
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const std::int32_t x = x0 + static_cast<std::int32_t>(i);
+        if (x < 0 || x >= Width()) continue;
+        const RowCover cover = CoverRows(runs[i], height);
+        QRgb* column = origin + x;
+        if (cover.Above > 0) {
+            QRgb& pixel = column[static_cast<std::size_t>(cover.First - 1) * stride];
+            pixel = Blend(pixel, solid, cover.Above);
+        }
+        for (std::int32_t row = cover.First; row <= cover.Last; ++row)
+            column[static_cast<std::size_t>(row) * stride] = solid;
+        if (cover.Below > 0) {
+            QRgb& pixel = column[static_cast<std::size_t>(cover.Last + 1) * stride];
+            pixel = Blend(pixel, solid, cover.Below);
+        }
+    }
+}
+
+void Surface::Text(std::int32_t x, std::int32_t y, std::string_view text, Colour colour,
+                   TextAlign align, double size) {
+    if (!data_) return;
+    QPainter painter(&data_->Image);
+    const QFont font = TextFont(*data_, size);
+    painter.setFont(font);
+    painter.setPen(QColor::fromRgb(colour));
+    const QString shown =
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QFontMetricsF metrics(font);
+    const double width = metrics.horizontalAdvance(shown);
+    double left = x;
+    if (align == TextAlign::Centre) left -= std::round(width / 2.0);
+    if (align == TextAlign::Right) left -= width;
+    const double base = y + std::round((metrics.capHeight()) / 2.0);
+    painter.drawText(QPointF(std::round(left), base), shown);
+}
+
+std::int32_t Surface::TextWidth(std::string_view text, double size) const {
+    if (!data_) return 0;
+    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return static_cast<std::int32_t>(
+        std::ceil(QFontMetricsF(TextFont(*data_, size)).horizontalAdvance(shown)));
+}
+
+Colour Surface::Pixel(std::int32_t x, std::int32_t y) const {
+    if (!data_ || !data_->Image.valid(x, y)) return 0;
+    return data_->Image.pixel(x, y) & 0xFFFFFFU;
+}
+
+bool Surface::SavePng(const std::string& path) const {
+    return data_ && data_->Image.save(QString::fromStdString(path), "PNG");
+}

@@ -1,0 +1,118 @@
+#include "ui/ActionTable.h"
+
+#include "frame/commands/CommandTable.h"
+#include "frame/LoadLanguageCode.h"
+#include "ui/Theme.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
+    for (const CommandRow& row : Commands()) {
+        if (!row.Button.empty()) AddAction(row, row.Button, false);
+        bool first = true;
+        for (const std::string_view menu : row.Menus) {
+            if (!menu.empty()) AddAction(row, menu, first);
+            first = false;
+        }
+    }
+}
+
+void ActionTable::AddAction(const CommandRow& row, std::string_view name, bool first) {
+    auto* action = new QAction(window_);
+    action->setObjectName(Text(name));
+    action->setCheckable(row.Checked != nullptr);
+    if (!row.Icon.empty()) action->setIcon(ThemedIcon(Text(row.Icon)));
+    if (!row.Shortcut.empty() && first) {
+        action->setShortcut(QKeySequence(Text(row.Shortcut)));
+        window_->addAction(action);
+    }
+    const CommandRow* command = &row;
+    // A switch shows the record, not the click: the refresh sets its mark again.
+    connect(action, &QAction::triggered, this, [this, command] {
+        RunCommand(*command);
+        Refresh();
+    });
+    actions_.insert(action->objectName(), action);
+}
+
+QAction* ActionTable::Find(std::string_view name) const { return actions_.value(Text(name)); }
+
+QMenu* ActionTable::MakeMenu(const MenuRow& row, QWidget* parent) {
+    auto* menu = new QMenu(parent);
+    menu->setObjectName(Text(row.Name));
+    for (const std::string_view entry : row.Entries) {
+        if (entry == "-") {
+            menu->addSeparator();
+        } else if (entry.front() == '>') {
+            for (const MenuRow& popup : PopupMenus())
+                if (popup.Name == entry.substr(1)) menu->addMenu(MakeMenu(popup, menu));
+        } else {
+            menu->addAction(Find(entry));
+        }
+    }
+    menus_.insert(menu->objectName(), menu);
+    return menu;
+}
+
+QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
+    auto* bar = new QToolBar(parent);
+    bar->setObjectName(Text(row.Name));
+    bar->setIconSize(QSize(24, 24));
+    bar->setMovable(false);
+    for (const std::string_view entry : row.Entries) {
+        if (entry == "-") {
+            bar->addSeparator();
+            continue;
+        }
+        QAction* action = Find(entry);
+        bar->addAction(action);
+        QWidget* button = bar->widgetForAction(action);
+        button->setObjectName(action->objectName());
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+    return bar;
+}
+
+void ActionTable::ApplyTexts() {
+    for (const CommandRow& row : Commands()) {
+        const QString shortcut =
+            QKeySequence(Text(row.Shortcut)).toString(QKeySequence::NativeText);
+        if (!row.Button.empty()) {
+            const QString tip = Text(TextOf("Mainfrm", row.Button));
+            QAction* button = Find(row.Button);
+            button->setText(tip);
+            button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
+        }
+        for (const std::string_view menu : row.Menus)
+            if (!menu.empty()) Find(menu)->setText(Text(TextOf("Mnufrm", menu)));
+    }
+    for (auto menu = menus_.begin(); menu != menus_.end(); ++menu) {
+        const std::string name = menu.key().toStdString();
+        (*menu)->setTitle(Text(TextOf("Mnufrm", name)));
+    }
+}
+
+void ActionTable::Refresh() {
+    for (const CommandRow& row : Commands()) {
+        const CommandState state = StateOf(row);
+        const auto set = [&](std::string_view name) {
+            if (name.empty()) return;
+            QAction* action = Find(name);
+            action->setEnabled(state.Enabled);
+            if (action->isCheckable()) action->setChecked(state.Checked);
+        };
+        set(row.Button);
+        for (const std::string_view menu : row.Menus) set(menu);
+    }
+}

@@ -1,0 +1,135 @@
+#include "ui/MainHost.h"
+
+#include "frame/LoadLanguageCode.h"
+#include "platform/Host.h"
+#include "ui/Mainfrm.h"
+#include "ui/PropertyFrm.h"
+#include "ui/StandardWaveFrm.h"
+#include "ui/StatusStrip.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void AddButton(QMessageBox& box, QMessageBox::ButtonRole role, Answer answer,
+               std::string_view english, std::string_view chinese) {
+    QPushButton* button = box.addButton(Text(PickText(english, chinese)), role);
+    button->setProperty("answer", static_cast<int>(answer));
+    if (box.buttons().size() == 1) box.setDefaultButton(button);
+    if (answer == Answer::Cancel || box.buttons().size() == 1) box.setEscapeButton(button);
+}
+
+Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageIcon icon) {
+    QMessageBox box(&window);
+    box.setObjectName("MessageBox");
+    box.setWindowTitle("TideMark");
+    box.setTextFormat(Qt::PlainText);
+    box.setText(Text(text));
+    switch (icon) {
+        case MessageIcon::Information: box.setIcon(QMessageBox::Information); break;
+        case MessageIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+        case MessageIcon::Question: box.setIcon(QMessageBox::Question); break;
+    }
+    if (buttons == Buttons::Ok) {
+        AddButton(box, QMessageBox::AcceptRole, Answer::Ok, "OK", "确定");
+    } else {
+        AddButton(box, QMessageBox::YesRole, Answer::Yes, "&Yes", "是(&Y)");
+        AddButton(box, QMessageBox::NoRole, Answer::No, "&No", "否(&N)");
+        box.setEscapeButton(box.buttons().constLast());
+        if (buttons == Buttons::YesNoCancel)
+            AddButton(box, QMessageBox::RejectRole, Answer::Cancel, "Cancel", "取消");
+    }
+    box.exec();
+    const QAbstractButton* pressed = box.clickedButton();
+    return pressed ? static_cast<Answer>(pressed->property("answer").toInt()) : Answer::Cancel;
+}
+
+// "Text Files (.txt)|*.txt|..." becomes one line for each pair, "Text Files (*.txt)".
+QStringList FilterLines(const std::string& filter) {
+    const QStringList parts = Text(filter).split('|');
+    QStringList lines;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        lines << parts[i].section('(', 0, 0).trimmed() + " (" + parts[i + 1] + ")";
+    return lines;
+}
+
+std::string PickFile(Mainfrm& window, const FileChoice& choice) {
+    QFileDialog dialog(&window, Text(choice.Title));
+    dialog.setObjectName("FileDialog");
+    QStringList lines = FilterLines(choice.Filter);
+    if (!choice.Save && lines.size() > 1) {
+        QString all;
+        for (const QString& line : lines) all += line.section('(', -1).chopped(1) + ' ';
+        lines.prepend(Text(PickText("All waveform files", "所有波形文件")) + " (" + all.trimmed() +
+                      ")");
+    }
+    dialog.setNameFilters(lines);
+    if (!choice.Folder.empty()) dialog.setDirectory(Text(choice.Folder));
+    dialog.setAcceptMode(choice.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(choice.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // Whether a file may be overwritten is asked where it is saved.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (choice.Save) {
+        const auto suffixOf = [](const QString& line) {
+            return line.section("*.", -1).chopped(1);
+        };
+        dialog.selectFile(Text(choice.Name));
+        dialog.setDefaultSuffix(suffixOf(lines.value(0)));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&](const QString& line) { dialog.setDefaultSuffix(suffixOf(line)); });
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst().toStdString();
+}
+
+bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
+    if (name == "PropertyFrm") return PropertyFrm(&window).exec() == QDialog::Accepted;
+    if (name == "StandardWaveFrm")
+        return StandardWaveFrm(&window, argument).exec() == QDialog::Accepted;
+    return false;
+}
+
+void WaitFor(std::int32_t milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+void InstallHost(Mainfrm& window) {
+    Mainfrm* main = &window;
+    Host& host = TheHost();
+    host.Ask = [main](std::string_view text, Buttons buttons, MessageIcon icon) {
+        return AskUser(*main, text, buttons, icon);
+    };
+    host.ChooseFile = [main](const FileChoice& choice) { return PickFile(*main, choice); };
+    host.RunDialog = [main](std::string_view name, std::int16_t argument) {
+        return RunWindow(*main, name, argument);
+    };
+    host.OpenAnalogWindow = [main](std::int16_t slot) { main->OpenAnalogWindow(slot); };
+    host.CloseAnalogWindow = [main](std::int16_t slot) { main->CloseAnalogWindow(slot); };
+    host.ActiveWindowTag = [main] { return main->ActiveTag(); };
+    host.ShowPlot = [main](std::int16_t slot) { main->ShowPlot(slot); };
+    host.ShowTitle = [main](std::int16_t slot) { main->ShowTitle(slot); };
+    host.RefreshCommands = [main] { main->RefreshCommands(); };
+    host.ApplyLanguage = [main] { main->ApplyLanguage(); };
+    host.ShowStatusText = [main](std::string_view label, std::string_view text) {
+        main->Status()->ShowText(Text(label), Text(text));
+    };
+    host.ShowProgress = [main](std::int64_t done, std::int64_t total) {
+        if (main->Status()->ShowProgress(done, total))
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+    host.Wait = WaitFor;
+    host.CloseMainWindow = [main] { main->close(); };
+}

@@ -1,0 +1,251 @@
+#include "ui/Mainfrm.h"
+
+#include "analog/AnalogDocument.h"
+#include "analog/DrawAnalogWave.h"
+#include "files/FileOptFuncCode.h"
+#include "frame/commands/CommandTable.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "platform/Host.h"
+#include "ui/ActionTable.h"
+#include "ui/CaptionBar.h"
+#include "ui/StatusStrip.h"
+#include "ui/Theme.h"
+#include "ui/WaveFrm.h"
+
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize UsualSize{1280, 800};
+constexpr QSize SmallestSize{960, 600};
+constexpr QSize LargestScreen{1280, 1024};  // to maximise on
+
+QString Text(std::string_view window, std::string_view control) {
+    const std::string_view text = TextOf(window, control);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+Mainfrm::Mainfrm() {
+    setObjectName("Mainfrm");
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setWindowIcon(QIcon(":/icons/tidemark.svg"));
+    setMinimumSize(SmallestSize);
+    actions_ = new ActionTable(this);
+    BuildCaption();
+    BuildToolBars();
+    BuildDocumentArea();
+    for (const MenuRow& row : PopupMenus()) {
+        if (row.Name == "MnuIdle") idleMenu_ = actions_->MakeMenu(row, this);
+        if (row.Name == "MnuSelect") selectMenu_ = actions_->MakeMenu(row, this);
+    }
+    AddEdgeGrips(this);
+    const QSize room = screen()->availableSize();
+    resize(UsualSize.boundedTo(room));
+    move(screen()->availableGeometry().center() - rect().center());
+    ApplyLanguage();
+}
+
+void Mainfrm::BuildCaption() {
+    auto* top = new QWidget(this);
+    auto* column = new QVBoxLayout(top);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    caption_ = new CaptionBar(top);
+    menus_ = new QMenuBar(top);
+    menus_->setObjectName("MnuBtnAresBtn");
+    menus_->setNativeMenuBar(false);
+    for (const MenuRow& row : MenuStrip()) {
+        QMenu* menu = actions_->MakeMenu(row, menus_);
+        menus_->addMenu(menu);
+        if (row.Name == "MnuWindow") windowMenu_ = menu;
+    }
+    connect(windowMenu_, &QMenu::aboutToShow, this, &Mainfrm::FillWindowMenu);
+    column->addWidget(caption_);
+    column->addWidget(menus_);
+    setMenuWidget(top);
+    connect(caption_, &CaptionBar::MinimisePressed, this, &QWidget::showMinimized);
+    connect(caption_, &CaptionBar::MaximisePressed, this, &Mainfrm::ToggleMaximised);
+    connect(caption_, &CaptionBar::ExitPressed, this, &QWidget::close);
+}
+
+void Mainfrm::BuildToolBars() {
+    setContextMenuPolicy(Qt::NoContextMenu);  // the tool bars cannot be hidden
+    bool first = true;
+    for (const MenuRow& row : ToolBars()) {
+        if (!first) addToolBarBreak();
+        addToolBar(actions_->MakeToolBar(row, this));
+        first = false;
+    }
+}
+
+void Mainfrm::BuildDocumentArea() {
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    area_ = new QMdiArea(centre);
+    area_->setObjectName("DocumentArea");
+    area_->setBackground(CurrentChrome().base);
+    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    status_ = new StatusStrip(centre);
+    column->addWidget(area_, 1);
+    column->addWidget(status_);
+    setCentralWidget(centre);
+    connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+        if (window == nullptr || DocBuilding) return;
+        RefreshCommands();
+    });
+    connect(new QShortcut(QKeySequence("Ctrl+Tab"), this), &QShortcut::activated, area_,
+            &QMdiArea::activateNextSubWindow);
+    connect(new QShortcut(QKeySequence("Ctrl+Shift+Tab"), this), &QShortcut::activated, area_,
+            &QMdiArea::activatePreviousSubWindow);
+    connect(new QShortcut(QKeySequence("Ctrl+W"), this), &QShortcut::activated, this, [this] {
+        if (QMdiSubWindow* window = area_->activeSubWindow()) window->close();
+    });
+}
+
+void Mainfrm::OpenAnalogWindow(std::int16_t slot) {
+    QMdiSubWindow*& frame = frames_[static_cast<std::size_t>(slot)];
+    if (frame == nullptr) {
+        auto* window = new WaveFrm(slot, nullptr);
+        frame = new QMdiSubWindow(area_, Qt::FramelessWindowHint);
+        frame->setWidget(window);
+        frame->setObjectName("WaveFrm" + window->Tag());
+        frame->installEventFilter(this);
+        area_->addSubWindow(frame);
+        connect(window, &WaveFrm::ClosePressed, frame, &QWidget::close);
+        connect(window->Plot(), &WavePic::ContextAsked, this, &Mainfrm::ShowContextMenu);
+    }
+    AnalogWindow(slot)->ShowTitle();
+    AnalogWindow(slot)->ApplyTexts();
+    AnalogWindow(slot)->show();
+    frame->showMaximized();
+    area_->setActiveSubWindow(frame);
+    frame->setGeometry(area_->viewport()->rect());
+    AnalogWindow(slot)->LayOut();
+    ShowTitle(slot);
+}
+
+void Mainfrm::CloseAnalogWindow(std::int16_t slot) {
+    if (QMdiSubWindow* frame = frames_[static_cast<std::size_t>(slot)]) frame->close();
+}
+
+WaveFrm* Mainfrm::AnalogWindow(std::int16_t slot) const {
+    QMdiSubWindow* frame = frames_[static_cast<std::size_t>(slot)];
+    return frame ? static_cast<WaveFrm*>(frame->widget()) : nullptr;
+}
+
+std::int16_t Mainfrm::ActiveTag() const {
+    QMdiSubWindow* frame = area_->currentSubWindow();
+    if (frame == nullptr || !frame->isVisibleTo(area_->viewport())) return -1;
+    return static_cast<WaveFrm*>(frame->widget())->Tag().toShort();
+}
+
+void Mainfrm::ShowTitle(std::int16_t slot) {
+    if (WaveFrm* window = AnalogWindow(slot)) window->ShowTitle();
+    const std::int16_t active = ActiveTag();
+    WaveFrm* shown = active >= 0 ? AnalogWindow(active) : nullptr;
+    caption_->ShowDocument(shown ? shown->windowTitle() : QString());
+    setWindowTitle(shown ? shown->windowTitle() + " - TideMark" : QString("TideMark"));
+}
+
+void Mainfrm::ShowPlot(std::int16_t slot) {
+    if (WaveFrm* window = AnalogWindow(slot)) window->Plot()->update();
+}
+
+void Mainfrm::RefreshCommands() {
+    ActiveDocumentIndex();
+    RefreshDotCommands();
+    actions_->Refresh();
+    ShowTitle(ActiveAnalogIndex);
+}
+
+void Mainfrm::ApplyLanguage() {
+    actions_->ApplyTexts();
+    caption_->ApplyTexts();
+    for (QMdiSubWindow* frame : frames_)
+        if (frame != nullptr) static_cast<WaveFrm*>(frame->widget())->ApplyTexts();
+}
+
+void Mainfrm::ToggleMaximised() {
+    if (screen()->size().width() > LargestScreen.width() ||
+        screen()->size().height() > LargestScreen.height()) {
+        TheHost().Ask(PickText("Software support for the largest screen resolution is 1280 × 1024",
+                               "软件支持屏幕最大分辨率1280×1024"),
+                      Buttons::Ok, MessageIcon::Exclamation);
+        return;
+    }
+    mainMaximised_ = !mainMaximised_;
+    caption_->ShowMaximised(mainMaximised_);
+    if (!mainMaximised_) {
+        setGeometry(savedLeft_, savedTop_, savedWidth_, savedHeight_);
+        return;
+    }
+    savedLeft_ = static_cast<std::int16_t>(x());
+    savedTop_ = static_cast<std::int16_t>(y());
+    savedWidth_ = static_cast<std::int16_t>(width());
+    savedHeight_ = static_cast<std::int16_t>(height());
+    setGeometry(screen()->availableGeometry());  // keeps the desktop's panel free
+}
+
+// A frame is only hidden when its document closes: the next document of the slot shows it again.
+bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Close) return QMainWindow::eventFilter(watched, event);
+    auto* frame = static_cast<QMdiSubWindow*>(watched);
+    const std::int16_t slot = static_cast<WaveFrm*>(frame->widget())->Slot();
+    event->ignore();
+    if (!AnalogInUse[static_cast<std::size_t>(slot)]) return true;
+    if (!QueryCloseDocument(slot, SaveAnalog)) return true;
+    frame->hide();
+    for (QMdiSubWindow* other : area_->subWindowList(QMdiArea::ActivationHistoryOrder))
+        if (other != frame && other->isVisibleTo(area_->viewport())) area_->setActiveSubWindow(other);
+    DocumentClosed(slot);
+    return true;
+}
+
+bool Mainfrm::CloseAllDocuments() {
+    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot) {
+        if (!AnalogInUse[static_cast<std::size_t>(slot)]) continue;
+        CloseAnalogWindow(slot);
+        if (AnalogInUse[static_cast<std::size_t>(slot)]) return false;
+    }
+    return true;
+}
+
+void Mainfrm::closeEvent(QCloseEvent* event) { event->setAccepted(CloseAllDocuments()); }
+
+void Mainfrm::ShowContextMenu(QPoint global) {
+    RefreshCommands();
+    (ActiveAnalog().HasSelection ? selectMenu_ : idleMenu_)->popup(global);
+}
+
+// The open windows stand below the arrangement entries, "1 Waveform0" and so on.
+void Mainfrm::FillWindowMenu() {
+    for (QAction* action : windowMenu_->actions())
+        if (action->property("window").isValid()) action->deleteLater();
+    QAction* line = windowMenu_->addSeparator();
+    line->setProperty("window", true);
+    int number = 0;
+    for (QMdiSubWindow* frame : area_->subWindowList(QMdiArea::CreationOrder)) {
+        if (!frame->isVisibleTo(area_->viewport())) continue;
+        const QString name = "Mnuwin_W" + QString::number(++number);
+        QAction* entry = windowMenu_->addAction(Text("Mnufrm", name.toStdString()) + " " +
+                                                frame->widget()->windowTitle());
+        entry->setObjectName(name);
+        entry->setProperty("window", true);
+        entry->setCheckable(true);
+        entry->setChecked(frame == area_->currentSubWindow());
+        connect(entry, &QAction::triggered, area_, [this, frame] { area_->setActiveSubWindow(frame); });
+    }
+}

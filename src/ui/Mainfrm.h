@@ -1,0 +1,60 @@
+#pragma once
+// The main window: caption strip, menu strip, tool bars, document area and status strip. It draws
+// its own frame; commands reach it through the one table of actions.
+#include <QMainWindow>
+#include <array>
+
+class ActionTable;
+class CaptionBar;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenuBar;
+class StatusStrip;
+class WaveFrm;
+
+class Mainfrm : public QMainWindow {
+    Q_OBJECT
+public:
+    Mainfrm();
+
+    /// Makes (or reuses) the window of a slot, shows and activates it and sizes its surfaces.
+    void OpenAnalogWindow(std::int16_t slot);
+    /// Asks to close the window of a slot, as its ExtBtn does.
+    void CloseAnalogWindow(std::int16_t slot);
+    /// The tag of the active child window, -1 without one.
+    std::int16_t ActiveTag() const;
+    WaveFrm* AnalogWindow(std::int16_t slot) const;
+
+    void ShowTitle(std::int16_t slot);
+    void ShowPlot(std::int16_t slot);
+    void RefreshCommands();
+    void ApplyLanguage();
+    StatusStrip* Status() const { return status_; }
+    ActionTable* Actions() const { return actions_; }
+
+    /// Maximises or restores with the program's own caption. Screens above 1280 x 1024 are
+    /// declined with a message: the layout of the controls ends there.
+    void ToggleMaximised();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildCaption();
+    void BuildToolBars();
+    void BuildDocumentArea();
+    void ShowContextMenu(QPoint global);
+    void FillWindowMenu();
+    bool CloseAllDocuments();
+
+    ActionTable* actions_;
+    CaptionBar* caption_;
+    QMenuBar* menus_;
+    QMenu *idleMenu_, *selectMenu_, *windowMenu_ = nullptr;
+    QMdiArea* area_;
+    StatusStrip* status_;
+    std::array<QMdiSubWindow*, 11> frames_{};  // windows stay with their slots and are reused
+    bool mainMaximised_ = false;
+    std::int16_t savedLeft_ = 0, savedTop_ = 0, savedWidth_ = 0, savedHeight_ = 0;
+};

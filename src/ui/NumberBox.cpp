@@ -1,0 +1,76 @@
+#include "ui/NumberBox.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QValidator>
+
+namespace {
+
+class KeyValidator final : public QValidator {
+public:
+    KeyValidator(KeyKind kind, QObject* parent) : QValidator(parent), kind_(kind) {}
+
+    State validate(QString& text, int& /*cursor*/) const override {
+        return AcceptsText(kind_, text.toStdString()) ? Acceptable : Invalid;
+    }
+
+private:
+    KeyKind kind_;
+};
+
+}  // namespace
+
+NumberBox::NumberBox(KeyKind kind, QWidget* parent) : QLineEdit(parent) {
+    setValidator(new KeyValidator(kind, this));
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void NumberBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    entered_ = event->reason() == Qt::MouseFocusReason;
+    if (event->reason() != Qt::PopupFocusReason) selectAll();
+}
+
+void NumberBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    // A context menu over the box and a change of window are no end of the typing.
+    if (event->reason() == Qt::PopupFocusReason) return;
+    if (event->reason() == Qt::ActiveWindowFocusReason) return;
+    deselect();
+    Leave();
+}
+
+void NumberBox::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    // The press has put the cursor somewhere; unless the user dragged over digits, all of the
+    // text is what the first key replaces.
+    if (entered_ && !hasSelectedText()) selectAll();
+    entered_ = false;
+}
+
+void NumberBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    FocusNextBox();
+    if (hasFocus()) {  // the only stop of its window
+        Leave();
+        selectAll();
+    }
+}
+
+// The next box behind this one; past the last, the default button, so that a second Enter
+// confirms.
+void NumberBox::FocusNextBox() {
+    for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
+        if (next->window() != window() || !next->isEnabled() || !next->isVisible()) continue;
+        const auto* button = qobject_cast<QPushButton*>(next);
+        if (qobject_cast<NumberBox*>(next) || (button != nullptr && button->isDefault())) {
+            next->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}

@@ -1,0 +1,30 @@
+#pragma once
+// An edit box for one number: keys that cannot lead to a number of its kind are dropped, digits
+// stand at the right, and a visit begins with all of the text selected.
+#include "frame/KeyFilter.h"
+
+#include <QLineEdit>
+
+class NumberBox : public QLineEdit {
+    Q_OBJECT
+public:
+    NumberBox(KeyKind kind, QWidget* parent);
+
+    /// Hands the text over as if the focus had gone.
+    void Leave() { emit left(text()); }
+
+signals:
+    /// The focus has gone to another control, or Enter was pressed.
+    void left(const QString& text);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void FocusNextBox();
+
+    bool entered_ = false;  // the mouse press that gave the focus is not released yet
+};

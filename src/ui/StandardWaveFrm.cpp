@@ -1,0 +1,192 @@
+#include "ui/StandardWaveFrm.h"
+
+#include "ui/PlotPreview.h"
+#include "ui/Theme.h"
+
+#include <QComboBox>
+#include <QPixmap>
+#include <QVBoxLayout>
+
+// Boxes that a wave type does not use are dimmed; the two rows of parameters that only some types
+// have go blank but keep their place, so that the dialog stays still while types are tried.
+
+namespace {
+
+constexpr int FieldWidth = 136;  // pixels, 12 digits
+
+QIcon KindIcon(std::int16_t kind) {
+    const QIcon icon = ThemedIcon(QStringLiteral("Wave%1").arg(kind));
+    if (!icon.isNull()) return icon;
+    QPixmap blank(16, 16);  // the type without a drawing lines up with the others
+    blank.fill(Qt::transparent);
+    return blank;
+}
+
+void KeepPlace(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+}  // namespace
+
+StandardWaveFrm::StandardWaveFrm(QWidget* parent, int kind)
+    : DialogBase("StandardWaveFrm", parent),
+      dialog_(OpenStandardWave(static_cast<std::int16_t>(kind))) {
+    BuildForm();
+    ApplyTexts();
+    ShowFields();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    kinds_->setFocus();
+}
+
+void StandardWaveFrm::BuildForm() {
+    QGridLayout* form = MakeForm();
+    AddKinds(form);
+    AddField(form, {MakeBox("DotnumTxt", KeyKind::Whole), MakeLabel("DotnumLab"),
+                    MakeSpins("DotNumUp", "DotNumDn", SpinWaveDots), WaveDotnumText,
+                    LeaveWaveDotnum, &KindFields::Dots});
+    AddField(form, {MakeBox("Cyclestxt", KeyKind::Whole), MakeLabel("CyclesLab"),
+                    MakeSpins("CyclesUp", "CyclesDn", SpinCycles), CyclesText, LeaveCycles,
+                    &KindFields::Cycles});
+    AddField(form, {MakeBox("phasetxt", KeyKind::Whole), MakeLabel("phaseLab"),
+                    MakeSpins("PhaseUp", "PhaseDn", SpinPhase), PhaseText, LeavePhase,
+                    &KindFields::Phase});
+    NumberBox* ampl = MakeBox("ampltxt", KeyKind::Real);
+    amplUnit_ = MakeVoltUnits("amplunitCmb", ampl, ChangeWaveAmplUnit);
+    AddField(form, {ampl, MakeLabel("amplLab"), amplUnit_, WaveAmplText, LeaveWaveAmpl,
+                    &KindFields::Ampl});
+    NumberBox* offset = MakeBox("offsettxt", KeyKind::SignedReal);
+    offsetUnit_ = MakeVoltUnits("offsetunitCmb", offset, ChangeOffsetUnit);
+    AddField(form, {offset, MakeLabel("offsetLab"), offsetUnit_, OffsetText, LeaveOffset,
+                    &KindFields::Offset});
+    para1Label_ = MakeLabel("para1Lab");
+    para1Unit_ = MakeUnitLabel("para1UnitLab");
+    AddField(form, {MakeBox("para1txt", KeyKind::SignedReal), para1Label_, para1Unit_, Para1Text,
+                    LeavePara1, &KindFields::Para1});
+    para2Label_ = MakeLabel("para2Lab");
+    para2Unit_ = MakeUnitLabel("para2UnitLab");
+    AddField(form, {MakeBox("para2txt", KeyKind::Real), para2Label_, para2Unit_, Para2Text,
+                    LeavePara2, &KindFields::Para2});
+    form->setRowStretch(form->rowCount(), 1);
+
+    preview_ = new PlotPreview(this);
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(DialogMargin);
+    halves->addLayout(form);
+    halves->addWidget(preview_, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+    column->setSpacing(DialogRowGap * 2);
+    column->addLayout(halves);
+    column->addLayout(MakeButtonRow());
+}
+
+QLabel* StandardWaveFrm::MakeUnitLabel(const char* name) {
+    QLabel* label = MakeLabel(name);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return label;
+}
+
+void StandardWaveFrm::AddKinds(QGridLayout* form) {
+    kinds_ = new QComboBox(this);
+    kinds_->setObjectName(QStringLiteral("WaveTypeCmb"));
+    kinds_->setMaxVisibleItems(WaveKindCount);
+    for (std::int16_t kind = 0; kind < WaveKindCount; ++kind)
+        kinds_->addItem(KindIcon(kind), RowText(QStringLiteral("WaveTypeCmb%1").arg(kind)));
+    AddRow(form, MakeLabel("WaveTypeLab", kinds_), kinds_, nullptr);
+    connect(kinds_, &QComboBox::activated, this, [this](int kind) {
+        ChangeKind(dialog_, static_cast<std::int16_t>(kind));
+        ShowFields();
+    });
+}
+
+void StandardWaveFrm::AddField(QGridLayout* form, Field field) {
+    field.Label->setBuddy(field.Box);
+    field.Box->setFixedWidth(FieldWidth);
+    AddRow(form, field.Label, field.Box, field.Unit);
+    connect(field.Box, &NumberBox::left, this, [this, field] { LeaveField(field); });
+    connect(field.Box, &NumberBox::textEdited, this,
+            [this, field](const QString& typed) { PreviewTyped(field, typed); });
+    const bool isParameter = field.Used == &KindFields::Para1 || field.Used == &KindFields::Para2;
+    if (isParameter)
+        for (QWidget* widget :
+             {static_cast<QWidget*>(field.Box), static_cast<QWidget*>(field.Label)})
+            KeepPlace(widget);
+    fields_.push_back(field);
+}
+
+QWidget* StandardWaveFrm::MakeSpins(const char* up, const char* down, Spin spin) {
+    SpinButton* buttons[] = {MakeSpin(up, true), MakeSpin(down, false)};
+    for (SpinButton* button : buttons)
+        connect(button, &SpinButton::tick, this,
+                [this, spin, rises = button == buttons[0]](int count) {
+                    spin(dialog_, count, rises);
+                    ShowFields();
+                });
+    return MakeSpinPair(buttons[0], buttons[1]);
+}
+
+QComboBox* StandardWaveFrm::MakeVoltUnits(const char* name, NumberBox* box, ChangeUnit change) {
+    QComboBox* units = MakeUnits(name, {QStringLiteral("V"), QStringLiteral("mV")});
+    connect(units, &QComboBox::activated, this, [this, box, change](int unit) {
+        change(dialog_, unit == 0, box->text().toStdString());
+        ShowFields();
+    });
+    return units;
+}
+
+void StandardWaveFrm::LeaveField(const Field& field) {
+    field.Leave(dialog_, field.Box->text().toStdString());
+    ShowFields();
+}
+
+// Typing changes the picture at once and the dialog's value only when the box is left.
+void StandardWaveFrm::PreviewTyped(const Field& field, const QString& typed) {
+    if (!std::ranges::any_of(typed, [](QChar c) { return c.isDigit(); })) return;
+    StandardWaveDialog tried = dialog_;
+    field.Leave(tried, typed.toStdString());
+    ShowPreview(tried);
+}
+
+void StandardWaveFrm::ShowFields() {
+    const KindFields used = FieldsOf(dialog_.Wave.Kind);
+    kinds_->setCurrentIndex(dialog_.Wave.Kind);
+    amplUnit_->setCurrentIndex(dialog_.AmplInVolts ? 0 : 1);
+    offsetUnit_->setCurrentIndex(dialog_.OffsetInVolts ? 0 : 1);
+    for (const Field& field : fields_) {
+        field.Box->setText(QString::fromStdString(field.Text(dialog_)));
+        const bool on = used.*field.Used;
+        for (QWidget* widget :
+             {static_cast<QWidget*>(field.Box), static_cast<QWidget*>(field.Label), field.Unit}) {
+            widget->setEnabled(on);
+            if (widget->sizePolicy().retainSizeWhenHidden()) widget->setVisible(on);
+        }
+    }
+    ShowPara(para1Label_, para1Unit_);
+    ShowPara(para2Label_, para2Unit_);
+    ShowPreview(dialog_);
+}
+
+// Names and units of the parameters are rows such as "para1LabSquare".
+void StandardWaveFrm::ShowPara(QLabel* label, QLabel* unit) {
+    const std::string_view kind = WaveKindNames[static_cast<std::size_t>(dialog_.Wave.Kind)];
+    const QString name = QString::fromUtf8(kind.data(), static_cast<qsizetype>(kind.size()));
+    for (QLabel* changing : {label, unit})
+        changing->setText(RowText(changing->objectName() + name));
+}
+
+void StandardWaveFrm::ShowPreview(const StandardWaveDialog& dialog) {
+    std::vector<WaveDot> dots;
+    PreviewStandardWave(dialog, dots);
+    preview_->ShowDots(std::move(dots));
+}
+
+void StandardWaveFrm::accept() {
+    LeaveFocusedBox();
+    // The type None, or a document without room, leaves everything as it was.
+    if (ConfirmStandardWave(dialog_))
+        DialogBase::accept();
+    else
+        DialogBase::reject();
+}
