@@ -37,6 +37,8 @@ constexpr std::int32_t VerticalDivisions = 8;
 constexpr double LabelSize = 11.0;      // logical pixels
 constexpr std::int32_t LabelGap = 7;    // between labels and the plot
 constexpr std::int32_t MarkHeight = 14;
+constexpr double CurvePen = 1.4;            // logical pixels
+constexpr std::int32_t SparseSamples = 4;   // across a pixel, where single dots can be seen
 
 std::int32_t Scaled(double logical, double scale) { return RoundToInt(logical * scale); }
 
@@ -59,7 +61,8 @@ std::vector<GridLine> VerticalLines(const WaveView& view, std::int32_t width) {
         const double x = static_cast<double>(width) / span * static_cast<double>(dot);
         lines.push_back({view.Start + Narrow<std::int32_t>(dot), RoundToInt(x)});
     }
-    if (!division.Exact && !lines.empty()) lines.push_back({view.End, width});
+    // The scale ends with the last dot even where no division does.
+    if (!lines.empty() && lines.back().Dot != view.End) lines.push_back({view.End, width});
     return lines;
 }
 
@@ -111,51 +114,71 @@ void DrawVoltLabels(Surface& back, const WaveView& view, const PlotColours& colo
     }
 }
 
-// The rows that a curve covers in each pixel column, grown point by point.
+// The rows that a curve covers, in `samples` narrow columns side by side in every pixel column. A
+// pixel column reaches half a pixel to both sides of its middle.
 class ColumnRuns {
 public:
-    ColumnRuns(std::vector<ColumnRun>& runs, std::int32_t width) : runs_(runs) {
-        runs_.assign(static_cast<std::size_t>(width), ColumnRun{1.0F, 0.0F});
+    ColumnRuns(std::vector<ColumnRun>& runs, std::int32_t width, std::int32_t samples)
+        : runs_(runs), samples_(samples) {
+        runs_.assign(static_cast<std::size_t>(width * samples), Empty);
     }
     void Cover(std::int32_t column, double low, double high) {
         const auto last = static_cast<std::int32_t>(runs_.size()) - 1;
-        ColumnRun& run = runs_[static_cast<std::size_t>(std::clamp(column, 0, last))];
-        const auto top = static_cast<float>(low), bottom = static_cast<float>(high);
-        const bool empty = run.Top > run.Bottom;
-        run.Top = empty ? top : std::min(run.Top, top);
-        run.Bottom = empty ? bottom : std::max(run.Bottom, bottom);
+        Join(runs_[static_cast<std::size_t>(std::clamp(column, 0, last))],
+             {static_cast<float>(low), static_cast<float>(high)});
     }
-    // The straight line between two points, cut at the borders of the columns.
+    void CoverPoint(double x, double y) { Cover(ColumnOf(Narrowed(x)), y, y); }
+    // The straight line between two points of rising x, cut at the borders of the columns.
     void CoverLine(double x1, double y1, double x2, double y2) {
-        const auto last = static_cast<double>(runs_.size()) - 0.5;
-        const double slope = x2 > x1 ? (y2 - y1) / (x2 - x1) : 0.0;
-        const double end = std::min(x2, last);
-        double x = x1, y = y1;
-        if (x < -0.5) y += slope * (-0.5 - x), x = -0.5;
-        for (std::int32_t column = ColumnOf(x); x < end; ++column) {
-            const double border = std::min(column + 0.5, end);
-            const double next = y1 + slope * (border - x1);
+        const auto last = static_cast<double>(runs_.size());
+        const double begin = Narrowed(x1), end = Narrowed(x2);
+        const double slope = end > begin ? (y2 - y1) / (end - begin) : 0.0;
+        double x = std::max(begin, 0.0);
+        double y = y1 + slope * (x - begin);
+        const double stop = std::min(end, last);
+        for (std::int32_t column = ColumnOf(x); x < stop; ++column) {
+            x = std::min(column + 1.0, stop);
+            const double next = y1 + slope * (x - begin);
             Cover(column, std::min(y, next), std::max(y, next));
-            x = border;
             y = next;
         }
-        if (x2 <= last && x2 >= -0.5) Cover(ColumnOf(x2), std::min(y, y2), std::max(y, y2));
+        // A jump within one column, and the view's last dot, which lies on the border.
+        if (end >= 0.0 && begin <= last) Cover(ColumnOf(stop), std::min(y, y2), std::max(y, y2));
     }
-    static std::int32_t ColumnOf(double x) {
-        return static_cast<std::int32_t>(std::floor(x + 0.5));
-    }
-    // Gives every run the width of the pen and centres it on its rows.
-    void Thicken(double pen) {
-        const auto half = static_cast<float>(pen / 2);
-        for (ColumnRun& run : runs_) {
-            if (run.Top > run.Bottom) continue;
-            run.Top += 0.5F - half;
-            run.Bottom += 0.5F + half;
+    // Draws the runs with a round pen: each spreads over the columns within its radius.
+    void Stroke(double pen, std::vector<ColumnRun>& stroked) const {
+        const double radius = pen / 2;
+        const auto reach =
+            samples_ == 1 ? 0 : static_cast<std::int32_t>(std::floor(radius * samples_));
+        stroked.assign(runs_.size(), Empty);
+        for (std::int32_t offset = -reach; offset <= reach; ++offset) {
+            const double across = static_cast<double>(offset) / samples_;
+            const auto half = static_cast<float>(std::sqrt(radius * radius - across * across));
+            const auto size = static_cast<std::int32_t>(runs_.size());
+            for (std::int32_t i = std::max(0, -offset); i < std::min(size, size - offset); ++i) {
+                const ColumnRun& run = runs_[static_cast<std::size_t>(i)];
+                if (run.Top <= run.Bottom)
+                    Join(stroked[static_cast<std::size_t>(i + offset)],
+                         {run.Top + 0.5F - half, run.Bottom + 0.5F + half});
+            }
         }
     }
 
 private:
+    static constexpr ColumnRun Empty{1.0F, 0.0F};
+    static std::int32_t ColumnOf(double x) { return static_cast<std::int32_t>(std::floor(x)); }
+    static void Join(ColumnRun& run, ColumnRun more) {
+        if (run.Top > run.Bottom) {
+            run = more;
+            return;
+        }
+        run.Top = std::min(run.Top, more.Top);
+        run.Bottom = std::max(run.Bottom, more.Bottom);
+    }
+    double Narrowed(double x) const { return (x + 0.5) * samples_; }
+
     std::vector<ColumnRun>& runs_;
+    std::int32_t samples_;
 };
 
 void CoverSparse(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot> dots,
@@ -163,7 +186,7 @@ void CoverSparse(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot
     const std::int32_t width = plot.Width(), height = plot.Height();
     double x = DotToPixel(first, view, width);
     double y = ValueToPixel(dots[static_cast<std::size_t>(first)].Y, view, height);
-    runs.Cover(ColumnRuns::ColumnOf(x), y, y);
+    runs.CoverPoint(x, y);
     for (std::int32_t i = first + 1; i <= last; ++i) {
         const double nextX = DotToPixel(i, view, width);
         const double nextY = ValueToPixel(dots[static_cast<std::size_t>(i)].Y, view, height);
@@ -288,14 +311,16 @@ void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot>
         DrawPoints(plot, view, dots, first, last, colour);
         return;
     }
-    static std::vector<ColumnRun> buffer;  // kept from paint to paint
-    ColumnRuns runs(buffer, plot.Width());
-    if ((view.End - view.Start) / (2 * plot.Width()) <= 1)
+    const bool sparse = (view.End - view.Start) / (2 * plot.Width()) <= 1;
+    const std::int32_t samples = sparse ? SparseSamples : 1;
+    static std::vector<ColumnRun> covered, stroked;  // kept from paint to paint
+    ColumnRuns runs(covered, plot.Width(), samples);
+    if (sparse)
         CoverSparse(runs, view, dots, first, last, plot);
     else
         CoverDense(runs, view, dots, first, last, plot);
-    runs.Thicken(1.4 * plot.Scale());
-    plot.FillColumns(0, buffer, colour);
+    runs.Stroke(CurvePen * plot.Scale(), stroked);
+    plot.FillColumns(0, stroked, samples, colour);
 }
 
 void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,

@@ -21,7 +21,7 @@ extern const PlotColours ScreenColours;
 extern const PlotColours PrintColours;
 inline constexpr Colour RubberColour = 0x00FF00;
 // Drawn in the not-exclusive-or mode, it turns the plot's background into a dark blue.
-inline constexpr Colour SelectionColour = 0xE0D79B;
+inline constexpr Colour SelectionColour = 0xE3DDA0;
 
 /// What the labels of a grid need beside the view: the plot's place and the document's scales.
 struct GridLabels {

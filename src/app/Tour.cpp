@@ -1,2 +1,263 @@
 #include "app/Tour.h"
-int RunTour(const QString&) { return 1; }
+
+#include "app/StartProgram.h"
+#include "app/TourHands.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "platform/Settings.h"
+#include "ui/ActionTable.h"
+#include "ui/Mainfrm.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+// Every step acts through controls and checks the records behind them: a step that shows the
+// right window over the wrong data fails.
+
+namespace {
+
+struct TourState {
+    std::unique_ptr<Mainfrm> Window;
+    QDir Folder;
+    int Pictures = 0;
+    int Failed = 0;
+};
+
+void Step(TourState& tour, const char* what, bool good) {
+    std::printf("%s  %s\n", good ? "ok    " : "FAILED", what);
+    std::fflush(stdout);
+    if (!good) ++tour.Failed;
+}
+
+void Picture(TourState& tour, QWidget* window, const char* name) {
+    const QString number = QString("%1").arg(++tour.Pictures, 2, 10, QChar('0'));
+    TakePicture(window, tour.Folder.filePath(number + "-" + name + ".png"));
+}
+
+void Choose(TourState& tour, const char* menuEntry) {
+    tour.Window->Actions()->Find(menuEntry)->trigger();
+    Settle();
+}
+
+void NewDocument(TourState& tour, const char* dots, const char* vpp, const char* picture) {
+    WithDialog([&] { Click(Control(tour.Window.get(), "NewAnaWaveAresBtn")); },
+               [&](QWidget* dialog) {
+                   TypeInto(Control(dialog, "DotnumTxt"), dots);
+                   TypeInto(Control(dialog, "ampltxt"), vpp);
+                   PressKey(Control(dialog, "ampltxt"), Qt::Key_Tab);
+                   if (picture) Picture(tour, dialog, picture);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
+struct WaveValues {
+    const char* Button;
+    const char *Dots, *Cycles, *Ampl, *Para1;  // null: as the dialog proposes
+};
+
+void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
+    WithDialog([&] { Click(Control(tour.Window.get(), wave.Button)); },
+               [&](QWidget* dialog) {
+                   const std::pair<const char*, const char*> boxes[] = {
+                       {"DotnumTxt", wave.Dots},
+                       {"Cyclestxt", wave.Cycles},
+                       {"ampltxt", wave.Ampl},
+                       {"para1txt", wave.Para1}};
+                   for (const auto& [box, text] : boxes) {
+                       if (text == nullptr) continue;
+                       TypeInto(Control(dialog, box), text);
+                       PressKey(Control(dialog, box), Qt::Key_Tab);
+                   }
+                   if (picture) Picture(tour, dialog, picture);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
+void AnswerFileDialog(QWidget* dialog, const QString& path) {
+    TypeInto(Control(dialog, "fileNameEdit"), path);
+    PressKey(Control(dialog, "fileNameEdit"), Qt::Key_Return);
+}
+
+bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within) {
+    if (wave.Dots != static_cast<std::int32_t>(dots.size())) return false;
+    for (std::size_t i = 0; i < dots.size(); ++i)
+        if (!(std::fabs(wave.DotArray[i].Y - dots[i].Y) <= within)) return false;
+    return true;
+}
+
+std::vector<WaveDot> DotsOf(const AnalogWaveRecord& wave) {
+    return {wave.DotArray.begin(), wave.DotArray.begin() + wave.Dots};
+}
+
+void ShowStart(TourState& tour) {
+    Picture(tour, tour.Window.get(), "start");
+    Step(tour, "the program starts without a document", AnalogDocCount == 0);
+    const QAction* save = tour.Window->Actions()->Find("MnuFile_Save");
+    Step(tour, "commands on documents are closed", !save->isEnabled());
+}
+
+void MakeWave(TourState& tour) {
+    NewDocument(tour, "4096", "2", "property");
+    Step(tour, "a new waveform of 4096 dots", AnalogDocCount == 1 && AnalogDocs[0].MaxDots == 4096);
+    Picture(tour, tour.Window.get(), "new");
+    InsertWave(tour, {"WaveAresBtn0", "1200", "3", "1.7", nullptr}, "standard-wave");
+    Step(tour, "three periods of a sine", AnalogDocs[0].Dots == 1200);
+    InsertWave(tour, {"WaveAresBtn7", "900", "1", "1.9", "10"}, nullptr);
+    InsertWave(tour, {"WaveAresBtn1", "800", "3", "1", "50"}, nullptr);
+    InsertWave(tour, {"WaveAresBtn5", "600", "2", "1.6", "-5"}, "exponential");
+    Step(tour, "sinc, square and decay behind it",
+         AnalogDocs[0].Dots == 3500 && AnalogDocs[0].SegmentCount == 4);
+    Picture(tour, tour.Window.get(), "waves");
+}
+
+void EditWave(TourState& tour) {
+    const AnalogWaveRecord& wave = AnalogDocs[0];
+    const std::vector<WaveDot> before = DotsOf(wave);
+    Choose(tour, "MnuEdit_SelAll");
+    Step(tour, "everything is selected", wave.HasSelection && wave.SelEnd == 3499);
+    Picture(tour, tour.Window.get(), "selected");
+    Click(Control(tour.Window.get(), "CutAresBtn"));
+    Step(tour, "cut leaves an empty waveform", wave.Dots == 0 && ClipDotCount == 3500);
+    Click(Control(tour.Window.get(), "PasteAresBtn"));
+    Step(tour, "paste brings the dots back", SameDots(wave, before, 0.0));
+    Click(Control(tour.Window.get(), "UndoAresBtn"));
+    Step(tour, "undo takes the paste away", wave.Dots == 0);
+    Click(Control(tour.Window.get(), "ResumeAresBtn"));
+    Step(tour, "resume brings it again", SameDots(wave, before, 0.0));
+    Choose(tour, "MnuView_ShowTime");
+    Choose(tour, "MnuView_DotLink");
+    Picture(tour, tour.Window.get(), "dots-over-time");
+    Choose(tour, "MnuView_ShowTime");
+    Choose(tour, "MnuView_DotLink");
+}
+
+void ChangeProperty(TourState& tour) {
+    WithDialog([&] { Choose(tour, "MnuRework_property"); },
+               [&](QWidget* dialog) {
+                   TypeInto(Control(dialog, "ampltxt"), "4");
+                   PressKey(Control(dialog, "ampltxt"), Qt::Key_Tab);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+    const AnalogWaveRecord& wave = AnalogDocs[0];
+    double top = 0.0;
+    for (const WaveDot& dot : DotsOf(wave)) top = std::max(top, dot.Y * wave.Vpp / 2);
+    Step(tour, "twice the range, the same volts", wave.Vpp == 4.0 && std::fabs(top - 0.95) < 0.01);
+    Picture(tour, tour.Window.get(), "property-changed");
+}
+
+void OpenFile(TourState& tour, const QString& path) {
+    WithDialog([&] { Click(Control(tour.Window.get(), "OpenAresBtn")); },
+               [&](QWidget* dialog) { AnswerFileDialog(dialog, path); });
+}
+
+// The instrument's codes always fill its 4096 places: each dot is held until the next.
+std::vector<WaveDot> Spread(const std::vector<WaveDot>& dots) {
+    std::vector<WaveDot> places(4096);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        places[i] = dots[i * dots.size() / places.size()];
+    return places;
+}
+
+void SaveAndOpen(TourState& tour, const char* ending, double within, bool spread) {
+    const QString path = tour.Folder.filePath(QString("waveform.") + ending);
+    QFile::remove(path);
+    WithDialog([&] { Choose(tour, "MnuFile_SaveAs"); },
+               [&](QWidget* dialog) { AnswerFileDialog(dialog, path); });
+    const std::vector<WaveDot> dots = DotsOf(AnalogDocs[0]);
+    Click(Control(Control(tour.Window.get(), "WaveFrm0"), "ExtBtn"));
+    Settle();
+    const bool closed = AnalogDocCount == 0;
+    OpenFile(tour, path);
+    const std::string what = std::string("saved as .") + ending + ", closed and opened again";
+    Step(tour, what.c_str(),
+         closed && AnalogDocCount == 1 && dots.size() == 3500 &&
+             SameDots(AnalogDocs[0], spread ? Spread(dots) : dots, within));
+}
+
+void SpeakChinese(TourState& tour) {
+    Choose(tour, "MnuHelp_Lang_Ch");
+    Step(tour, "the language changes at run time", UseEnglish == 0);
+    Picture(tour, tour.Window.get(), "chinese");
+    WithDialog([&] { Click(Control(tour.Window.get(), "WaveAresBtn3")); },
+               [&](QWidget* dialog) { Picture(tour, dialog, "chinese-standard-wave"); });
+    WithDialog([&] { Choose(tour, "MnuRework_property"); },
+               [&](QWidget* dialog) { Picture(tour, dialog, "chinese-property"); });
+}
+
+void OpenTen(TourState& tour) {
+    while (AnalogDocCount < 10) {
+        const std::int16_t count = AnalogDocCount;
+        NewDocument(tour, "4096", "2", nullptr);
+        if (AnalogDocCount == count) break;
+    }
+    Step(tour, "ten documents are open", AnalogDocCount == 10);
+    bool told = false;
+    WithDialog([&] { Click(Control(tour.Window.get(), "NewAnaWaveAresBtn")); },
+               [&](QWidget* box) {
+                   for (const QLabel* label : box->findChildren<QLabel*>())
+                       told = told || label->text() == QString::fromUtf8("波形文件数目达到上限");
+                   Picture(tour, box, "ten-is-the-limit");
+               });
+    Step(tour, "the eleventh is declined with a message", told && AnalogDocCount == 10);
+    Click(Control(Control(tour.Window.get(), "WaveFrm3"), "ExtBtn"));
+    Settle();
+    NewDocument(tour, "2048", "1", nullptr);
+    Step(tour, "a closed slot is taken again", AnalogInUse[3] && AnalogDocs[3].MaxDots == 2048);
+}
+
+// No key of the dialogs may steer the tour, so it has a store of its own.
+void UseOwnSettings(const TourState& tour) {
+    const QString store = tour.Folder.filePath("settings.ini");
+    QFile::remove(store);
+    UseSettingsStore(store.toStdString());
+}
+
+void EndProgram(TourState& tour) {
+    InsertWave(tour, {"WaveAresBtn6", "500", nullptr, nullptr, nullptr}, nullptr);
+    WithDialog([&] { Click(Control(tour.Window.get(), "ExitAbtn")); },
+               [&](QWidget* box) {
+                   Picture(tour, box, "save-changes");
+                   PressKey(box, Qt::Key_Escape);
+               });
+    Step(tour, "Cancel keeps the program and the changed document", AnalogInUse[3] == Flag(true));
+    Choose(tour, "MnuHelp_Lang_En");
+}
+
+// Without a display the window system says of each window what it cannot do; all else is told.
+void PrintMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith("This plugin does not support"))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+}  // namespace
+
+int RunTour(const QString& folder) {
+    qInstallMessageHandler(PrintMessage);
+    TourState tour;
+    QDir().mkpath(folder);
+    tour.Folder.setPath(QDir(folder).absolutePath());
+    UseOwnSettings(tour);
+    tour.Window.reset(StartProgram());
+    tour.Window->resize(1280, 800);
+    Settle(100);
+    ShowStart(tour);
+    MakeWave(tour);
+    EditWave(tour);
+    ChangeProperty(tour);
+    SaveAndOpen(tour, "txt", 0.0, false);
+    SaveAndOpen(tour, "csv", 0.0025, false);       // volts to three digits, below 1 V at Vpp 4
+    SaveAndOpen(tour, "rdf", 1.0 / 16383, true);   // one step of the 14-bit codes
+    OpenFile(tour, tour.Folder.filePath("waveform.txt"));
+    Picture(tour, tour.Window.get(), "opened-again");
+    SpeakChinese(tour);
+    OpenTen(tour);
+    EndProgram(tour);
+    std::printf("%d pictures in %s\n", tour.Pictures, qPrintable(tour.Folder.path()));
+    return tour.Failed;
+}

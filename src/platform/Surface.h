@@ -54,9 +54,10 @@ public:
     /// Filled box, all four edges included.
     void FillBox(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom,
                  Colour colour);
-    /// Fills one run of rows in each of the columns x0, x0 + 1, ...; a partly covered first or
-    /// last row is blended. Copy mode only.
-    void FillColumns(std::int32_t x0, std::span<const ColumnRun> runs, Colour colour);
+    /// Fills runs of rows in the columns x0, x0 + 1, ...; `samples` runs stand side by side in each
+    /// column. A pixel is blended by the share of it that the runs cover. Copy mode only.
+    void FillColumns(std::int32_t x0, std::span<const ColumnRun> runs, std::int32_t samples,
+                     Colour colour);
     /// Writes UTF-8 text of `size` logical pixels, vertically centred on `y`.
     void Text(std::int32_t x, std::int32_t y, std::string_view text, Colour colour, TextAlign align,
               double size);

@@ -83,11 +83,14 @@ std::string PickFile(Mainfrm& window, const FileChoice& choice) {
             return line.section("*.", -1).chopped(1);
         };
         dialog.selectFile(Text(choice.Name));
-        dialog.setDefaultSuffix(suffixOf(lines.value(0)));
+        dialog.selectNameFilter(lines.value(choice.FilterIndex));
+        dialog.setDefaultSuffix(suffixOf(lines.value(choice.FilterIndex)));
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                          [&](const QString& line) { dialog.setDefaultSuffix(suffixOf(line)); });
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    if (choice.Save)
+        choice.FilterIndex = static_cast<std::int32_t>(lines.indexOf(dialog.selectedNameFilter()));
     return dialog.selectedFiles().constFirst().toStdString();
 }
 

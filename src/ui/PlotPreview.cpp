@@ -10,6 +10,7 @@
 namespace {
 
 constexpr std::int32_t BareSpan = 1000;  // dots of the grid that has no wave
+constexpr int Inset = 8;                 // pixels around the plot, so that the rails stand free
 
 }  // namespace
 
@@ -43,7 +44,8 @@ void PlotPreview::PaintSurface(const QSize& pixels) {
 void PlotPreview::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), CurrentChrome().line);
-    const QRect inside = rect().adjusted(1, 1, -1, -1);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), QColor(ScreenColours.Surround));
+    const QRect inside = rect().adjusted(Inset, Inset, -Inset, -Inset);
     PaintSurface((QSizeF(inside.size()) * devicePixelRatioF()).toSize());
     if (!surface_.IsNull()) painter.drawImage(inside, ImageOf(surface_));
 }

@@ -25,7 +25,7 @@ const ChromePalette LightChrome = {
 
 Chrome TheChrome = Chrome::Dark;
 
-constexpr double DisabledShare = 0.45;  // what a disabled icon or text keeps of its colour
+constexpr double DisabledShare = 0.45;  // what a disabled icon keeps of its opacity
 
 QColor OnAccent() {
     return TheChrome == Chrome::Dark ? QColor(0x0B1015) : QColor(0xFFFFFF);
@@ -151,10 +151,9 @@ private:
         QImage image(size, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);
-        if (disabled) painter.setOpacity(DisabledShare);
         svg.render(&painter, QRectF(QPointF(0, 0), size));
-        painter.setOpacity(1.0);
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        if (disabled) tint.setAlphaF(static_cast<float>(DisabledShare));
         painter.fillRect(image.rect(), tint);
         painter.end();
         drawing = QPixmap::fromImage(std::move(image));

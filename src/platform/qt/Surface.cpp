@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 // The image is RGB32, the format in which not-exclusive-or drawing undoes itself exactly. Single
@@ -16,7 +17,8 @@ struct SurfaceData {
     QImage Image;
     double Scale = 1.0;
     DrawMode Mode = DrawMode::Copy;
-    std::vector<QPoint> Points;  // reused by Polyline
+    std::vector<QPoint> Points;       // reused by Polyline
+    std::vector<std::int32_t> Cover;  // reused by FillColumns, all zero between calls
 };
 
 namespace {
@@ -48,26 +50,22 @@ QRgb Blend(QRgb under, QRgb colour, std::uint32_t weight) {
     return Opaque | redBlue | green;
 }
 
-// A run covers whole rows first..last and parts of the rows above and below, weights in 0..256.
-struct RowCover {
-    std::int32_t First, Last;
-    std::uint32_t Above, Below;
-};
-
-RowCover CoverRows(ColumnRun run, std::int32_t height) {
+// Adds the steps of a run's coverage, 256 for a whole pixel, to a column: the running sum of the
+// steps is the coverage of each row.
+void AddRun(std::vector<std::int32_t>& steps, ColumnRun run, std::int32_t height,
+            std::int32_t& low, std::int32_t& high) {
     const float top = std::max(run.Top, 0.0F);
     const float bottom = std::min(run.Bottom, static_cast<float>(height));
-    RowCover cover{0, -1, 0, 0};
-    if (!(top < bottom)) return cover;
-    cover.First = static_cast<std::int32_t>(std::ceil(top));
-    cover.Last = static_cast<std::int32_t>(std::floor(bottom)) - 1;
-    if (cover.Last < cover.First - 1) {  // inside a single row
-        cover.Above = static_cast<std::uint32_t>((bottom - top) * 256.0F);
-        return cover;
-    }
-    cover.Above = static_cast<std::uint32_t>((static_cast<float>(cover.First) - top) * 256.0F);
-    cover.Below = static_cast<std::uint32_t>((bottom - static_cast<float>(cover.Last + 1)) * 256.0F);
-    return cover;
+    if (!(top < bottom)) return;
+    const auto edge = [&](float at, std::int32_t sign) {
+        const auto row = static_cast<std::int32_t>(at);
+        const auto part = static_cast<std::int32_t>((at - static_cast<float>(row)) * 256.0F);
+        steps[static_cast<std::size_t>(row)] += sign * (256 - part);
+        steps[static_cast<std::size_t>(row) + 1] += sign * part;
+        return row;
+    };
+    low = std::min(low, edge(top, 1));
+    high = std::max(high, edge(bottom, -1));
 }
 
 }  // namespace
@@ -163,27 +161,33 @@ void Surface::FillBox(std::int32_t left, std::int32_t top, std::int32_t right, s
     painter.fillRect(box, QColor::fromRgb(colour));
 }
 
-void Surface::FillColumns(std::int32_t x0, std::span<const ColumnRun> runs, Colour colour) {
-    if (!data_) return;
+void Surface::FillColumns(std::int32_t x0, std::span<const ColumnRun> runs, std::int32_t samples,
+                          Colour colour) {
+    if (!data_ || samples < 1) return;
+    const std::int32_t height = Height();
     const auto stride = static_cast<std::size_t>(data_->Image.bytesPerLine()) / sizeof(QRgb);
     const QRgb solid = Opaque | colour;
-    const std::int32_t height = Height();
+    const std::int32_t whole = 256 * samples - samples;  // less what rounding may lose
+    std::vector<std::int32_t>& steps = data_->Cover;
+    steps.resize(static_cast<std::size_t>(height) + 2);
     QRgb* origin = RowOf(*data_, 0);
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        const std::int32_t x = x0 + static_cast<std::int32_t>(i);
+    for (std::size_t i = 0; i + static_cast<std::size_t>(samples) <= runs.size();
+         i += static_cast<std::size_t>(samples)) {
+        const std::int32_t x = x0 + static_cast<std::int32_t>(i) / samples;
         if (x < 0 || x >= Width()) continue;
-        const RowCover cover = CoverRows(runs[i], height);
-        QRgb* column = origin + x;
-        if (cover.Above > 0) {
-            QRgb& pixel = column[static_cast<std::size_t>(cover.First - 1) * stride];
-            pixel = Blend(pixel, solid, cover.Above);
+        std::int32_t low = height, high = -1;
+        for (const ColumnRun& run : runs.subspan(i, static_cast<std::size_t>(samples)))
+            AddRun(steps, run, height, low, high);
+        std::int32_t cover = 0;
+        QRgb* pixel = origin + static_cast<std::size_t>(low) * stride + x;
+        for (std::int32_t row = low; row <= high; ++row, pixel += stride) {
+            cover += std::exchange(steps[static_cast<std::size_t>(row)], 0);
+            if (row == height || cover <= 0) continue;
+            *pixel = cover >= whole
+                         ? solid
+                         : Blend(*pixel, solid, static_cast<std::uint32_t>(cover / samples));
         }
-        for (std::int32_t row = cover.First; row <= cover.Last; ++row)
-            column[static_cast<std::size_t>(row) * stride] = solid;
-        if (cover.Below > 0) {
-            QRgb& pixel = column[static_cast<std::size_t>(cover.Last + 1) * stride];
-            pixel = Blend(pixel, solid, cover.Below);
-        }
+        steps[static_cast<std::size_t>(high) + 1] = 0;
     }
 }
 

@@ -1,0 +1,26 @@
+#pragma once
+// The hands of the tour: mouse presses, keys and pictures on the real windows.
+#include <QString>
+#include <functional>
+
+class QWidget;
+
+/// Lets events run for a moment.
+void Settle(int milliseconds = 20);
+
+/// Presses and releases the left button in the middle of a widget.
+void Click(QWidget* widget);
+
+/// Types into the widget with the focus on it; the old content is replaced.
+void TypeInto(QWidget* widget, const QString& text);
+void PressKey(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// The control with a name inside a window; the tour ends with a message when there is none.
+QWidget* Control(const QWidget* window, const char* name);
+
+/// Runs `open`, which shows a modal window, and `act` on that window once it stands. The window
+/// is cancelled when `act` leaves it open.
+void WithDialog(const std::function<void()>& open, const std::function<void(QWidget*)>& act);
+
+/// Saves a picture of a window.
+void TakePicture(QWidget* window, const QString& path);
