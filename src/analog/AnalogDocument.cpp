@@ -83,7 +83,9 @@ void ShowWholeWave(AnalogWaveRecord& wave) {
     wave.ExpandToSuit = false;
 }
 
-bool DotsFull(const AnalogWaveRecord& wave) { return wave.Dots >= wave.MaxDots - 1; }
+bool DotsFull(const AnalogWaveRecord& wave) {
+    return wave.Dots >= wave.MaxDots - 1;
+}
 
 std::int16_t FirstFreeAnalogSlot() {
     for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
@@ -145,9 +147,8 @@ std::int16_t ActiveDocumentIndex() {
 bool QueryCloseDocument(std::int16_t index, bool (*save)(std::int16_t index)) {
     const AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
     if (!wave.Modified) return true;
-    const std::string question =
-        UseEnglish == 1 ? "Save changes to " + wave.Name + " ?"
-                        : "是否保存对 " + wave.Name + " 的更改？";
+    const std::string question = UseEnglish == 1 ? "Save changes to " + wave.Name + " ?"
+                                                 : "是否保存对 " + wave.Name + " 的更改？";
     switch (TheHost().Ask(question, Buttons::YesNoCancel, MessageIcon::Question)) {
         case Answer::Yes:
             return save(index);

@@ -34,13 +34,15 @@ const PlotColours PrintColours = {.Surround = 0xFFFFFF,
 namespace {
 
 constexpr std::int32_t VerticalDivisions = 8;
-constexpr double LabelSize = 11.0;      // logical pixels
-constexpr std::int32_t LabelGap = 7;    // between labels and the plot
+constexpr double LabelSize = 11.0;    // logical pixels
+constexpr std::int32_t LabelGap = 7;  // between labels and the plot
 constexpr std::int32_t MarkHeight = 14;
-constexpr double CurvePen = 1.4;            // logical pixels
-constexpr std::int32_t SparseSamples = 4;   // across a pixel, where single dots can be seen
+constexpr double CurvePen = 1.4;           // logical pixels
+constexpr std::int32_t SparseSamples = 4;  // across a pixel, where single dots can be seen
 
-std::int32_t Scaled(double logical, double scale) { return RoundToInt(logical * scale); }
+std::int32_t Scaled(double logical, double scale) {
+    return RoundToInt(logical * scale);
+}
 
 const PlotColours& ColoursOf(const AnalogWaveRecord& wave) {
     return wave.PrintMode ? PrintColours : ScreenColours;
@@ -95,8 +97,7 @@ void DrawDotLabels(Surface& back, std::span<const GridLine> lines, const PlotCol
         const std::string text =
             labels.TimeAxisOn ? TimeToText(GeneralText(line.Dot * step)) : std::to_string(line.Dot);
         const std::int32_t half = back.TextWidth(text, LabelSize) / 2 + 1;
-        const std::int32_t centre =
-            std::min(labels.Plot.X + line.X, back.Width() - half);
+        const std::int32_t centre = std::min(labels.Plot.X + line.X, back.Width() - half);
         if (centre - half < free) continue;
         back.Text(centre, y, text, colours.Label, TextAlign::Centre, LabelSize);
         free = centre + half + gap;
@@ -221,8 +222,8 @@ void CoverDense(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot>
 
 void DrawPoints(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
                 std::int32_t first, std::int32_t last, Colour colour) {
-    const std::int64_t room = std::min<std::int64_t>(last - first + 1,
-                                                     std::int64_t{plot.Width()} * plot.Height());
+    const std::int64_t room =
+        std::min<std::int64_t>(last - first + 1, std::int64_t{plot.Width()} * plot.Height());
     std::vector<PixelPoint> pixels(static_cast<std::size_t>(room));
     static_assert(sizeof(PixelPoint) == 2 * sizeof(std::int32_t));
     const std::int32_t count =
@@ -364,8 +365,8 @@ void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours) {
     const double scale = back.Scale();
     const PixelPoint plot = PlotOrigin(scale);
     wave.VPointerY = static_cast<float>(plot.Y + (1.0 - wave.ViewTop) / 2.0 * wave.PlotHeight);
-    wave.HPointerX = static_cast<float>(
-        plot.X + static_cast<double>(wave.ViewStart) / std::max(wave.MaxDots, 1) * wave.PlotWidth);
+    wave.HPointerX = static_cast<float>(plot.X + static_cast<double>(wave.ViewStart) /
+                                                     std::max(wave.MaxDots, 1) * wave.PlotWidth);
     const std::int32_t reach = Scaled(6, scale), depth = Scaled(4, scale);
     if (wave.YZoomed) {
         const std::int32_t x = Scaled(wave.VPointerX, scale), y = RoundToInt(wave.VPointerY);
@@ -432,8 +433,7 @@ void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
         plot.CopyFrom(wave.WaveSurface);
     if (wave.SegmentMarkOn)
         DrawSegmentMarks(
-            plot, view,
-            std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
+            plot, view, std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
             colours.Mark);
     DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
                   wave.DotLinkOn, colours.Curve);

@@ -25,11 +25,11 @@ inline constexpr Colour SelectionColour = 0xE3DDA0;
 
 /// What the labels of a grid need beside the view: the plot's place and the document's scales.
 struct GridLabels {
-    double Vpp;               // volts
-    double Period;            // seconds
-    std::int32_t MaxDots;     // dots in Period
+    double Vpp;            // volts
+    double Period;         // seconds
+    std::int32_t MaxDots;  // dots in Period
     Flag TimeAxisOn;
-    PixelPoint Plot;          // top left of the plot on the back surface, device pixels
+    PixelPoint Plot;  // top left of the plot on the back surface, device pixels
 };
 
 WaveView ViewOf(const AnalogWaveRecord& wave);

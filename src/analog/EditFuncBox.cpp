@@ -109,7 +109,9 @@ void SwapSnapshot(AnalogWaveRecord& wave) {
     std::swap(wave.Segments, wave.UndoSegments);
 }
 
-void SetUndoAvailable(AnalogWaveRecord& wave, Flag available) { wave.UndoAvailable = available; }
+void SetUndoAvailable(AnalogWaveRecord& wave, Flag available) {
+    wave.UndoAvailable = available;
+}
 void SetResumeAvailable(AnalogWaveRecord& wave, Flag available) {
     wave.ResumeAvailable = available;
 }
@@ -198,8 +200,12 @@ void ResumeAnalog() {
     ExchangeState();
 }
 
-void CutAnalog() { TakeOut(true); }
-void DeleteAnalog() { TakeOut(false); }
+void CutAnalog() {
+    TakeOut(true);
+}
+void DeleteAnalog() {
+    TakeOut(false);
+}
 
 void CopyAnalog() {
     AnalogWaveRecord& wave = ActiveAnalog();

@@ -18,7 +18,9 @@ void EraseSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t coun
     wave.SegmentCount -= count;
 }
 
-std::int32_t RunLength(const WaveSegment& segment) { return segment.EndDot - segment.RunStart + 1; }
+std::int32_t RunLength(const WaveSegment& segment) {
+    return segment.EndDot - segment.RunStart + 1;
+}
 
 // Right neighbour first, then left, so that two custom neighbours become one entry with it.
 void MergeCustomNeighbours(AnalogWaveRecord& wave, std::int32_t index) {

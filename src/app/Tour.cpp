@@ -8,14 +8,14 @@
 #include "ui/ActionTable.h"
 #include "ui/Mainfrm.h"
 
+#include <cmath>
+#include <cstdio>
+#include <memory>
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
-#include <cmath>
-#include <cstdio>
-#include <memory>
 
 // Every step acts through controls and checks the records behind them: a step that shows the
 // right window over the wrong data fails.
@@ -64,11 +64,10 @@ struct WaveValues {
 void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
     WithDialog([&] { Click(Control(tour.Window.get(), wave.Button)); },
                [&](QWidget* dialog) {
-                   const std::pair<const char*, const char*> boxes[] = {
-                       {"DotnumTxt", wave.Dots},
-                       {"Cyclestxt", wave.Cycles},
-                       {"ampltxt", wave.Ampl},
-                       {"para1txt", wave.Para1}};
+                   const std::pair<const char*, const char*> boxes[] = {{"DotnumTxt", wave.Dots},
+                                                                        {"Cyclestxt", wave.Cycles},
+                                                                        {"ampltxt", wave.Ampl},
+                                                                        {"para1txt", wave.Para1}};
                    for (const auto& [box, text] : boxes) {
                        if (text == nullptr) continue;
                        TypeInto(Control(dialog, box), text);
@@ -251,8 +250,8 @@ int RunTour(const QString& folder) {
     EditWave(tour);
     ChangeProperty(tour);
     SaveAndOpen(tour, "txt", 0.0, false);
-    SaveAndOpen(tour, "csv", 0.0025, false);       // volts to three digits, below 1 V at Vpp 4
-    SaveAndOpen(tour, "rdf", 1.0 / 16383, true);   // one step of the 14-bit codes
+    SaveAndOpen(tour, "csv", 0.0025, false);      // volts to three digits, below 1 V at Vpp 4
+    SaveAndOpen(tour, "rdf", 1.0 / 16383, true);  // one step of the 14-bit codes
     OpenFile(tour, tour.Folder.filePath("waveform.txt"));
     Picture(tour, tour.Window.get(), "opened-again");
     SpeakChinese(tour);

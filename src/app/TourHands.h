@@ -1,7 +1,7 @@
 #pragma once
 // The hands of the tour: mouse presses, keys and pictures on the real windows.
-#include <QString>
 #include <functional>
+#include <QString>
 
 class QWidget;
 

@@ -7,8 +7,8 @@
 #include "ui/Mainfrm.h"
 #include "ui/Theme.h"
 
-#include <QApplication>
 #include <memory>
+#include <QApplication>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

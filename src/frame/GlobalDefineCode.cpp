@@ -35,9 +35,9 @@ struct ModelLimits {
 };
 
 constexpr ModelLimits Models[] = {
-    {4096, 0.004, 2e-07},                       // KT1100
-    {524288, 0.04, 8.33333333333333e-08},       // KT2200
-    {1048576, 0.02, 4e-08},                     // KT3300
+    {4096, 0.004, 2e-07},                  // KT1100
+    {524288, 0.04, 8.33333333333333e-08},  // KT2200
+    {1048576, 0.02, 4e-08},                // KT3300
 };
 constexpr double VariantMinPeriod = 2.5e-07;  // early KT1100: 4 MHz in place of 5 MHz
 

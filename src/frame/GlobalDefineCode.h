@@ -33,11 +33,11 @@ extern std::int16_t DigitDocCount;
 extern std::int16_t ActiveDigitIndex;
 extern Flag ActiveIsDigital;
 
-extern Flag PropertyConfirmed;           // set by the OK of the property dialog
-extern Flag PropertyEditMode;            // the property dialog edits an open document
-extern Flag DocReady;                    // false while a window is built: resizes do nothing
+extern Flag PropertyConfirmed;  // set by the OK of the property dialog
+extern Flag PropertyEditMode;   // the property dialog edits an open document
+extern Flag DocReady;           // false while a window is built: resizes do nothing
 extern Flag DocBuilding;
-extern std::int16_t PreviousActiveDoc;   // last built or activated document
+extern std::int16_t PreviousActiveDoc;  // last built or activated document
 
 // The program-wide clipboard of normalised amplitudes; positions are not kept.
 extern std::int32_t ClipDotCount;

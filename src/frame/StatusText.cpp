@@ -13,11 +13,11 @@ struct StatusRow {
 };
 
 constexpr StatusRow StatusRows[] = {
-    {4, "lblEditDotMessage"},     {5, "lbLineDrawEnterMessage"}, {6, "lblSelectDataMessage"},
-    {7, "lbLineDrawEnterMessage"}, {8, "lblSelectDataMessage"},  {9, "lblIdleMessage"},
-    {10, "lblIdleMessage"},       {11, "lblZoomHMessage"},       {12, "lblZoomVMessage"},
-    {13, "lblZoomHVMessage"},     {14, "lblZoomCenterMessage"},  {26, "lblIdleMessage"},
-    {50, "lblDigitIdleMessage"},  {51, "lblFind_Edit_Message"},
+    {4, "lblEditDotMessage"},      {5, "lbLineDrawEnterMessage"}, {6, "lblSelectDataMessage"},
+    {7, "lbLineDrawEnterMessage"}, {8, "lblSelectDataMessage"},   {9, "lblIdleMessage"},
+    {10, "lblIdleMessage"},        {11, "lblZoomHMessage"},       {12, "lblZoomVMessage"},
+    {13, "lblZoomHVMessage"},      {14, "lblZoomCenterMessage"},  {26, "lblIdleMessage"},
+    {50, "lblDigitIdleMessage"},   {51, "lblFind_Edit_Message"},
 };
 
 std::int32_t lastCode = 26;
@@ -30,4 +30,6 @@ void ShowStatus(std::int32_t code) {
         if (row.Code == code) TheHost().ShowStatusText(row.Label, ResText(code));
 }
 
-void ShowStatusAgain() { ShowStatus(lastCode); }
+void ShowStatusAgain() {
+    ShowStatus(lastCode);
+}

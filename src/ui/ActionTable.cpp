@@ -46,7 +46,9 @@ void ActionTable::AddAction(const CommandRow& row, std::string_view name, bool f
     actions_.insert(action->objectName(), action);
 }
 
-QAction* ActionTable::Find(std::string_view name) const { return actions_.value(Text(name)); }
+QAction* ActionTable::Find(std::string_view name) const {
+    return actions_.value(Text(name));
+}
 
 QMenu* ActionTable::MakeMenu(const MenuRow& row, QWidget* parent) {
     auto* menu = new QMenu(parent);

@@ -113,8 +113,8 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     row->addWidget(title);
     row->addWidget(drag_, 1);
     for (QToolButton* button : {minimise_, maximise_, exit_}) row->addWidget(button);
-    for (QWidget* part : {static_cast<QWidget*>(logo), static_cast<QWidget*>(title),
-                          static_cast<QWidget*>(drag_)})
+    for (QWidget* part :
+         {static_cast<QWidget*>(logo), static_cast<QWidget*>(title), static_cast<QWidget*>(drag_)})
         part->installEventFilter(this);
     ApplyTexts();
 }
@@ -137,7 +137,9 @@ void CaptionBar::ApplyTexts() {
     }
 }
 
-void CaptionBar::ShowDocument(const QString& name) { drag_->setText(name); }
+void CaptionBar::ShowDocument(const QString& name) {
+    drag_->setText(name);
+}
 
 void CaptionBar::ShowMaximised(bool maximised) {
     maximise_->setIcon(ThemedIcon(maximised ? "Restore" : "Maximize"));
@@ -159,7 +161,8 @@ bool CaptionBar::eventFilter(QObject*, QEvent* event) {
         auto* mouse = static_cast<QMouseEvent*>(event);
         if (!(mouse->buttons() & Qt::LeftButton)) return false;
         const QPoint to = mouse->globalPosition().toPoint() - grip_;
-        const bool far = (to - window()->pos()).manhattanLength() >= QApplication::startDragDistance();
+        const bool far =
+            (to - window()->pos()).manhattanLength() >= QApplication::startDragDistance();
         if (!moving_ && far) {
             moving_ = !window()->windowHandle()->startSystemMove();
             pressed_ = moving_;

@@ -29,8 +29,8 @@ private:
 
     QLabel* drag_;
     QToolButton *minimise_, *maximise_, *exit_;
-    QPoint grip_;           // press inside the window while it moves by hand
-    bool moving_ = false;   // the window system declined: moved by hand
+    QPoint grip_;          // press inside the window while it moves by hand
+    bool moving_ = false;  // the window system declined: moved by hand
     bool pressed_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include "ui/PropertyFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/StatusStrip.h"
+#include "ui/Theme.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -28,17 +29,26 @@ void AddButton(QMessageBox& box, QMessageBox::ButtonRole role, Answer answer,
     if (answer == Answer::Cancel || box.buttons().size() == 1) box.setEscapeButton(button);
 }
 
+const char* IconName(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Exclamation:
+            return "MessageExclamation";
+        case MessageIcon::Question:
+            return "Help";
+        default:
+            return "MessageInformation";
+    }
+}
+
 Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageIcon icon) {
     QMessageBox box(&window);
     box.setObjectName("MessageBox");
     box.setWindowTitle("TideMark");
     box.setTextFormat(Qt::PlainText);
     box.setText(Text(text));
-    switch (icon) {
-        case MessageIcon::Information: box.setIcon(QMessageBox::Information); break;
-        case MessageIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-        case MessageIcon::Question: box.setIcon(QMessageBox::Question); break;
-    }
+    const QIcon picture = ThemedIcon(IconName(icon));
+    box.setIconPixmap(
+        picture.pixmap(QSize(40, 40), window.devicePixelRatioF(), QIcon::Normal, QIcon::On));
     if (buttons == Buttons::Ok) {
         AddButton(box, QMessageBox::AcceptRole, Answer::Ok, "OK", "确定");
     } else {
@@ -79,9 +89,7 @@ std::string PickFile(Mainfrm& window, const FileChoice& choice) {
     // Whether a file may be overwritten is asked where it is saved.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (choice.Save) {
-        const auto suffixOf = [](const QString& line) {
-            return line.section("*.", -1).chopped(1);
-        };
+        const auto suffixOf = [](const QString& line) { return line.section("*.", -1).chopped(1); };
         dialog.selectFile(Text(choice.Name));
         dialog.selectNameFilter(lines.value(choice.FilterIndex));
         dialog.setDefaultSuffix(suffixOf(lines.value(choice.FilterIndex)));

@@ -209,7 +209,8 @@ bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
     if (!QueryCloseDocument(slot, SaveAnalog)) return true;
     frame->hide();
     for (QMdiSubWindow* other : area_->subWindowList(QMdiArea::ActivationHistoryOrder))
-        if (other != frame && other->isVisibleTo(area_->viewport())) area_->setActiveSubWindow(other);
+        if (other != frame && other->isVisibleTo(area_->viewport()))
+            area_->setActiveSubWindow(other);
     DocumentClosed(slot);
     return true;
 }
@@ -223,7 +224,9 @@ bool Mainfrm::CloseAllDocuments() {
     return true;
 }
 
-void Mainfrm::closeEvent(QCloseEvent* event) { event->setAccepted(CloseAllDocuments()); }
+void Mainfrm::closeEvent(QCloseEvent* event) {
+    event->setAccepted(CloseAllDocuments());
+}
 
 void Mainfrm::ShowContextMenu(QPoint global) {
     RefreshCommands();
@@ -246,6 +249,7 @@ void Mainfrm::FillWindowMenu() {
         entry->setProperty("window", true);
         entry->setCheckable(true);
         entry->setChecked(frame == area_->currentSubWindow());
-        connect(entry, &QAction::triggered, area_, [this, frame] { area_->setActiveSubWindow(frame); });
+        connect(entry, &QAction::triggered, area_,
+                [this, frame] { area_->setActiveSubWindow(frame); });
     }
 }

@@ -1,8 +1,8 @@
 #pragma once
 // The main window: caption strip, menu strip, tool bars, document area and status strip. It draws
 // its own frame; commands reach it through the one table of actions.
-#include <QMainWindow>
 #include <array>
+#include <QMainWindow>
 
 class ActionTable;
 class CaptionBar;

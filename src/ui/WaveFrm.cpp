@@ -6,6 +6,7 @@
 #include "platform/qt/SurfaceImage.h"
 #include "ui/Theme.h"
 
+#include <cmath>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,13 +14,14 @@
 #include <QResizeEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <cmath>
 
 namespace {
 
 constexpr int TitleHeight = 32;
 
-AnalogWaveRecord& RecordOf(std::int16_t slot) { return AnalogDocs[static_cast<std::size_t>(slot)]; }
+AnalogWaveRecord& RecordOf(std::int16_t slot) {
+    return AnalogDocs[static_cast<std::size_t>(slot)];
+}
 
 QString Text(std::string_view control) {
     const std::string_view text = TextOf("WaveFrm", control);
@@ -58,7 +60,9 @@ void WavePic::PaintHint(QPainter& painter) {
     painter.drawText(area.adjusted(0, 0, 0, -area.height() / 4), Qt::AlignCenter, Text("hint"));
 }
 
-void WavePic::contextMenuEvent(QContextMenuEvent* event) { emit ContextAsked(event->globalPos()); }
+void WavePic::contextMenuEvent(QContextMenuEvent* event) {
+    emit ContextAsked(event->globalPos());
+}
 
 WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : QWidget(parent), slot_(slot) {
     setObjectName("WaveFrm");

@@ -45,55 +45,55 @@ struct AnalogWaveRecord {
     std::vector<std::int32_t> PixelMap;  // size MaxDots
 
     // Off-screen layers; all but the first have the plot's size.
-    Surface BackSurface;      // the window's back area with the scale labels
-    Surface PlotSurface;      // the plot as shown
-    Surface GridSurface;      // copy of the plot taken at a mouse press
-    Surface WaveSurface;      // grid and axes, the static layer
-    Surface StaticSurface;    // limit lines over the grid
-    double Vpp = 0.0;         // volts, peak to peak
-    double Period = 0.0;      // seconds for MaxDots dots
+    Surface BackSurface;         // the window's back area with the scale labels
+    Surface PlotSurface;         // the plot as shown
+    Surface GridSurface;         // copy of the plot taken at a mouse press
+    Surface WaveSurface;         // grid and axes, the static layer
+    Surface StaticSurface;       // limit lines over the grid
+    double Vpp = 0.0;            // volts, peak to peak
+    double Period = 0.0;         // seconds for MaxDots dots
     std::int32_t ViewStart = 0;  // first dot shown
     std::int32_t ViewEnd = 0;    // last dot shown, at most MaxDots - 1; may lie beyond Dots - 1
     double ViewTop = 1.0;        // normalised amplitude at the top of the plot
     double ViewBottom = -1.0;    // at the bottom
     std::int32_t PrevViewStart = 0, PrevViewEnd = 0;  // view before the last zoom
     double PrevViewTop = 0.0, PrevViewBottom = 0.0;
-    Flag HasSelection;                   // SelStart..SelEnd is a selection
-    Flag SelectionDragging;              // bounds are exact, not to be taken from the pixels
-    std::int32_t SelStart = 0;           // first selected dot
-    std::int32_t SelEnd = 0;             // last selected dot, inclusive
-    std::int32_t SelAnchor = 0;          // dot where the selection began
-    std::int32_t SelPixelLeft = 0;       // pixel columns of the selection bar as last drawn
+    Flag HasSelection;              // SelStart..SelEnd is a selection
+    Flag SelectionDragging;         // bounds are exact, not to be taken from the pixels
+    std::int32_t SelStart = 0;      // first selected dot
+    std::int32_t SelEnd = 0;        // last selected dot, inclusive
+    std::int32_t SelAnchor = 0;     // dot where the selection began
+    std::int32_t SelPixelLeft = 0;  // pixel columns of the selection bar as last drawn
     std::int32_t SelPixelRight = 0;
-    Flag MouseMoved;                     // the mouse moved since the press
-    Flag MouseArmed = true;              // the next press starts a new selection
-    std::int32_t SelectedSegment = 0;    // segment under a double click
-    std::int32_t LastDot = 0;            // "End:" of files; decisions read Dots
-    std::int32_t UndoLastDot = 0;        // LastDot of the snapshot
-    Flag SelectionFlagA;                 // SelStart is a segment's first dot
-    Flag SelectionFlagB;                 // SelEnd is a segment's last dot
-    Flag SegmentPicked;                  // the selection is exactly PickedSegment
+    Flag MouseMoved;                   // the mouse moved since the press
+    Flag MouseArmed = true;            // the next press starts a new selection
+    std::int32_t SelectedSegment = 0;  // segment under a double click
+    std::int32_t LastDot = 0;          // "End:" of files; decisions read Dots
+    std::int32_t UndoLastDot = 0;      // LastDot of the snapshot
+    Flag SelectionFlagA;               // SelStart is a segment's first dot
+    Flag SelectionFlagB;               // SelEnd is a segment's last dot
+    Flag SegmentPicked;                // the selection is exactly PickedSegment
     std::int32_t PickedSegment = 0;
-    std::int32_t SelFirstSegment = 0;    // first and last segment that the selection touches
+    std::int32_t SelFirstSegment = 0;  // first and last segment that the selection touches
     std::int32_t SelLastSegment = 0;
     Flag SegmentMarkOn = true;
     Flag GridOn = true;
-    Flag DotLinkOn = true;               // dots joined by lines; off: separate points
-    std::int16_t Quantify = 0;           // bits, MinQuantify..MaxQuantify
-    Flag TimeAxisOn;                     // horizontal scale in time, not dots
+    Flag DotLinkOn = true;      // dots joined by lines; off: separate points
+    std::int16_t Quantify = 0;  // bits, MinQuantify..MaxQuantify
+    Flag TimeAxisOn;            // horizontal scale in time, not dots
     Flag XLimitOn;
     Flag YLimitOn;
     Flag DragLimitLeft, DragLimitRight, DragLimitTop, DragLimitBottom;
-    Flag LimitFixed;                     // the limits can neither be switched nor dragged
-    float YLimitBottom = 0.0F, YLimitTop = 0.0F;   // pixels of the plot
-    float XLimitLeft = 0.0F, XLimitRight = 0.0F;   // pixels of the plot
-    Flag RegionLimitOn;                  // at least one limit is on
+    Flag LimitFixed;                              // the limits can neither be switched nor dragged
+    float YLimitBottom = 0.0F, YLimitTop = 0.0F;  // pixels of the plot
+    float XLimitLeft = 0.0F, XLimitRight = 0.0F;  // pixels of the plot
+    Flag RegionLimitOn;                           // at least one limit is on
     Flag UndoAvailable;
     Flag ResumeAvailable;
-    std::int32_t TrackX = 0, TrackY = 0; // mouse position last used by cursor tracking
-    std::int32_t LineX1 = -1;            // start dot of the line boxes; -1: empty
-    double LineY1 = 30.0;                // 30.0: no valid value
-    std::int16_t LineY1Unit = 1;         // divider of a box: 1 for V, 1000 for mV
+    std::int32_t TrackX = 0, TrackY = 0;  // mouse position last used by cursor tracking
+    std::int32_t LineX1 = -1;             // start dot of the line boxes; -1: empty
+    double LineY1 = 30.0;                 // 30.0: no valid value
+    std::int16_t LineY1Unit = 1;          // divider of a box: 1 for V, 1000 for mV
     std::int32_t LineX2 = 0;
     double LineY2 = -1.0;
     std::int16_t LineY2Unit = 1;
@@ -115,22 +115,22 @@ struct AnalogWaveRecord {
     float HPointerX = 0.0F, HPointerY = 4.0F;  // horizontal: column; distance above the plot
     Flag XZoomed;                              // the horizontal view differs from the whole wave
     Flag HPointerDragging;
-    float HPointerSpan = 0.0F;                 // span of the view as a part of MaxDots
-    std::int32_t RubberX1 = 0;                 // zoom band: dots and amplitudes
+    float HPointerSpan = 0.0F;  // span of the view as a part of MaxDots
+    std::int32_t RubberX1 = 0;  // zoom band: dots and amplitudes
     double RubberY1 = 0.0;
     std::int32_t RubberX2 = 0;
     double RubberY2 = 0.0;
     float RubberPixelX1 = 0.0F, RubberPixelY1 = 0.0F, RubberPixelX2 = 0.0F;
-    Flag ExpandToSuit;                   // the view always shows dots 0..Dots-1
+    Flag ExpandToSuit;  // the view always shows dots 0..Dots-1
     Flag ZoomXMode, ZoomYMode, ZoomRegionMode, ZoomCenterMode;
     Flag ZoomUndoAvailable;
-    Flag PrintMode;                      // painting uses the print colours
-    Flag ExpandApplied;                  // the last paint applied ExpandToSuit
+    Flag PrintMode;      // painting uses the print colours
+    Flag ExpandApplied;  // the last paint applied ExpandToSuit
     Flag CursorTrackOn;
     float TrackPixelX = 0.0F, TrackPixelY = 0.0F;
     std::int32_t TrackDot = 0;
     double TrackValue = 0.0;
-    Flag SelectMode = true;              // the rest state of the tools
+    Flag SelectMode = true;  // the rest state of the tools
     Flag HandDrawOn;
     Flag LineDrawOn;
     std::int32_t DrawPrevDot = 0, DrawStartDot = 0;
@@ -140,11 +140,11 @@ struct AnalogWaveRecord {
     std::int32_t DrawSegment = 0;
     Flag LinePending;
     Flag PointEditOn;
-    std::string Name;                    // title, "Waveform" and the slot at first
+    std::string Name;                            // title, "Waveform" and the slot at first
     std::int32_t PlotWidth = 0, PlotHeight = 0;  // device pixels at the last layout
-    Flag Saved;                          // the document has a file
-    Flag Modified;                       // changes since the last save
-    std::string FileName;                // full path
-    std::string FolderName;              // folder of the last file dialog
+    Flag Saved;                                  // the document has a file
+    Flag Modified;                               // changes since the last save
+    std::string FileName;                        // full path
+    std::string FolderName;                      // folder of the last file dialog
     Flag InUse;
 };

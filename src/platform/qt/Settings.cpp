@@ -1,7 +1,7 @@
 #include "platform/Settings.h"
 
-#include <QSettings>
 #include <memory>
+#include <QSettings>
 
 namespace {
 
@@ -29,7 +29,9 @@ QString PathOf(std::string_view section, std::string_view key) {
 
 }  // namespace
 
-void UseSettingsStore(const std::string& path) { storePath = path; }
+void UseSettingsStore(const std::string& path) {
+    storePath = path;
+}
 
 std::string GetSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view fallback) {

@@ -2,11 +2,11 @@
 
 #include "platform/qt/SurfaceImage.h"
 
+#include <algorithm>
+#include <cmath>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
-#include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -52,8 +52,8 @@ QRgb Blend(QRgb under, QRgb colour, std::uint32_t weight) {
 
 // Adds the steps of a run's coverage, 256 for a whole pixel, to a column: the running sum of the
 // steps is the coverage of each row.
-void AddRun(std::vector<std::int32_t>& steps, ColumnRun run, std::int32_t height,
-            std::int32_t& low, std::int32_t& high) {
+void AddRun(std::vector<std::int32_t>& steps, ColumnRun run, std::int32_t height, std::int32_t& low,
+            std::int32_t& high) {
     const float top = std::max(run.Top, 0.0F);
     const float bottom = std::min(run.Bottom, static_cast<float>(height));
     if (!(top < bottom)) return;
@@ -92,10 +92,18 @@ bool Surface::Create(std::int32_t width, std::int32_t height, double scale) {
     return true;
 }
 
-void Surface::Free() { data_.reset(); }
-std::int32_t Surface::Width() const { return data_ ? data_->Image.width() : 0; }
-std::int32_t Surface::Height() const { return data_ ? data_->Image.height() : 0; }
-double Surface::Scale() const { return data_ ? data_->Scale : 1.0; }
+void Surface::Free() {
+    data_.reset();
+}
+std::int32_t Surface::Width() const {
+    return data_ ? data_->Image.width() : 0;
+}
+std::int32_t Surface::Height() const {
+    return data_ ? data_->Image.height() : 0;
+}
+double Surface::Scale() const {
+    return data_ ? data_->Scale : 1.0;
+}
 
 void Surface::Fill(Colour colour) {
     if (data_) data_->Image.fill(Opaque | colour);
@@ -198,8 +206,7 @@ void Surface::Text(std::int32_t x, std::int32_t y, std::string_view text, Colour
     const QFont font = TextFont(*data_, size);
     painter.setFont(font);
     painter.setPen(QColor::fromRgb(colour));
-    const QString shown =
-        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     const QFontMetricsF metrics(font);
     const double width = metrics.horizontalAdvance(shown);
     double left = x;
