@@ -84,7 +84,7 @@ TEST(PlotWaveDot, CoversExactlyThePixelsOfTheFormula) {
         for (int i = std::max(v.first, 0); i <= v.last; ++i) {
             double x =
                 std::nearbyint(static_cast<double>(i - v.start) / (v.end - v.start) * v.width);
-            if (i == v.end) x = v.width - 1;
+            if (i <= v.end && x == v.width) x = v.width - 1;  // the last half column
             const double level = dots[static_cast<std::size_t>(i)].Y;
             const double y = std::nearbyint((v.top - level) / (v.top - v.bottom) * (v.height - 1));
             if (x >= 0 && x < v.width && y >= 0 && y < v.height)
