@@ -1,6 +1,9 @@
 #pragma once
 // The Qt and standard headers that most windows include.
 #ifdef __cplusplus
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -9,9 +12,6 @@
 #include <QPainter>
 #include <QString>
 #include <QWidget>
-#include <algorithm>
-#include <array>
-#include <cstdint>
 #include <string>
 #include <vector>
 #endif

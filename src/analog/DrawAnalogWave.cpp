@@ -56,6 +56,7 @@ struct GridLine {
 std::vector<GridLine> VerticalLines(const WaveView& view, std::int32_t width) {
     std::vector<GridLine> lines;
     const std::int32_t span = view.End - view.Start;
+    if (span <= 0) return lines;
     const GridDivision division = DivideSpan(span);
     for (std::int32_t i = 0; i <= division.Count; ++i) {
         const std::int64_t dot = std::int64_t{division.Step} * i;
@@ -239,8 +240,8 @@ std::int32_t SteadyEdge(std::int32_t edge, std::int32_t drawn) {
 }
 
 void DrawSelection(AnalogWaveRecord& wave, const WaveView& view) {
-    if (view.End <= view.Start) return;
     Surface& plot = wave.PlotSurface;
+    if (plot.IsNull() || view.End <= view.Start) return;
     const std::int32_t left = RoundToInt(DotToPixel(wave.SelStart, view, plot.Width()));
     const std::int32_t right = RoundToInt(DotToPixel(wave.SelEnd, view, plot.Width()));
     wave.SelPixelLeft = SteadyEdge(left, wave.SelPixelLeft);

@@ -238,7 +238,8 @@ void PasteAnalog() {
 
 void SelectAllAnalog() {
     AnalogWaveRecord& wave = ActiveAnalog();
-    const bool whole = wave.HasSelection && wave.SelStart == 0 && wave.SelEnd == wave.Dots - 1;
+    const bool whole = wave.HasSelection && ExactBounds(wave) && wave.SelStart == 0 &&
+                       wave.SelEnd == wave.Dots - 1;
     if (wave.Dots == 0 || whole) return;
     SelectDots(wave, 0, wave.Dots - 1);
     TheHost().RefreshCommands();

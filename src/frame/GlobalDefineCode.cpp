@@ -1,5 +1,11 @@
 #include "frame/GlobalDefineCode.h"
 
+#include "frame/StringFunc.h"
+#include "platform/Settings.h"
+
+#include <optional>
+#include <string>
+
 std::uint8_t InstrumentModel = 0;
 Flag ModelVariant;
 std::int32_t MaxWaveDots = 0, MinWaveDots = 0;
@@ -57,7 +63,16 @@ void SetInstrumentLimits() {
     MinQuantify = 2;
 }
 
+void LoadInstrumentModel() {
+    const std::string stored =
+        GetSetting(ApplicationTitle, "Tidemark_Instrument", "Instrument", "0");
+    const std::optional<double> model = TextToNumber(stored);
+    const bool known = model && (*model == 0.0 || *model == 1.0 || *model == 2.0);
+    InstrumentModel = known ? static_cast<std::uint8_t>(*model) : std::uint8_t{0};
+}
+
 void InitialiseGlobals() {
+    LoadInstrumentModel();
     SetInstrumentLimits();
     ActiveIsDigital = false;
     PropertyConfirmed = false;

@@ -47,7 +47,10 @@ extern Flag ClipAvailable;
 /// Sets the limits for `InstrumentModel` and `ModelVariant`.
 void SetInstrumentLimits();
 
-/// Sets limits and clears the flags of the opening sequence.
+/// Reads the stored instrument model; a missing or unknown one leaves KT1100.
+void LoadInstrumentModel();
+
+/// Sets the limits of the stored model and clears the flags of the opening sequence.
 void InitialiseGlobals();
 
 /// The record of `ActiveAnalogIndex`.

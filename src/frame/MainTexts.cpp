@@ -8,6 +8,8 @@ namespace {
 
 constexpr WindowText Rows[] = {
     {"Mainfrm", "", "TideMark", "TideMark"},
+    {"Mainfrm", "DocumentArea", "Create a waveform with Ctrl+N or open a file with Ctrl+O",
+     "按 Ctrl+N 新建波形，或按 Ctrl+O 打开文件"},
 
     // Caption buttons
     {"Mainfrm", "MinimizeAbtn", "Minimize", "最小化"},

@@ -30,7 +30,7 @@ struct Host {
     /// dialog says, such as the wave type that is preselected.
     std::function<bool(std::string_view window, std::int16_t argument)> RunDialog;
     /// Makes (or reuses) and shows the window of an analog slot and gives the record's surfaces
-    /// their size through `LayoutAnalogWindow`.
+    /// their size through `LayoutAnalogSurfaces`.
     std::function<void(std::int16_t slot)> OpenAnalogWindow;
     std::function<void(std::int16_t slot)> CloseAnalogWindow;
     /// The tag of the active child window: an analog slot 0..9, a digital slot plus 10; -1: none.

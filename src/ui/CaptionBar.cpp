@@ -97,6 +97,7 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     drag_ = new QLabel(this);
     drag_->setObjectName("dragflaglbl");
     drag_->setAlignment(Qt::AlignCenter);
+    drag_->setTextFormat(Qt::PlainText);  // names of files may look like markup
     drag_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     drag_->setForegroundRole(QPalette::PlaceholderText);
     minimise_ = MakeButton("MinimizeAbtn", "Minimize");

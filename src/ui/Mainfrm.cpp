@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QToolBar>
@@ -33,6 +34,24 @@ QString Text(std::string_view window, std::string_view control) {
     const std::string_view text = TextOf(window, control);
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// Without a document the area says how to begin, quietly.
+class DocumentArea : public QMdiArea {
+public:
+    using QMdiArea::QMdiArea;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QMdiArea::paintEvent(event);
+        if (AnalogDocCount + DigitDocCount > 0) return;
+        QPainter painter(viewport());
+        QFont font = painter.font();
+        font.setPixelSize(15);
+        painter.setFont(font);
+        painter.setPen(CurrentChrome().dim);
+        painter.drawText(viewport()->rect(), Qt::AlignCenter, Text("Mainfrm", "DocumentArea"));
+    }
+};
 
 }  // namespace
 
@@ -94,10 +113,13 @@ void Mainfrm::BuildDocumentArea() {
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    area_ = new QMdiArea(centre);
+    area_ = new DocumentArea(centre);
     area_->setObjectName("DocumentArea");
     area_->setBackground(CurrentChrome().base);
     area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    // Every document stays maximised. Otherwise each change of the active one would shrink the
+    // former and enlarge the next, with new surfaces for both.
+    area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     status_ = new StatusStrip(centre);
     column->addWidget(area_, 1);
     column->addWidget(status_);
@@ -174,6 +196,7 @@ void Mainfrm::RefreshCommands() {
 void Mainfrm::ApplyLanguage() {
     actions_->ApplyTexts();
     caption_->ApplyTexts();
+    area_->viewport()->update();
     for (QMdiSubWindow* frame : frames_)
         if (frame != nullptr) static_cast<WaveFrm*>(frame->widget())->ApplyTexts();
 }
@@ -208,9 +231,10 @@ bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
     if (!AnalogInUse[static_cast<std::size_t>(slot)]) return true;
     if (!QueryCloseDocument(slot, SaveAnalog)) return true;
     frame->hide();
+    QMdiSubWindow* before = nullptr;
     for (QMdiSubWindow* other : area_->subWindowList(QMdiArea::ActivationHistoryOrder))
-        if (other != frame && other->isVisibleTo(area_->viewport()))
-            area_->setActiveSubWindow(other);
+        if (other != frame && other->isVisibleTo(area_->viewport())) before = other;
+    if (before != nullptr) area_->setActiveSubWindow(before);
     DocumentClosed(slot);
     return true;
 }
@@ -236,15 +260,16 @@ void Mainfrm::ShowContextMenu(QPoint global) {
 // The open windows stand below the arrangement entries, "1 Waveform0" and so on.
 void Mainfrm::FillWindowMenu() {
     for (QAction* action : windowMenu_->actions())
-        if (action->property("window").isValid()) action->deleteLater();
+        if (action->property("window").isValid()) delete action;
     QAction* line = windowMenu_->addSeparator();
     line->setProperty("window", true);
     int number = 0;
     for (QMdiSubWindow* frame : area_->subWindowList(QMdiArea::CreationOrder)) {
         if (!frame->isVisibleTo(area_->viewport())) continue;
         const QString name = "Mnuwin_W" + QString::number(++number);
-        QAction* entry = windowMenu_->addAction(Text("Mnufrm", name.toStdString()) + " " +
-                                                frame->widget()->windowTitle());
+        QString title = frame->widget()->windowTitle();
+        title.replace('&', "&&");  // a file's name holds no mnemonic
+        QAction* entry = windowMenu_->addAction(Text("Mnufrm", name.toStdString()) + " " + title);
         entry->setObjectName(name);
         entry->setProperty("window", true);
         entry->setCheckable(true);

@@ -68,6 +68,7 @@ WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : QWidget(parent), slot_(sl
     setObjectName("WaveFrm");
     title_ = new QLabel(this);
     title_->setObjectName("lblTitle");
+    title_->setTextFormat(Qt::PlainText);
     QFont bold = title_->font();
     bold.setBold(true);
     title_->setFont(bold);

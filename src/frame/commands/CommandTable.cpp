@@ -18,28 +18,50 @@ bool dotCommandsOn = false;  // kept with exactly one dot, see RefreshDotCommand
 
 // --- when a command is open ---------------------------------------------------------------
 
-bool HasAnalog() { return AnalogDocCount > 0 && !ActiveIsDigital; }
-bool HasNoDigital() { return !ActiveIsDigital; }
-bool CanUndo() { return HasAnalog() && ActiveAnalog().UndoAvailable; }
-bool CanResume() { return HasAnalog() && ActiveAnalog().ResumeAvailable; }
+bool HasAnalog() {
+    return !ActiveIsDigital && bool(AnalogInUse[static_cast<std::size_t>(ActiveAnalogIndex)]);
+}
+bool HasNoDigital() {
+    return !ActiveIsDigital;
+}
+bool CanUndo() {
+    return HasAnalog() && ActiveAnalog().UndoAvailable;
+}
+bool CanResume() {
+    return HasAnalog() && ActiveAnalog().ResumeAvailable;
+}
 bool HasSelectedDots() {
     return HasAnalog() && dotCommandsOn && ActiveAnalog().HasSelection && ActiveAnalog().Dots > 0;
 }
-bool CanPaste() { return HasAnalog() && ClipDotCount != 0; }
-bool HasDots() { return HasAnalog() && ActiveAnalog().Dots > 0; }
-bool HasRoom() { return ActiveAnalog().HasSelection || !DotsFull(ActiveAnalog()); }
-bool CanInsert() { return HasAnalog() && HasRoom(); }
+bool CanPaste() {
+    return HasAnalog() && ClipDotCount != 0;
+}
+bool HasDots() {
+    return HasAnalog() && ActiveAnalog().Dots > 0;
+}
+bool HasRoom() {
+    return ActiveAnalog().HasSelection || !DotsFull(ActiveAnalog());
+}
+bool CanInsert() {
+    return HasAnalog() && HasRoom();
+}
 // The wave buttons stay open without a document: they tell the user to make one.
-bool CanPickWave() { return HasNoDigital() && (AnalogDocCount == 0 || HasRoom()); }
+bool CanPickWave() {
+    return HasNoDigital() && (AnalogDocCount == 0 || HasRoom());
+}
 
 // --- when a switch is on ------------------------------------------------------------------
 
-template <Flag AnalogWaveRecord::* Field>
+template <Flag AnalogWaveRecord::*Field>
 bool IsOn() {
     return HasAnalog() && ActiveAnalog().*Field;
 }
-bool SpeaksEnglish() { return UseEnglish == 1; }
-bool SpeaksChinese() { return UseEnglish == 0; }
+bool SpeaksEnglish() {
+    return UseEnglish == 1;
+}
+bool SpeaksChinese() {
+    return UseEnglish == 0;
+}
 
 // --- what a command does ------------------------------------------------------------------
 
@@ -48,7 +70,7 @@ void Run(std::int16_t) {
     Routine();
 }
 
-template <Flag AnalogWaveRecord::* Field>
+template <Flag AnalogWaveRecord::*Field>
 void Toggle(std::int16_t) {
     AnalogWaveRecord& wave = ActiveAnalog();
     wave.*Field = !(wave.*Field);
@@ -56,10 +78,18 @@ void Toggle(std::int16_t) {
     RepaintAnalog(ActiveAnalogIndex, true);
 }
 
-void Save(std::int16_t) { SaveAnalog(ActiveAnalogIndex); }
-void SaveAs(std::int16_t) { SaveAnalogAs(ActiveAnalogIndex); }
-void SaveAll(std::int16_t) { SaveAllAnalog(); }
-void Exit(std::int16_t) { TheHost().CloseMainWindow(); }
+void Save(std::int16_t) {
+    SaveAnalog(ActiveAnalogIndex);
+}
+void SaveAs(std::int16_t) {
+    SaveAnalogAs(ActiveAnalogIndex);
+}
+void SaveAll(std::int16_t) {
+    SaveAllAnalog();
+}
+void Exit(std::int16_t) {
+    TheHost().CloseMainWindow();
+}
 
 void EditProperty(std::int16_t) {
     PropertyEditMode = true;
@@ -82,6 +112,7 @@ void ChangeLanguage(std::int16_t english) {
     TheHost().RefreshCommands();
 }
 
+// clang-format off
 constexpr CommandRow Rows[] = {
     // File
     {"NewAnaWaveAresBtn", {"MnuFile_New_Analog", "MnuFileAnalog_New"}, "NewAnaWave", "Ctrl+N",
@@ -221,6 +252,7 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuHelp_Lang_Ch"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksChinese, 0},
     {"", {"MnuMin_Show", "MnuMin_ShowEditor"}, "", "", nullptr, nullptr, nullptr, nullptr},
 };
+// clang-format on
 
 using NameIndex = std::unordered_map<std::string_view, const CommandRow*>;
 
@@ -236,7 +268,9 @@ NameIndex IndexNames() {
 
 }  // namespace
 
-std::span<const CommandRow> Commands() { return Rows; }
+std::span<const CommandRow> Commands() {
+    return Rows;
+}
 
 const CommandRow* FindCommand(std::string_view name) {
     static const NameIndex index = IndexNames();
