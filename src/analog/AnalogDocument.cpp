@@ -13,13 +13,6 @@ namespace {
 
 constexpr std::int16_t FirstDigitTag = 10;  // tags of digital windows begin here
 
-bool RoomForDocument() {
-    if (AnalogDocCount + 1 <= MaxDocuments) return true;
-    TheHost().Ask(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"),
-                  Buttons::Ok, MessageIcon::Exclamation);
-    return false;
-}
-
 // Pixels of the plot: two tenths of the width and one eighth of the height stay outside.
 void SetDefaultLimits(AnalogWaveRecord& wave) {
     const auto width = static_cast<float>(wave.PlotWidth);
@@ -91,6 +84,13 @@ std::int16_t FirstFreeAnalogSlot() {
     for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
         if (!AnalogInUse[static_cast<std::size_t>(slot)]) return slot;
     return -1;
+}
+
+bool RoomForDocument() {
+    if (AnalogDocCount + 1 <= MaxDocuments) return true;
+    TheHost().Ask(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"),
+                  Buttons::Ok, MessageIcon::Exclamation);
+    return false;
 }
 
 void NewAnalogDocument() {

@@ -18,6 +18,9 @@ bool DotsFull(const AnalogWaveRecord& wave);
 /// Lowest slot 0..9 not in use; -1 when all are.
 std::int16_t FirstFreeAnalogSlot();
 
+/// Tests the limit of ten documents and tells the user when it is reached.
+bool RoomForDocument();
+
 /// The command New: tests the limit, runs the property dialog, creates the document.
 void NewAnalogDocument();
 

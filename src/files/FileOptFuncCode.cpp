@@ -115,12 +115,6 @@ bool ChooseAndSave(std::int16_t index, std::string_view title) {
     return !path.empty() && SaveTo(index, path);
 }
 
-bool HasRoomForDocument() {
-    if (AnalogDocCount < MaxDocuments && FirstFreeAnalogSlot() >= 0) return true;
-    Complain("Exceed maximum file numbers limit", "波形文件数目达到上限");
-    return false;
-}
-
 bool ReadContent(const std::string& path, AnalogFileContent& content) {
     std::string bytes;
     if (const int error = ReadWholeFile(path, LargestFile, bytes)) {
@@ -165,7 +159,7 @@ bool SaveAllAnalog() {
 }
 
 void OpenAnalog() {
-    if (!HasRoomForDocument()) return;
+    if (!RoomForDocument()) return;
     FileChoice choice;
     choice.Title = PickText("Open File", "打开文件");
     choice.Filter = PickText(FilterEnglish, FilterChinese);
@@ -175,7 +169,7 @@ void OpenAnalog() {
 
 bool OpenAnalogFile(const std::string& path) {
     AnalogFileContent content;
-    if (!HasRoomForDocument() || !ReadContent(path, content)) return false;
+    if (!RoomForDocument() || !ReadContent(path, content)) return false;
 
     const std::int16_t formerIndex = ActiveAnalogIndex;
     const std::int16_t slot = FirstFreeAnalogSlot();

@@ -11,9 +11,11 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QTranslator>
 
 namespace {
 
@@ -109,6 +111,15 @@ bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
     return false;
 }
 
+// The file dialog and the menus of edit boxes come from Qt and have their texts in its catalogue.
+void TranslateQt() {
+    static QTranslator translator;
+    QCoreApplication::removeTranslator(&translator);
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (UseEnglish == 0 && translator.load("qtbase_zh_CN", folder))
+        QCoreApplication::installTranslator(&translator);
+}
+
 void WaitFor(std::int32_t milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
@@ -133,7 +144,10 @@ void InstallHost(Mainfrm& window) {
     host.ShowPlot = [main](std::int16_t slot) { main->ShowPlot(slot); };
     host.ShowTitle = [main](std::int16_t slot) { main->ShowTitle(slot); };
     host.RefreshCommands = [main] { main->RefreshCommands(); };
-    host.ApplyLanguage = [main] { main->ApplyLanguage(); };
+    host.ApplyLanguage = [main] {
+        TranslateQt();
+        main->ApplyLanguage();
+    };
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
         main->Status()->ShowText(Text(label), Text(text));
     };

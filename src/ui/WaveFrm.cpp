@@ -49,7 +49,7 @@ void WavePic::paintEvent(QPaintEvent*) {
     if (wave.InUse && wave.Dots == 0) PaintHint(painter);
 }
 
-// A new document says what to do next, between the axes and quietly.
+// A new document says what to do next, between two grid lines and quietly.
 void WavePic::PaintHint(QPainter& painter) {
     const QColor dim = QColor::fromRgb(ScreenColours.Label);
     painter.setPen(dim);
@@ -57,7 +57,7 @@ void WavePic::PaintHint(QPainter& painter) {
     font.setPixelSize(15);
     painter.setFont(font);
     const QRect area = rect().adjusted(LabelGutter + WaveAreaLeft, WaveAreaTop, -38, -28);
-    painter.drawText(area.adjusted(0, 0, 0, -area.height() / 4), Qt::AlignCenter, Text("hint"));
+    painter.drawText(area.adjusted(0, 0, 0, -area.height() * 3 / 8), Qt::AlignCenter, Text("hint"));
 }
 
 void WavePic::contextMenuEvent(QContextMenuEvent* event) {
