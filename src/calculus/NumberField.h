@@ -13,7 +13,7 @@ struct NumberField {
 
 /// Holds a value to low..high. Where the bounds cross, `high` counts; not a number becomes `low`.
 constexpr double HoldBetween(double value, double low, double high) {
-    if (!(value > low)) value = low;
+    if (!(value >= low)) value = low;
     return value > high ? high : value;
 }
 constexpr std::int32_t HoldBetween(std::int32_t value, std::int32_t low, std::int32_t high) {

@@ -11,30 +11,27 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string>
 #include <vector>
 
 class AnalogFixture : public ::testing::Test {
 protected:
     void SetUp() override {
-        TheHost().Ask = [this](std::string_view text, Buttons, MessageIcon) {
+        TheHost().Ask = [this](auto text, auto, auto) {
             asked.emplace_back(text);
             return answer;
         };
         TheHost().ActiveWindowTag = [this] { return tag; };
-        TheHost().RefreshCommands = [this] { ++refreshes; };
-        TheHost().ShowStatusText = [this](std::string_view, std::string_view text) {
-            status = text;
-        };
+        TheHost().ShowStatusText = [this](auto, auto text) { status = text; };
         for (AnalogWaveRecord& wave : AnalogDocs) wave = AnalogWaveRecord();
         AnalogInUse.fill(false);
         AnalogDocCount = ActiveAnalogIndex = ActiveDigitIndex = 0;
-        ActiveIsDigital = PropertyConfirmed = ClipAvailable = false;
+        ActiveIsDigital = PropertyConfirmed = false;
         ClipDotCount = 0;
-        ClipValues.clear();
         UseEnglish = 1;
     }
-    void TearDown() override { TheHost() = silent_; }
+    void TearDown() override { TheHost() = silent; }
 
     /// An open document in `slot`, made the active one, with a run of `count` dots for each letter
     /// of `runs`: c custom, g generated, of kind 1. Dot n stands at n / 1000, so that a moved dot
@@ -47,7 +44,6 @@ protected:
         AnalogWaveRecord& wave = ActiveAnalog();
         ResetDocumentState(wave);
         AllocateDots(wave, maxDots);
-        wave.Vpp = 4.0;
         wave.Modified = false;
         for (const char run : runs) {
             AppendSegment(wave, {.Custom = run == 'c', .Kind = run == 'g', .DotCount = count},
@@ -59,27 +55,18 @@ protected:
         return wave;
     }
 
-    /// The segment list as text: "g0-99 c100-199".
+    /// The segment list as text: "g0-99 c100-199"; s for a wave of kind 7, "@50" behind a segment
+    /// that was first generated there.
     static std::string Runs(const AnalogWaveRecord& wave) {
         std::string text;
-        for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
-            const WaveSegment& segment = wave.Segments[i];
-            if (i > 0) text += ' ';
-            text += segment.Custom ? 'c' : 'g';
+        for (const WaveSegment& segment : std::span(wave.Segments).first(wave.SegmentCount)) {
+            if (!text.empty()) text += ' ';
+            text += segment.Custom ? 'c' : segment.Kind == 7 ? 's' : 'g';
             text += std::to_string(segment.RunStart) + '-' + std::to_string(segment.EndDot);
+            if (segment.StartDot != segment.RunStart)
+                text += '@' + std::to_string(segment.StartDot);
         }
         return text;
-    }
-    static std::vector<std::int32_t> Starts(const AnalogWaveRecord& wave) {
-        std::vector<std::int32_t> starts;
-        for (std::int32_t i = 0; i < wave.SegmentCount; ++i)
-            starts.push_back(wave.Segments[i].StartDot);
-        return starts;
-    }
-    static std::vector<double> Values(const AnalogWaveRecord& wave) {
-        std::vector<double> values;
-        for (std::int32_t i = 0; i < wave.Dots; ++i) values.push_back(wave.DotArray[i].Y);
-        return values;
     }
 
     /// What every edit must leave: segments cover the dots, X counts them, Y and the selection lie
@@ -87,30 +74,21 @@ protected:
     static void ExpectSound(const AnalogWaveRecord& wave) {
         std::int32_t next = 0;
         ASSERT_GE(std::ssize(wave.Segments), wave.SegmentCount);
-        for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
-            const WaveSegment& segment = wave.Segments[i];
-            ASSERT_EQ(segment.RunStart, next) << Runs(wave);
-            ASSERT_GE(segment.EndDot, segment.RunStart) << Runs(wave);
-            ASSERT_EQ(segment.DotCount, segment.EndDot - segment.RunStart + 1) << Runs(wave);
-            next = segment.EndDot + 1;
+        for (const WaveSegment& segment : std::span(wave.Segments).first(wave.SegmentCount)) {
+            ASSERT_TRUE(segment.RunStart == next && segment.DotCount > 0) << Runs(wave);
+            next += segment.DotCount;
+            ASSERT_EQ(segment.EndDot, next - 1) << Runs(wave);
         }
-        ASSERT_EQ(next, wave.Dots) << Runs(wave);
-        ASSERT_EQ(wave.LastDot, std::max(wave.Dots - 1, 0));
-        for (std::int32_t i = 0; i < wave.Dots; ++i) {
-            ASSERT_EQ(wave.DotArray[i].X, i);
-            ASSERT_LE(std::abs(wave.DotArray[i].Y), 1.0) << i;
-        }
+        ASSERT_TRUE(next == wave.Dots && wave.LastDot == std::max(next - 1, 0)) << Runs(wave);
+        for (std::int32_t i = 0; i < wave.Dots; ++i)
+            ASSERT_TRUE(wave.DotArray[i].X == i && std::abs(wave.DotArray[i].Y) <= 1.0) << i;
         if (!wave.HasSelection) return;
-        ASSERT_TRUE(0 <= wave.SelStart && wave.SelStart <= wave.SelEnd && wave.SelEnd < wave.Dots)
-            << wave.SelStart << ".." << wave.SelEnd << " of " << wave.Dots;
+        ASSERT_TRUE(0 <= wave.SelStart && wave.SelStart <= wave.SelEnd && wave.SelEnd < wave.Dots);
     }
 
     std::vector<std::string> asked;  // texts of the message boxes
     Answer answer = Answer::Ok;      // to each of them
     std::int16_t tag = -1;           // of the active child window
-    int refreshes = 0;               // of the command states
     std::string status;              // last hint of the status strip
-
-private:
-    const Host silent_ = TheHost();
+    const Host silent = TheHost();   // before the test
 };

@@ -1,6 +1,5 @@
 #include "analog/AnalogFixture.h"
 
-#include <algorithm>
 #include <functional>
 #include <random>
 
@@ -11,137 +10,118 @@ namespace {
 
 constexpr std::int32_t Capacity = 400;
 
-struct Model {
-    std::vector<double> dots, snapshot, clip;
-    bool undo = false, resume = false;
-
-    void Begin() {
-        snapshot = dots;
-        undo = true;
-        resume = false;
-    }
-    void Exchange(bool undone) {
-        std::swap(dots, snapshot);
-        undo = !undone;
-        resume = undone;
-    }
-    void Replace(std::int32_t first, std::int32_t last, const std::vector<double>& with) {
-        dots.erase(dots.begin() + first, dots.begin() + last + 1);
-        dots.insert(dots.begin() + first, with.begin(), with.end());
-    }
-};
-
 class RandomEditTest : public AnalogFixture, public ::testing::WithParamInterface<unsigned> {
 protected:
     std::int32_t Pick(std::int32_t low, std::int32_t high) {
         return std::uniform_int_distribution(low, high)(random_);
     }
-    std::vector<double> Content(std::int32_t count) {
-        std::vector<double> values(count);
-        for (double& value : values) value = Pick(-1000, 1000) / 1000.0;
-        return values;
+    void Begin() {
+        snapshot_ = dots_;
+        otherRuns_ = Runs(*wave_);
+        undo_ = true;
+        resume_ = false;
     }
-    void Append() {
-        const std::int32_t room = Capacity - wave_->Dots;
+    // Writes new dots at the end ('a') or over the selection, as a wave ('w') or free-form ('f').
+    // The engine leaves the dots to its caller.
+    void Write(char kind) {
+        if (kind != 'a' && !wave_->HasSelection) return;
+        const std::int32_t first = kind == 'a' ? wave_->Dots : wave_->SelStart;
+        const std::int32_t end = kind == 'a' ? wave_->Dots : wave_->SelEnd + 1;
+        const std::int32_t room = Capacity - wave_->Dots + end - first;
         if (room == 0) return;
-        const std::vector<double> added = Content(Pick(1, std::min(room, 60)));
-        const auto count = static_cast<std::int32_t>(added.size());
-        model_.Begin();
+        const std::int32_t count = Pick(1, std::min(room, 80));
+        Begin();
         BeginEdit(*wave_);
-        AppendSegment(*wave_, {.Custom = Pick(0, 2) == 0, .DotCount = count}, wave_->Dots);
-        model_.dots.insert(model_.dots.end(), added.begin(), added.end());
-        TakeModelDots();
-    }
-    // The selection becomes a wave (or free-form dots) of another length.
-    void Replace(bool generated) {
-        if (!wave_->HasSelection) return;
-        const std::int32_t first = wave_->SelStart, last = wave_->SelEnd;
-        const std::int32_t room = Capacity - wave_->Dots + (last - first + 1);
-        const std::vector<double> with = Content(Pick(1, std::min(room, 80)));
-        const auto count = static_cast<std::int32_t>(with.size());
-        model_.Begin();
-        BeginEdit(*wave_);
-        generated ? ReplaceRunSegments(*wave_, {.DotCount = count}) : MarkRunCustom(*wave_, count);
-        model_.Replace(first, last, with);
-        TakeModelDots();
-    }
-    // The engine leaves the dots to its caller: here they are the model's.
-    void TakeModelDots() {
-        wave_->Dots = static_cast<std::int32_t>(model_.dots.size());
-        wave_->LastDot = std::max(wave_->Dots - 1, 0);
-        for (std::int32_t i = 0; i < wave_->Dots; ++i)
-            wave_->DotArray[i] = {double(i), model_.dots[i]};
+        if (kind == 'a')
+            AppendSegment(*wave_, {.Custom = Pick(0, 2) == 0, .DotCount = count}, first);
+        else if (kind == 'w')
+            ReplaceRunSegments(*wave_, {.DotCount = count});
+        else
+            MarkRunCustom(*wave_, count);
+        dots_.erase(dots_.begin() + first, dots_.begin() + end);
+        dots_.insert(dots_.begin() + first, count, 0.0);
+        for (std::int32_t i = 0; i < count; ++i) dots_[first + i] = Pick(-1000, 1000) / 1000.0;
+        wave_->Dots = static_cast<std::int32_t>(dots_.size());
+        wave_->LastDot = wave_->Dots - 1;
+        for (std::int32_t i = 0; i < wave_->Dots; ++i) wave_->DotArray[i] = {double(i), dots_[i]};
         EndEdit(0);
     }
-    void TakeOut(bool copies, bool removes) {
-        const bool selected = bool(wave_->HasSelection);
-        const std::int32_t first = wave_->SelStart, last = wave_->SelEnd;
-        if (removes) model_.Begin();
+    // Copies (0), cuts (1) or deletes (2) the selection.
+    void TakeOut(std::int32_t kind) {
+        const bool copies = kind != 2, removes = kind != 0;
+        if (removes) Begin();
+        if (wave_->HasSelection) {
+            const auto first = dots_.begin() + wave_->SelStart;
+            const auto end = dots_.begin() + wave_->SelEnd + 1;
+            if (copies) clip_.assign(first, end);
+            if (removes) dots_.erase(first, end);
+        }
         !removes ? CopyAnalog() : copies ? CutAnalog() : DeleteAnalog();
-        if (!selected) return;
-        const auto begin = model_.dots.begin();
-        if (copies) model_.clip.assign(begin + first, begin + last + 1);
-        if (removes) model_.Replace(first, last, {});
     }
     void Paste() {
+        if (!clip_.empty() && dots_.size() < Capacity - 1) {
+            Begin();
+            resume_ = true;
+            const auto count = std::min(clip_.size(), Capacity - dots_.size());
+            dots_.insert(dots_.end(), clip_.begin(), clip_.begin() + std::ptrdiff_t(count));
+        }
         PasteAnalog();
-        const auto dots = static_cast<std::int32_t>(model_.dots.size());
-        if (model_.clip.empty() || dots >= Capacity - 1) return;
-        model_.Begin();
-        model_.resume = true;
-        const auto count = std::min(static_cast<std::int32_t>(model_.clip.size()), Capacity - dots);
-        model_.dots.insert(model_.dots.end(), model_.clip.begin(), model_.clip.begin() + count);
     }
     void Exchange(bool undo) {
+        const std::string before = Runs(*wave_);
         undo ? UndoAnalog() : ResumeAnalog();
-        if (undo ? model_.undo : model_.resume) model_.Exchange(undo);
+        if (!(undo ? undo_ : resume_)) return;
+        std::swap(dots_, snapshot_);
+        undo_ = !undo;
+        resume_ = undo;
+        EXPECT_EQ(Runs(*wave_), std::exchange(otherRuns_, before));
+    }
+    void SelectAll() {
+        wave_->SegmentPicked = wave_->SelectionDragging = false;  // as a bar drawn with the mouse
+        SelectAllAnalog();
     }
     void Select() {
-        const std::int32_t first = Pick(0, std::max(wave_->Dots - 1, 0));
-        SelectDots(*wave_, first, first + Pick(0, 60));
+        const std::int32_t last = std::max(wave_->Dots - 1, 0);
+        const std::int32_t from = Pick(-10, last + 10), to = from + Pick(-5, 60);
+        SelectDots(*wave_, from, to);
+        if (dots_.empty()) return;
+        EXPECT_EQ(wave_->SelStart, std::clamp(from, 0, last));
+        EXPECT_EQ(wave_->SelEnd, std::clamp(to, wave_->SelStart, last));
     }
 
-    const std::pair<const char*, std::function<void()>> steps_[12] = {
-        {"append", [this] { Append(); }},
-        {"wave", [this] { Replace(true); }},
-        {"free-form", [this] { Replace(false); }},
-        {"copy", [this] { TakeOut(true, false); }},
-        {"cut", [this] { TakeOut(true, true); }},
-        {"delete", [this] { TakeOut(false, true); }},
-        {"paste", [this] { Paste(); }},
-        {"undo", [this] { Exchange(true); }},
-        {"resume", [this] { Exchange(false); }},
-        {"select all", [this] { SelectAllAnalog(); }},
-        {"select", [this] { Select(); }},
-        {"pick", [this] { PickSegment(*wave_, Pick(0, std::max(wave_->SegmentCount - 1, 0))); }},
-    };
+    const std::function<void()> steps_[7] = {
+        [this] { Write("awf"[Pick(0, 2)]); },
+        [this] { TakeOut(Pick(0, 2)); },
+        [this] { Paste(); },
+        [this] { Exchange(Pick(0, 1) == 0); },
+        [this] { SelectAll(); },
+        [this] { Select(); },
+        [this] { PickSegment(*wave_, Pick(0, std::max(wave_->SegmentCount - 1, 0))); }};
     AnalogWaveRecord* wave_ = nullptr;
-    Model model_;
-
-private:
+    std::vector<double> dots_, snapshot_, clip_;
+    std::string otherRuns_;  // segments of the snapshot
+    bool undo_ = false, resume_ = false;
     std::mt19937 random_{GetParam()};
 };
 
 TEST_P(RandomEditTest, AgreesWithAPlainListOfDots) {
     wave_ = &MakeDocument("", 0, Capacity);
     for (int step = 0; step < 4000; ++step) {
-        const auto& [name, run] = steps_[Pick(0, 11)];
-        SCOPED_TRACE(::testing::Message()
-                     << "seed " << GetParam() << ", step " << step << ": " << name);
-        run();
+        const std::int32_t kind = Pick(0, 6);
+        SCOPED_TRACE(::testing::Message() << "step " << step << " of kind " << kind);
+        steps_[kind]();
         ASSERT_NO_FATAL_FAILURE(ExpectSound(*wave_));
-        ASSERT_EQ(Values(*wave_), model_.dots);
-        ASSERT_EQ(bool(wave_->UndoAvailable), model_.undo);
-        ASSERT_EQ(bool(wave_->ResumeAvailable), model_.resume);
-        ASSERT_EQ(ClipDotCount, std::ssize(model_.clip));
+        ASSERT_TRUE(std::ranges::equal(std::span(wave_->DotArray).first(wave_->Dots), dots_, {},
+                                       &WaveDot::Y));
+        ASSERT_TRUE(wave_->UndoAvailable == undo_ && wave_->ResumeAvailable == resume_);
+        ASSERT_EQ(ClipDotCount, std::ssize(clip_));
         if (!wave_->SegmentPicked) continue;
         const WaveSegment& picked = wave_->Segments[wave_->PickedSegment];
-        ASSERT_EQ(picked.RunStart, wave_->SelStart);
-        ASSERT_EQ(picked.EndDot, wave_->SelEnd);
+        ASSERT_TRUE(picked.RunStart == wave_->SelStart && picked.EndDot == wave_->SelEnd);
     }
     EXPECT_FALSE(asked.empty()) << "the document was never full";
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomEditTest, ::testing::Values(1U, 2U, 3U, 20240607U));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEditTest, ::testing::Values(1U, 2U, 20240607U));
 
 }  // namespace

@@ -1,61 +1,49 @@
 #pragma once
-// One open document in slot 0, a KT1100's limits and a store of settings for each test.
-#include "analog/AnalogDocument.h"
-#include "analog/EditFuncBox.h"
-#include "analog/SegmentEngine.h"
-#include "frame/GlobalDefineCode.h"
+// Documents under a KT1100's limits, and a store of settings for each test.
+#include "analog/AnalogFixture.h"
 #include "platform/Settings.h"
-
-#include <gtest/gtest.h>
 
 #include <unistd.h>
 #include <cstdio>
-#include <string>
+#include <initializer_list>
+#include <tuple>
+#include <utility>
 
 inline constexpr std::string_view PropertySection = "Tidemark_Property";
 inline constexpr std::string_view WaveSection = "Tidemark_InsertWave";
 
-class DialogFixture : public ::testing::Test {
+/// Typed texts, each with what its box shows once it is left; keys of settings with their texts.
+using TextPairs = std::vector<std::pair<const char*, const char*>>;
+
+class DialogFixture : public AnalogFixture {
 protected:
     void SetUp() override {
-        store_ = ::testing::TempDir() + "calculus" + std::to_string(getpid()) + ".ini";
+        AnalogFixture::SetUp();
         std::remove(store_.c_str());
         UseSettingsStore(store_);
         InstrumentModel = 0;
         ModelVariant = false;
         SetInstrumentLimits();
-        for (AnalogWaveRecord& wave : AnalogDocs) wave = AnalogWaveRecord();
-        AnalogInUse.fill(false);
-        AnalogInUse[0] = true;
-        ActiveAnalogIndex = 0;
         PropertyEditMode = true;
     }
-    void TearDown() override { std::remove(store_.c_str()); }
+    ~DialogFixture() override { std::remove(store_.c_str()); }
 
-    /// Empties the document: `maxDots` of capacity, 4 V peak to peak.
-    static AnalogWaveRecord& MakeDocument(std::int32_t maxDots) {
-        AnalogWaveRecord& wave = ActiveAnalog();
-        AllocateDots(wave, maxDots);
+    /// As the base's, in 4 V peak to peak.
+    static AnalogWaveRecord& MakeDocument(std::string_view runs, int count, int maxDots) {
+        AnalogWaveRecord& wave = AnalogFixture::MakeDocument(runs, count, maxDots);
         wave.Vpp = 4.0;
-        wave.Period = 1e-3;
-        wave.Quantify = 12;
         return wave;
     }
-    /// Appends a free-form segment of `count` dots, dot n at n / 100.
-    static void AddCustom(std::int32_t count) {
-        AnalogWaveRecord& wave = ActiveAnalog();
-        WaveSegment made;
-        made.DotCount = count;
-        AppendSegment(wave, made, wave.Dots);
-        for (; count > 0; --count, ++wave.Dots) {
-            wave.DotArray[wave.Dots] = {double(wave.Dots), wave.Dots / 100.0};
-        }
-        wave.LastDot = wave.Dots - 1;
+    static void Save(std::string_view section, const TextPairs& settings) {
+        for (const auto& [key, text] : settings) SaveSetting(ApplicationTitle, section, key, text);
     }
-    static std::string Setting(std::string_view section, std::string_view key) {
-        return GetSetting(ApplicationTitle, section, key, "absent");
+    /// The texts saved under the keys, "-" where there is none: "2 0 - ".
+    static std::string Saved(std::string_view section, std::initializer_list<const char*> keys) {
+        std::string text;
+        for (const char* key : keys) text += GetSetting(ApplicationTitle, section, key, "-") + " ";
+        return text;
     }
 
 private:
-    std::string store_;
+    const std::string store_ = ::testing::TempDir() + std::to_string(getpid()) + ".ini";
 };

@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 inline AnalogWaveRecord GoldenWave() {
     AnalogWaveRecord wave;
@@ -17,22 +16,7 @@ inline AnalogWaveRecord GoldenWave() {
     wave.DotArray = {{0, -1.0}, {1, 0.1}, {2, 5e-5}, {}, {}, {}, {}, {}};
     wave.SegmentCount = 1;
     wave.Segments.resize(2);  // the second element is not used
-    wave.Segments[0] = {.Custom = false,
-                        .StartDot = 0,
-                        .RunStart = 0,
-                        .EndDot = 2,
-                        .Kind = 2,
-                        .DotCount = 3,
-                        .Amplitude = 0.1F,
-                        .Offset = -0.5F,
-                        .Cycles = 1,
-                        .Phase = 90.0F,
-                        .Duty = 50,
-                        .PWidthDots = 4,
-                        .SlopeDots = 5,
-                        .Symmetry = 60,
-                        .Overzero = 10,
-                        .Damp = -5.0F};
+    wave.Segments[0] = {false, 0, 0, 2, 2, 3, 0.1F, -0.5F, 1, 90.0F, 50, 4, 5, 60, 10, -5.0F};
     return wave;
 }
 
@@ -52,25 +36,9 @@ inline const std::string GoldenCsv =
     "End:,2\r\nWave:,1\r\n\r\nX,Y[V]\r\n"
     "0,-1.25E00\r\n1,1.25E-01\r\n2,6.25E-05\r\n" GOLDEN_SEGMENT;
 
-inline std::vector<std::string> LinesOf(std::string_view file) {
-    std::vector<std::string> lines;
-    while (!file.empty()) {
-        const auto end = file.find("\r\n");
-        lines.emplace_back(file.substr(0, end));
-        file.remove_prefix(end + 2);
-    }
-    return lines;
-}
-
-inline std::string JoinLines(const std::vector<std::string>& lines, std::string_view end = "\r\n") {
-    std::string file;
-    for (const std::string& line : lines) file.append(line).append(end);
-    return file;
-}
-
 /// The file with one line, counted from 1, changed.
-inline std::string WithLine(std::string_view file, std::size_t number, std::string_view text) {
-    std::vector<std::string> lines = LinesOf(file);
-    lines.at(number - 1) = text;
-    return JoinLines(lines);
+inline std::string WithLine(std::string file, int number, std::string_view text) {
+    std::size_t at = 0;
+    for (; number > 1; --number) at = file.find("\r\n", at) + 2;
+    return file.replace(at, file.find("\r\n", at) - at, text);
 }

