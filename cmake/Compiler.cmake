@@ -15,6 +15,10 @@ if(TIDEMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The sanitizers' own code makes g++ report false positives inside std::function.
+    add_compile_options(-Wno-maybe-uninitialized)
+  endif()
 endif()
 
 # tm_library(NAME FOLDER [QT] LINK lib...): a static library of every source in src/FOLDER.
