@@ -404,12 +404,6 @@ void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::i
         layer->Create(width, height, scale);
 }
 
-void FreeAnalogSurfaces(AnalogWaveRecord& wave) {
-    for (Surface* layer : {&wave.BackSurface, &wave.PlotSurface, &wave.GridSurface,
-                           &wave.WaveSurface, &wave.StaticSurface})
-        layer->Free();
-}
-
 void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
     if (index < 0 || index > MaxDocuments) return;
     AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];

@@ -76,7 +76,6 @@ void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours);
 /// and moves the limit lines with the plot. Surfaces that cannot be made stay null.
 void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::int32_t backHeight,
                           double scale);
-void FreeAnalogSurfaces(AnalogWaveRecord& wave);
 
 /// Paints the document of a slot and asks the host to show it. `fullRedraw` rebuilds the grid and
 /// the labels, needed where the view, a scale or a display flag changed.

@@ -85,7 +85,6 @@ void TakeOut(bool toClipboard) {
 void ExchangeState() {
     AnalogWaveRecord& wave = ActiveAnalog();
     SwapSnapshot(wave);
-    wave.Modified = true;
     if (wave.ExpandToSuit && wave.Dots >= 1) wave.ViewEnd = std::max(wave.Dots - 1, 1);
     EndEdit(ActiveAnalogIndex, true);
 }

@@ -347,15 +347,9 @@ char* WriteExponent2(char* to, double value) {
     return std::ranges::copy(FormatPattern(value, "0.00E-00"), to).out;
 }
 
-void AppendShortest(std::string& to, double value) {
-    std::array<char, NumberWidth> text;
-    to.append(text.data(), WriteShortest(text.data(), value));
-}
-
 std::string ShortestText(double value) {
-    std::string text;
-    AppendShortest(text, value);
-    return text;
+    std::array<char, NumberWidth> text;
+    return {text.data(), WriteShortest(text.data(), value)};
 }
 
 std::string ShortestText(float value) {

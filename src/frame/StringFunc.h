@@ -44,9 +44,6 @@ char* WriteShortest(char* to, double value);
 /// of a whole waveform. No closing zero byte.
 char* WriteExponent2(char* to, double value);
 
-/// As WriteShortest, behind the text that is there.
-void AppendShortest(std::string& to, double value);
-
 /// As WriteShortest. The float form has the fewer digits that 32 bits need.
 std::string ShortestText(double value);
 std::string ShortestText(float value);

@@ -6,7 +6,6 @@ Host& TheHost() {
         .ChooseFile = [](const FileChoice&) { return std::string(); },
         .RunDialog = [](std::string_view, std::int16_t) { return false; },
         .OpenAnalogWindow = [](std::int16_t) {},
-        .CloseAnalogWindow = [](std::int16_t) {},
         .ActiveWindowTag = [] { return std::int16_t{-1}; },
         .ShowPlot = [](std::int16_t) {},
         .ShowTitle = [](std::int16_t) {},

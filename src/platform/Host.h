@@ -32,7 +32,6 @@ struct Host {
     /// Makes (or reuses) and shows the window of an analog slot and gives the record's surfaces
     /// their size through `LayoutAnalogSurfaces`.
     std::function<void(std::int16_t slot)> OpenAnalogWindow;
-    std::function<void(std::int16_t slot)> CloseAnalogWindow;
     /// The tag of the active child window: an analog slot 0..9, a digital slot plus 10; -1: none.
     std::function<std::int16_t()> ActiveWindowTag;
     /// Brings the picture of an analog slot from its surfaces to the screen.

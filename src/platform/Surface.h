@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string>
 #include <string_view>
 
 using Colour = std::uint32_t;  // 0xRRGGBB
@@ -65,7 +64,6 @@ public:
 
     /// The colour at a pixel; 0 on a null surface or outside.
     Colour Pixel(std::int32_t x, std::int32_t y) const;
-    bool SavePng(const std::string& path) const;
 
     SurfaceData* Data() const { return data_.get(); }  // for the windows that show the image
 

@@ -2,6 +2,7 @@
 
 #include "frame/commands/CommandTable.h"
 #include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
 #include "ui/Theme.h"
 
 #include <QAction>
@@ -9,13 +10,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-namespace {
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
+namespace {}  // namespace
 
 ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
     for (const CommandRow& row : Commands()) {
@@ -30,11 +25,11 @@ ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
 
 void ActionTable::AddAction(const CommandRow& row, std::string_view name, bool first) {
     auto* action = new QAction(window_);
-    action->setObjectName(Text(name));
+    action->setObjectName(ToQt(name));
     action->setCheckable(row.Checked != nullptr);
-    if (!row.Icon.empty()) action->setIcon(ThemedIcon(Text(row.Icon)));
+    if (!row.Icon.empty()) action->setIcon(ThemedIcon(ToQt(row.Icon)));
     if (!row.Shortcut.empty() && first) {
-        action->setShortcut(QKeySequence(Text(row.Shortcut)));
+        action->setShortcut(QKeySequence(ToQt(row.Shortcut)));
         window_->addAction(action);
     }
     const CommandRow* command = &row;
@@ -47,12 +42,12 @@ void ActionTable::AddAction(const CommandRow& row, std::string_view name, bool f
 }
 
 QAction* ActionTable::Find(std::string_view name) const {
-    return actions_.value(Text(name));
+    return actions_.value(ToQt(name));
 }
 
 QMenu* ActionTable::MakeMenu(const MenuRow& row, QWidget* parent) {
     auto* menu = new QMenu(parent);
-    menu->setObjectName(Text(row.Name));
+    menu->setObjectName(ToQt(row.Name));
     for (const std::string_view entry : row.Entries) {
         if (entry == "-") {
             menu->addSeparator();
@@ -69,7 +64,7 @@ QMenu* ActionTable::MakeMenu(const MenuRow& row, QWidget* parent) {
 
 QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
     auto* bar = new QToolBar(parent);
-    bar->setObjectName(Text(row.Name));
+    bar->setObjectName(ToQt(row.Name));
     bar->setIconSize(QSize(24, 24));
     bar->setMovable(false);
     for (const std::string_view entry : row.Entries) {
@@ -89,19 +84,19 @@ QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
 void ActionTable::ApplyTexts() {
     for (const CommandRow& row : Commands()) {
         const QString shortcut =
-            QKeySequence(Text(row.Shortcut)).toString(QKeySequence::NativeText);
+            QKeySequence(ToQt(row.Shortcut)).toString(QKeySequence::NativeText);
         if (!row.Button.empty()) {
-            const QString tip = Text(TextOf("Mainfrm", row.Button));
+            const QString tip = ToQt(TextOf("Mainfrm", row.Button));
             QAction* button = Find(row.Button);
             button->setText(tip);
             button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
         }
         for (const std::string_view menu : row.Menus)
-            if (!menu.empty()) Find(menu)->setText(Text(TextOf("Mnufrm", menu)));
+            if (!menu.empty()) Find(menu)->setText(ToQt(TextOf("Mnufrm", menu)));
     }
     for (auto menu = menus_.begin(); menu != menus_.end(); ++menu) {
         const std::string name = menu.key().toStdString();
-        (*menu)->setTitle(Text(TextOf("Mnufrm", name)));
+        (*menu)->setTitle(ToQt(TextOf("Mnufrm", name)));
     }
 }
 

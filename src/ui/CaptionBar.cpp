@@ -1,6 +1,7 @@
 #include "ui/CaptionBar.h"
 
 #include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
@@ -16,8 +17,7 @@ constexpr int BarHeight = 36;
 constexpr int GripWidth = 5;
 
 QString Text(std::string_view control) {
-    const std::string_view text = TextOf("Mainfrm", control);
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return ToQt(TextOf("Mainfrm", control));
 }
 
 // One edge or corner. It lies over the window's content and follows its size.

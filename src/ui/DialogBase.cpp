@@ -1,6 +1,7 @@
 #include "ui/DialogBase.h"
 
 #include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
 
 #include <QComboBox>
 #include <QFontMetrics>
@@ -8,17 +9,13 @@
 
 namespace {
 
-QString FromView(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 int WidestLabel(const std::string& window, const QFontMetrics& metrics) {
     int widest = 0;
     for (const WindowText& row : WindowTexts()) {
         if (row.Window != window || row.Control.find("Lab") == std::string_view::npos) continue;
         if (row.Control.find("UnitLab") != std::string_view::npos) continue;
         for (const std::string_view text : {row.English, row.Chinese})
-            widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, FromView(text)).width());
+            widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, ToQt(text)).width());
     }
     return widest;
 }
@@ -32,7 +29,7 @@ DialogBase::DialogBase(const char* window, QWidget* parent) : QDialog(parent) {
 }
 
 QString DialogBase::RowText(const QString& control) const {
-    return FromView(TextOf(objectName().toStdString(), control.toStdString()));
+    return ToQt(TextOf(objectName().toStdString(), control.toStdString()));
 }
 
 void DialogBase::ApplyTexts() {

@@ -2,6 +2,7 @@
 
 #include "analog/DrawAnalogWave.h"
 #include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
 
 #include <cmath>
 #include <numbers>
@@ -49,8 +50,7 @@ QLabel* PlaceText(QWidget* flash, const char* name, const QRect& place, double p
     label->setObjectName(QLatin1String(name));
     label->setGeometry(place);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    const std::string_view text = TextOf("FlashFrm", name);
-    label->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    label->setText(ToQt(TextOf("FlashFrm", name)));
     label->setStyleSheet(QStringLiteral("color: %1; font-size: %2px; font-weight: %3;")
                              .arg(Opaque(ink).name())
                              .arg(points)

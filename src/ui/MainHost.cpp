@@ -2,6 +2,7 @@
 
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
+#include "platform/qt/QtText.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
 #include "ui/StandardWaveFrm.h"
@@ -19,13 +20,9 @@
 
 namespace {
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 void AddButton(QMessageBox& box, QMessageBox::ButtonRole role, Answer answer,
                std::string_view english, std::string_view chinese) {
-    QPushButton* button = box.addButton(Text(PickText(english, chinese)), role);
+    QPushButton* button = box.addButton(ToQt(PickText(english, chinese)), role);
     button->setProperty("answer", static_cast<int>(answer));
     if (box.buttons().size() == 1) box.setDefaultButton(button);
     if (answer == Answer::Cancel || box.buttons().size() == 1) box.setEscapeButton(button);
@@ -47,7 +44,7 @@ Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageI
     box.setObjectName("MessageBox");
     box.setWindowTitle("TideMark");
     box.setTextFormat(Qt::PlainText);
-    box.setText(Text(text));
+    box.setText(ToQt(text));
     const QIcon picture = ThemedIcon(IconName(icon));
     box.setIconPixmap(
         picture.pixmap(QSize(40, 40), window.devicePixelRatioF(), QIcon::Normal, QIcon::On));
@@ -67,7 +64,7 @@ Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageI
 
 // "Text Files (.txt)|*.txt|..." becomes one line for each pair, "Text Files (*.txt)".
 QStringList FilterLines(const std::string& filter) {
-    const QStringList parts = Text(filter).split('|');
+    const QStringList parts = ToQt(filter).split('|');
     QStringList lines;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
         lines << parts[i].section('(', 0, 0).trimmed() + " (" + parts[i + 1] + ")";
@@ -75,24 +72,24 @@ QStringList FilterLines(const std::string& filter) {
 }
 
 std::string PickFile(Mainfrm& window, const FileChoice& choice) {
-    QFileDialog dialog(&window, Text(choice.Title));
+    QFileDialog dialog(&window, ToQt(choice.Title));
     dialog.setObjectName("FileDialog");
     QStringList lines = FilterLines(choice.Filter);
     if (!choice.Save && lines.size() > 1) {
         QString all;
         for (const QString& line : lines) all += line.section('(', -1).chopped(1) + ' ';
-        lines.prepend(Text(PickText("All waveform files", "所有波形文件")) + " (" + all.trimmed() +
+        lines.prepend(ToQt(PickText("All waveform files", "所有波形文件")) + " (" + all.trimmed() +
                       ")");
     }
     dialog.setNameFilters(lines);
-    if (!choice.Folder.empty()) dialog.setDirectory(Text(choice.Folder));
+    if (!choice.Folder.empty()) dialog.setDirectory(ToQt(choice.Folder));
     dialog.setAcceptMode(choice.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(choice.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     // Whether a file may be overwritten is asked where it is saved.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (choice.Save) {
         const auto suffixOf = [](const QString& line) { return line.section("*.", -1).chopped(1); };
-        dialog.selectFile(Text(choice.Name));
+        dialog.selectFile(ToQt(choice.Name));
         dialog.selectNameFilter(lines.value(choice.FilterIndex));
         dialog.setDefaultSuffix(suffixOf(lines.value(choice.FilterIndex)));
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
@@ -139,7 +136,6 @@ void InstallHost(Mainfrm& window) {
         return RunWindow(*main, name, argument);
     };
     host.OpenAnalogWindow = [main](std::int16_t slot) { main->OpenAnalogWindow(slot); };
-    host.CloseAnalogWindow = [main](std::int16_t slot) { main->CloseAnalogWindow(slot); };
     host.ActiveWindowTag = [main] { return main->ActiveTag(); };
     host.ShowPlot = [main](std::int16_t slot) { main->ShowPlot(slot); };
     host.ShowTitle = [main](std::int16_t slot) { main->ShowTitle(slot); };
@@ -149,7 +145,7 @@ void InstallHost(Mainfrm& window) {
         main->ApplyLanguage();
     };
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
-        main->Status()->ShowText(Text(label), Text(text));
+        main->Status()->ShowText(ToQt(label), ToQt(text));
     };
     host.ShowProgress = [main](std::int64_t done, std::int64_t total) {
         if (main->Status()->ShowProgress(done, total))

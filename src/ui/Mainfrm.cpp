@@ -7,6 +7,7 @@
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
+#include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
 #include "ui/CaptionBar.h"
 #include "ui/StatusStrip.h"
@@ -31,8 +32,7 @@ constexpr QSize SmallestSize{960, 600};
 constexpr QSize LargestScreen{1280, 1024};  // to maximise on
 
 QString Text(std::string_view window, std::string_view control) {
-    const std::string_view text = TextOf(window, control);
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return ToQt(TextOf(window, control));
 }
 
 // Without a document the area says how to begin, quietly.

@@ -1,5 +1,7 @@
 #include "ui/PropertyFrm.h"
 
+#include "platform/qt/QtText.h"
+
 #include <QComboBox>
 #include <QRadioButton>
 #include <QStackedLayout>
@@ -13,8 +15,7 @@ namespace {
 template <std::size_t N>
 QStringList UnitNames(const std::array<UnitRow, N>& units) {
     QStringList names;
-    for (const UnitRow& unit : units)
-        names.append(QString::fromUtf8(unit.Name.data(), static_cast<qsizetype>(unit.Name.size())));
+    for (const UnitRow& unit : units) names.append(ToQt(unit.Name));
     return names;
 }
 

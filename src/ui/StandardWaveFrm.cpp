@@ -1,5 +1,6 @@
 #include "ui/StandardWaveFrm.h"
 
+#include "platform/qt/QtText.h"
 #include "ui/PlotPreview.h"
 #include "ui/Theme.h"
 
@@ -170,8 +171,7 @@ void StandardWaveFrm::ShowFields() {
 
 // Names and units of the parameters are rows such as "para1LabSquare".
 void StandardWaveFrm::ShowPara(QLabel* label, QLabel* unit) {
-    const std::string_view kind = WaveKindNames[static_cast<std::size_t>(dialog_.Wave.Kind)];
-    const QString name = QString::fromUtf8(kind.data(), static_cast<qsizetype>(kind.size()));
+    const QString name = ToQt(WaveKindNames[static_cast<std::size_t>(dialog_.Wave.Kind)]);
     for (QLabel* changing : {label, unit})
         changing->setText(RowText(changing->objectName() + name));
 }

@@ -3,6 +3,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
 #include "ui/Theme.h"
 
@@ -24,8 +25,7 @@ AnalogWaveRecord& RecordOf(std::int16_t slot) {
 }
 
 QString Text(std::string_view control) {
-    const std::string_view text = TextOf("WaveFrm", control);
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return ToQt(TextOf("WaveFrm", control));
 }
 
 }  // namespace

@@ -128,7 +128,8 @@ TEST_F(PainterTest, NothingToDrawIsHarmless) {
         RepaintAnalog(0, true);
         EXPECT_TRUE(Find(ScreenColours.Curve, {}).empty());
         wave.ViewEnd = 900;
-        FreeAnalogSurfaces(wave);
+        for (Surface* layer : {&wave.BackSurface, &wave.PlotSurface, &wave.WaveSurface})
+            layer->Free();
         RepaintAnalog(0, true);
         EXPECT_TRUE(wave.PlotSurface.IsNull());
     }

@@ -1,5 +1,7 @@
 #include "platform/Settings.h"
 
+#include "platform/qt/QtText.h"
+
 #include <memory>
 #include <QSettings>
 
@@ -7,24 +9,20 @@ namespace {
 
 std::string storePath;
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 // One file for each application in the user's configuration folder, or the one given store with
 // the application as a group above the sections.
 std::unique_ptr<QSettings> OpenStore(std::string_view application) {
     if (storePath.empty())
         return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                           QStringLiteral("TideMark"), Text(application));
+                                           QStringLiteral("TideMark"), ToQt(application));
     auto store =
         std::make_unique<QSettings>(QString::fromStdString(storePath), QSettings::IniFormat);
-    store->beginGroup(Text(application));
+    store->beginGroup(ToQt(application));
     return store;
 }
 
 QString PathOf(std::string_view section, std::string_view key) {
-    return Text(section) + QLatin1Char('/') + Text(key);
+    return ToQt(section) + QLatin1Char('/') + ToQt(key);
 }
 
 }  // namespace
@@ -41,5 +39,5 @@ std::string GetSetting(std::string_view application, std::string_view section, s
 
 void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
                  std::string_view value) {
-    OpenStore(application)->setValue(PathOf(section, key), Text(value));
+    OpenStore(application)->setValue(PathOf(section, key), ToQt(value));
 }

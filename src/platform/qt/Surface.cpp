@@ -1,5 +1,6 @@
 #include "platform/Surface.h"
 
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
 
 #include <algorithm>
@@ -206,7 +207,7 @@ void Surface::Text(std::int32_t x, std::int32_t y, std::string_view text, Colour
     const QFont font = TextFont(*data_, size);
     painter.setFont(font);
     painter.setPen(QColor::fromRgb(colour));
-    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString shown = ToQt(text);
     const QFontMetricsF metrics(font);
     const double width = metrics.horizontalAdvance(shown);
     double left = x;
@@ -218,7 +219,7 @@ void Surface::Text(std::int32_t x, std::int32_t y, std::string_view text, Colour
 
 std::int32_t Surface::TextWidth(std::string_view text, double size) const {
     if (!data_) return 0;
-    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString shown = ToQt(text);
     return static_cast<std::int32_t>(
         std::ceil(QFontMetricsF(TextFont(*data_, size)).horizontalAdvance(shown)));
 }
@@ -226,8 +227,4 @@ std::int32_t Surface::TextWidth(std::string_view text, double size) const {
 Colour Surface::Pixel(std::int32_t x, std::int32_t y) const {
     if (!data_ || !data_->Image.valid(x, y)) return 0;
     return data_->Image.pixel(x, y) & 0xFFFFFFU;
-}
-
-bool Surface::SavePng(const std::string& path) const {
-    return data_ && data_->Image.save(QString::fromStdString(path), "PNG");
 }
