@@ -13,6 +13,7 @@
 #include "ui/StatusStrip.h"
 #include "ui/Theme.h"
 #include "ui/WaveFrm.h"
+#include "ui/WavePic.h"
 
 #include <QCloseEvent>
 #include <QMdiArea>

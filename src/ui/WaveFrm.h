@@ -5,25 +5,7 @@
 
 class QLabel;
 class QToolButton;
-
-// The plot area: draws the back surface and the plot at the screen's own pixels.
-class WavePic : public QWidget {
-    Q_OBJECT
-public:
-    WavePic(std::int16_t slot, QWidget* parent);
-
-signals:
-    void ContextAsked(QPoint global);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-
-private:
-    void PaintHint(QPainter& painter);
-
-    std::int16_t slot_;
-};
+class WavePic;
 
 class WaveFrm : public QWidget {
     Q_OBJECT

@@ -7,6 +7,7 @@
 #include "ui/MainHost.h"
 #include "ui/NumberBox.h"
 #include "ui/WaveFrm.h"
+#include "ui/WavePic.h"
 
 #include <gtest/gtest.h>
 #include <functional>
