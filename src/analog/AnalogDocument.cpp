@@ -2,6 +2,7 @@
 
 #include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
+#include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
@@ -38,9 +39,11 @@ void ResetDocumentState(AnalogWaveRecord& wave) {
     wave.XLimitOn = wave.YLimitOn = wave.RegionLimitOn = wave.LimitFixed = false;
     SetUndoAvailable(wave, false);
     SetResumeAvailable(wave, false);
-    wave.HandDrawOn = wave.LineDrawOn = wave.PointEditOn = wave.LinePending = false;
+    wave.HandDrawOn = wave.LineDrawOn = wave.PointEditOn = false;
+    wave.DrawPressed = wave.LinePending = wave.TrackShown = wave.MouseMoved = false;
     wave.SelectMode = true;
     wave.TrackX = wave.TrackY = 0;
+    wave.EntryBoxes = {};
     wave.LineX1 = fresh.LineX1;
     wave.LineY1 = fresh.LineY1;
     wave.LineX2 = fresh.LineX2;
@@ -127,7 +130,7 @@ bool CreateAnalogDocument() {
     DocReady = true;
     PreviousActiveDoc = slot;
     TheHost().RefreshCommands();
-    ShowStatus(8);
+    ShowTool(slot);
     RepaintAnalog(slot, true);
     DocBuilding = false;
     return true;

@@ -1,5 +1,7 @@
 #include "analog/DrawAnalogWave.h"
 
+#include "analog/LimitFuncBox.h"
+#include "analog/PlotOverlay.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "frame/StringFunc.h"
@@ -34,10 +36,10 @@ const PlotColours PrintColours = {.Surround = 0xFFFFFF,
 namespace {
 
 constexpr std::int32_t VerticalDivisions = 8;
-constexpr double LabelSize = 11.0;    // logical pixels
-constexpr std::int32_t LabelGap = 7;  // between labels and the plot
-constexpr std::int32_t MarkHeight = 14;
-constexpr double CurvePen = 1.4;           // logical pixels
+constexpr double LabelSize = 11.0;                        // logical pixels
+constexpr std::int32_t LabelGap = 7;                      // between labels and the plot
+constexpr double PointerReach = 6.0, PointerDepth = 4.0;  // half sizes of a scale pointer
+constexpr double CurvePen = 1.4;                          // logical pixels
 constexpr std::int32_t SparseSamples = 4;  // across a pixel, where single dots can be seen
 
 std::int32_t Scaled(double logical, double scale) {
@@ -186,12 +188,14 @@ private:
 void CoverSparse(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot> dots,
                  std::int32_t first, std::int32_t last, const Surface& plot) {
     const std::int32_t width = plot.Width(), height = plot.Height();
-    double x = DotToPixel(first, view, width);
-    double y = ValueToPixel(dots[static_cast<std::size_t>(first)].Y, view, height);
+    const WaveDot& begin = dots[static_cast<std::size_t>(first)];
+    double x = DotToPixel(begin.X, view, width);
+    double y = ValueToPixel(begin.Y, view, height);
     runs.CoverPoint(x, y);
     for (std::int32_t i = first + 1; i <= last; ++i) {
-        const double nextX = DotToPixel(i, view, width);
-        const double nextY = ValueToPixel(dots[static_cast<std::size_t>(i)].Y, view, height);
+        const WaveDot& dot = dots[static_cast<std::size_t>(i)];
+        const double nextX = DotToPixel(dot.X, view, width);
+        const double nextY = ValueToPixel(dot.Y, view, height);
         runs.CoverLine(x, y, nextX, nextY);
         x = nextX;
         y = nextY;
@@ -240,15 +244,13 @@ std::int32_t SteadyEdge(std::int32_t edge, std::int32_t drawn) {
 }
 
 void DrawSelection(AnalogWaveRecord& wave, const WaveView& view) {
-    Surface& plot = wave.PlotSurface;
-    if (plot.IsNull() || view.End <= view.Start) return;
-    const std::int32_t left = RoundToInt(DotToPixel(wave.SelStart, view, plot.Width()));
-    const std::int32_t right = RoundToInt(DotToPixel(wave.SelEnd, view, plot.Width()));
+    const std::int32_t width = wave.PlotSurface.Width();
+    if (width == 0 || view.End <= view.Start) return;
+    const std::int32_t left = RoundToInt(DotToPixel(wave.SelStart, view, width));
+    const std::int32_t right = RoundToInt(DotToPixel(wave.SelEnd, view, width));
     wave.SelPixelLeft = SteadyEdge(left, wave.SelPixelLeft);
     wave.SelPixelRight = SteadyEdge(right, wave.SelPixelRight);
-    plot.SetMode(DrawMode::NotXor);
-    plot.FillBox(wave.SelPixelLeft, 0, wave.SelPixelRight, plot.Height() - 1, SelectionColour);
-    plot.SetMode(DrawMode::Copy);
+    DrawSelectionBar(wave);
 }
 
 }  // namespace
@@ -329,7 +331,7 @@ void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveS
                       Colour colour) {
     if (view.End <= view.Start) return;
     const std::int32_t bottom = plot.Height() - 1;
-    const std::int32_t top = bottom - Scaled(MarkHeight, plot.Scale());
+    const std::int32_t top = bottom - Scaled(SegmentMarkHeight, plot.Scale());
     const std::int32_t half = std::max(1, Scaled(1.0, plot.Scale()));
     for (const WaveSegment& segment : segments) {
         if (segment.EndDot > view.End) break;
@@ -339,26 +341,45 @@ void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveS
     }
 }
 
-void DrawLimitLines(AnalogWaveRecord& wave, const PlotColours& colours) {
-    Surface& layer = wave.StaticSurface;
-    layer.CopyFrom(wave.WaveSurface);
-    const std::int32_t left = RoundToInt(wave.XLimitLeft), right = RoundToInt(wave.XLimitRight);
-    const std::int32_t top = RoundToInt(wave.YLimitTop), bottom = RoundToInt(wave.YLimitBottom);
+void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColours& colours) {
+    const std::int32_t lastColumn = plot.Width() - 1, lastRow = plot.Height() - 1;
+    const auto at = [](float line, std::int32_t last) { return std::min(RoundToInt(line), last); };
+    const std::int32_t left = at(wave.XLimitLeft, lastColumn);
+    const std::int32_t right = at(wave.XLimitRight, lastColumn);
+    const std::int32_t top = at(wave.YLimitTop, lastRow);
+    const std::int32_t bottom = at(wave.YLimitBottom, lastRow);
     // With both pairs on, each line ends at the other pair, so that a rectangle is seen.
     const bool both = wave.XLimitOn && wave.YLimitOn;
     const auto [low, high] = std::minmax(top, bottom);
     const auto [near, far] = std::minmax(left, right);
     if (wave.XLimitOn)
         for (const std::int32_t x : {left, right})
-            layer.Line(x, both ? low : 0, x, both ? high : layer.Height() - 1, colours.Limit, true);
+            plot.Line(x, both ? low : 0, x, both ? high : lastRow, colours.Limit, true);
     if (wave.YLimitOn)
         for (const std::int32_t y : {top, bottom})
-            layer.Line(both ? near : 0, y, both ? far : layer.Width() - 1, y, colours.Limit, true);
-    wave.PlotSurface.CopyFrom(layer);
+            plot.Line(both ? near : 0, y, both ? far : lastColumn, y, colours.Limit, true);
+}
+
+void DrawSelectionBar(AnalogWaveRecord& wave) {
+    Surface& plot = wave.PlotSurface;
+    const auto [left, right] = std::minmax(wave.SelPixelLeft, wave.SelPixelRight);
+    plot.SetMode(DrawMode::NotXor);
+    plot.FillBox(left, 0, right, plot.Height() - 1, SelectionColour);
+    plot.SetMode(DrawMode::Copy);
 }
 
 PixelPoint PlotOrigin(double scale) {
     return {Scaled(LabelGutter + WaveAreaLeft, scale), Scaled(WaveAreaTop, scale)};
+}
+
+PixelPoint VPointerPlace(const AnalogWaveRecord& wave) {
+    return {Scaled(wave.VPointerX, wave.BackSurface.Scale()), RoundToInt(wave.VPointerY)};
+}
+
+PixelPoint HPointerPlace(const AnalogWaveRecord& wave) {
+    const double scale = wave.BackSurface.Scale();
+    const std::int32_t above = Scaled(wave.HPointerY, scale) + Scaled(PointerDepth, scale);
+    return {RoundToInt(wave.HPointerX), PlotOrigin(scale).Y - above};
 }
 
 void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours) {
@@ -368,16 +389,15 @@ void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours) {
     wave.VPointerY = static_cast<float>(plot.Y + (1.0 - wave.ViewTop) / 2.0 * wave.PlotHeight);
     wave.HPointerX = static_cast<float>(plot.X + static_cast<double>(wave.ViewStart) /
                                                      std::max(wave.MaxDots, 1) * wave.PlotWidth);
-    const std::int32_t reach = Scaled(6, scale), depth = Scaled(4, scale);
+    const std::int32_t reach = Scaled(PointerReach, scale), depth = Scaled(PointerDepth, scale);
     if (wave.YZoomed) {
-        const std::int32_t x = Scaled(wave.VPointerX, scale), y = RoundToInt(wave.VPointerY);
+        const auto [x, y] = VPointerPlace(wave);
         const PixelPoint arrow[] = {
             {x - depth, y - reach}, {x + depth, y}, {x - depth, y + reach}, {x - depth, y - reach}};
         back.Polyline(arrow, colours.Pointer);
     }
     if (wave.XZoomed) {
-        const std::int32_t x = RoundToInt(wave.HPointerX);
-        const std::int32_t y = plot.Y - Scaled(wave.HPointerY, scale) - depth;
+        const auto [x, y] = HPointerPlace(wave);
         const PixelPoint arrow[] = {
             {x - reach, y - depth}, {x, y + depth}, {x + reach, y - depth}, {x - reach, y - depth}};
         back.Polyline(arrow, colours.Pointer);
@@ -398,6 +418,7 @@ void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::i
     }
     wave.PlotWidth = width;
     wave.PlotHeight = height;
+    wave.SelectionDragging = wave.HasSelection;  // its dots count now, the columns have moved
     wave.BackSurface.Create(backWidth + Scaled(LabelGutter, scale), backHeight, scale);
     for (Surface* layer :
          {&wave.PlotSurface, &wave.GridSurface, &wave.WaveSurface, &wave.StaticSurface})
@@ -422,10 +443,13 @@ void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
         DrawGridAndLabels(wave.WaveSurface, view, wave.GridOn, colours, &wave.BackSurface, &labels);
         DrawScalePointers(wave, colours);
     }
-    if (wave.XLimitOn || wave.YLimitOn)
-        DrawLimitLines(wave, colours);
-    else
-        plot.CopyFrom(wave.WaveSurface);
+    // A line under the mouse is drawn on top by its drag.
+    const bool limits = (wave.XLimitOn || wave.YLimitOn) && !LimitDragged(wave);
+    if (limits) {
+        wave.StaticSurface.CopyFrom(wave.WaveSurface);
+        DrawLimitLines(wave, wave.StaticSurface, colours);
+    }
+    plot.CopyFrom(limits ? wave.StaticSurface : wave.WaveSurface);
     if (wave.SegmentMarkOn)
         DrawSegmentMarks(
             plot, view, std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
@@ -433,5 +457,11 @@ void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
     DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
                   wave.DotLinkOn, colours.Curve);
     if (wave.HasSelection && !wave.PrintMode) DrawSelection(wave, view);
+    // The guide of a line under way begins from the plot as it now is.
+    if (wave.LinePending) KeepPlot(wave);
+    if (wave.TrackShown && wave.TrackDot < wave.Dots) {
+        const PixelPoint cross = PixelOf(wave, wave.TrackDot, wave.TrackValue);
+        DrawCross(plot, cross.X, cross.Y);
+    }
     TheHost().ShowPlot(index);
 }

@@ -17,6 +17,8 @@ struct PlotColours {
 
 /// Room for wide scale texts to the left of the back area, logical pixels.
 inline constexpr std::int32_t LabelGutter = 28;
+/// Segment marks stand on the plot's bottom, logical pixels.
+inline constexpr double SegmentMarkHeight = 14.0;
 extern const PlotColours ScreenColours;
 extern const PlotColours PrintColours;
 inline constexpr Colour RubberColour = 0x00FF00;
@@ -63,11 +65,18 @@ void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot>
 void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,
                       Colour colour);
 
-/// Copies the static layer, draws the active limit lines and brings both to the plot.
-void DrawLimitLines(AnalogWaveRecord& wave, const PlotColours& colours);
+/// Draws the limit lines of the pairs that are on.
+void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColours& colours);
+
+/// Draws the bar between the pixel columns of the selection, in any order.
+void DrawSelectionBar(AnalogWaveRecord& wave);
 
 /// Top left of the plot on the back surface, device pixels.
 PixelPoint PlotOrigin(double scale);
+
+/// Where the middle of a scale pointer stands on the back surface.
+PixelPoint VPointerPlace(const AnalogWaveRecord& wave);
+PixelPoint HPointerPlace(const AnalogWaveRecord& wave);
 
 /// Draws the pointers of the zoomed axes beside the plot and stores their places.
 void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours);

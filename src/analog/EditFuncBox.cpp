@@ -2,7 +2,10 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
+#include "analog/EntryFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "analog/StrokeFuncBox.h"
+#include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
@@ -116,6 +119,7 @@ void SetResumeAvailable(AnalogWaveRecord& wave, Flag available) {
 }
 
 void BeginEdit(AnalogWaveRecord& wave) {
+    FinishGesture(wave);
     TakeSnapshot(wave);
     SetUndoAvailable(wave, true);
     SetResumeAvailable(wave, false);
@@ -134,6 +138,17 @@ void ClearSelection(AnalogWaveRecord& wave) {
     wave.HasSelection = false;
     wave.SelectionDragging = false;
     wave.SegmentPicked = false;
+}
+
+void ShowSelection(std::int16_t index) {
+    ShowCursorValues(index);
+    TheHost().RefreshCommands();
+    RepaintAnalog(index, false);
+}
+
+void DropSelection(std::int16_t index) {
+    ClearSelection(AnalogDocs[static_cast<std::size_t>(index)]);
+    ShowSelection(index);
 }
 
 void SelectDots(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
@@ -185,6 +200,7 @@ void FitSelection(AnalogWaveRecord& wave) {
 void UndoAnalog() {
     AnalogWaveRecord& wave = ActiveAnalog();
     if (!wave.UndoAvailable) return;
+    FinishGesture(wave);
     SetUndoAvailable(wave, false);
     SetResumeAvailable(wave, true);
     ClearSelection(wave);
@@ -194,6 +210,7 @@ void UndoAnalog() {
 void ResumeAnalog() {
     AnalogWaveRecord& wave = ActiveAnalog();
     if (!wave.ResumeAvailable) return;
+    FinishGesture(wave);
     SetUndoAvailable(wave, true);
     SetResumeAvailable(wave, false);
     ExchangeState();
@@ -240,7 +257,8 @@ void SelectAllAnalog() {
     const bool whole = wave.HasSelection && ExactBounds(wave) && wave.SelStart == 0 &&
                        wave.SelEnd == wave.Dots - 1;
     if (wave.Dots == 0 || whole) return;
+    if (wave.HandDrawOn || wave.LineDrawOn) SwitchTool(ActiveAnalogIndex, Tool::Select);
+    FinishGesture(wave);
     SelectDots(wave, 0, wave.Dots - 1);
-    TheHost().RefreshCommands();
-    RepaintAnalog(ActiveAnalogIndex, false);
+    ShowSelection(ActiveAnalogIndex);
 }

@@ -17,6 +17,10 @@ void BeginEdit(AnalogWaveRecord& wave);
 void EndEdit(std::int16_t index, Flag fullRedraw = false);
 
 void ClearSelection(AnalogWaveRecord& wave);
+/// Brings a new or cleared selection of a slot to the boxes, the commands and the plot.
+void ShowSelection(std::int16_t index);
+/// Clears the selection of a slot and shows it.
+void DropSelection(std::int16_t index);
 /// Selects dots first..last exactly, both held inside 0..Dots-1. An empty document has none.
 void SelectDots(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
 /// Selects the whole of a segment and marks it picked, so that its wave can be edited again.

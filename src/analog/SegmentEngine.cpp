@@ -146,6 +146,38 @@ void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t 
     wave.SegmentCount = static_cast<std::int32_t>(wave.Segments.size());
 }
 
+void OverlayRunSegment(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
+    std::vector<WaveSegment> kept;
+    kept.reserve(static_cast<std::size_t>(wave.SegmentCount) + 2);
+    const WaveSegment made = {
+        .StartDot = first, .RunStart = first, .EndDot = last, .DotCount = last - first + 1};
+    bool placed = false;
+    for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
+        const WaveSegment& segment = SegmentAt(wave, i);
+        if (segment.RunStart < first) {
+            kept.push_back(segment);
+            if (segment.EndDot >= first) {
+                kept.back().EndDot = first - 1;
+                MakeCustom(kept.back());
+            }
+        }
+        if (!placed && segment.EndDot >= first) {
+            kept.push_back(made);
+            placed = true;
+        }
+        if (segment.EndDot > last) {
+            kept.push_back(segment);
+            if (segment.RunStart <= last) {
+                kept.back().StartDot = kept.back().RunStart = last + 1;
+                MakeCustom(kept.back());
+            }
+        }
+    }
+    if (!placed) kept.push_back(made);
+    wave.Segments = std::move(kept);
+    wave.SegmentCount = static_cast<std::int32_t>(wave.Segments.size());
+}
+
 void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start) {
     made.StartDot = start;
     made.RunStart = start;

@@ -20,6 +20,10 @@ void MarkRunCustom(AnalogWaveRecord& wave, std::int32_t dotCount);
 /// one becomes custom, later ones move down.
 void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
 
+/// Dots first..last, `first` at most behind the last segment, are free-form now: one custom segment
+/// of its own. Earlier ones under it go, are cut back or split; what remains of them is custom.
+void OverlayRunSegment(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
+
 /// Adds a segment behind the last one; its run begins at `start` and has `made.DotCount` dots.
 void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start);
 

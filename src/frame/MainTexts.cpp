@@ -89,6 +89,8 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "StartLab", "Start", "起点"},
     {"Mainfrm", "EndLab", "End", "终点"},
     {"Mainfrm", "SelectDotLab", "Dots", "点数"},
+    {"Mainfrm", "lblXLab", "X", "X"},
+    {"Mainfrm", "lblYLab", "Y", "Y"},
     {"Mainfrm", "txtValueXLab", "X", "X"},
     {"Mainfrm", "txtValueYLab", "Y", "Y"},
     {"Mainfrm", "txtLineX1Lab", "X1", "X1"},

@@ -13,7 +13,7 @@ struct StatusRow {
 };
 
 constexpr StatusRow StatusRows[] = {
-    {4, "lblEditDotMessage"},      {5, "lbLineDrawEnterMessage"}, {6, "lblSelectDataMessage"},
+    {4, "lblEditDotMessage"},      {5, "lbLineDrawEnterMessage"}, {6, "lbLineDrawEnterMessage"},
     {7, "lbLineDrawEnterMessage"}, {8, "lblSelectDataMessage"},   {9, "lblIdleMessage"},
     {10, "lblIdleMessage"},        {11, "lblZoomHMessage"},       {12, "lblZoomVMessage"},
     {13, "lblZoomHVMessage"},      {14, "lblZoomCenterMessage"},  {26, "lblIdleMessage"},

@@ -12,6 +12,8 @@ Host& TheHost() {
         .RefreshCommands = [] {},
         .ApplyLanguage = [] {},
         .ShowStatusText = [](std::string_view, std::string_view) {},
+        .ShowEntries = [](std::int16_t) {},
+        .PopupMenu = [](std::string_view) {},
         .ShowProgress = [](std::int64_t, std::int64_t) {},
         .Wait = [](std::int32_t) {},
         .CloseMainWindow = [] {},

@@ -44,6 +44,10 @@ struct Host {
     std::function<void()> ApplyLanguage;
     /// Puts a text into a label of the status strip and shows its panel.
     std::function<void(std::string_view label, std::string_view text)> ShowStatusText;
+    /// Writes the boxes and read-outs of a slot into the status strip, where it is the active one.
+    std::function<void(std::int16_t slot)> ShowEntries;
+    /// Opens a menu of the menu table at the mouse.
+    std::function<void(std::string_view menu)> PopupMenu;
     /// Progress of long work, 0..total; total 0 ends it.
     std::function<void(std::int64_t done, std::int64_t total)> ShowProgress;
     /// Waits, letting windows repaint but taking no input.

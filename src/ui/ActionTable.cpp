@@ -10,7 +10,16 @@
 #include <QToolBar>
 #include <QToolButton>
 
-namespace {}  // namespace
+namespace {
+
+// What stands on a button without a picture: the text of the label of the same stem.
+std::string_view FaceOf(std::string_view button) {
+    constexpr std::string_view Ending = "AresBtn";
+    const std::string stem(button.substr(0, button.size() - Ending.size()));
+    return TextOf("Mainfrm", stem + "Lab");
+}
+
+}  // namespace
 
 ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
     for (const CommandRow& row : Commands()) {
@@ -89,6 +98,7 @@ void ActionTable::ApplyTexts() {
             const QString tip = ToQt(TextOf("Mainfrm", row.Button));
             QAction* button = Find(row.Button);
             button->setText(tip);
+            if (row.Icon.empty()) button->setIconText(ToQt(FaceOf(row.Button)));
             button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
         }
         for (const std::string_view menu : row.Menus)

@@ -147,6 +147,10 @@ void InstallHost(Mainfrm& window) {
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
         main->Status()->ShowText(ToQt(label), ToQt(text));
     };
+    host.ShowEntries = [main](std::int16_t slot) {
+        if (main->ActiveTag() == slot) main->Status()->ShowEntries(slot);
+    };
+    host.PopupMenu = [main](std::string_view menu) { main->PopupMenu(ToQt(menu)); };
     host.ShowProgress = [main](std::int64_t done, std::int64_t total) {
         if (main->Status()->ShowProgress(done, total))
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

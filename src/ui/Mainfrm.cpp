@@ -2,6 +2,7 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
+#include "analog/ToolFuncBox.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
@@ -121,13 +122,17 @@ void Mainfrm::BuildDocumentArea() {
     // Every document stays maximised. Otherwise each change of the active one would shrink the
     // former and enlarge the next, with new surfaces for both.
     area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-    status_ = new StatusStrip(centre);
+    status_ = new StatusStrip(*actions_, centre);
+    connect(status_, &StatusStrip::Left, this, [this] {
+        if (ActiveTag() >= 0) AnalogWindow(ActiveTag())->Plot()->setFocus();
+    });
     column->addWidget(area_, 1);
     column->addWidget(status_);
     setCentralWidget(centre);
     connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
         if (window == nullptr || DocBuilding) return;
         RefreshCommands();
+        if (ActiveTag() >= 0) ShowTool(ActiveTag());
     });
     connect(new QShortcut(QKeySequence("Ctrl+Tab"), this), &QShortcut::activated, area_,
             &QMdiArea::activateNextSubWindow);
@@ -149,6 +154,8 @@ void Mainfrm::OpenAnalogWindow(std::int16_t slot) {
         area_->addSubWindow(frame);
         connect(window, &WaveFrm::ClosePressed, frame, &QWidget::close);
         connect(window->Plot(), &WavePic::ContextAsked, this, &Mainfrm::ShowContextMenu);
+        connect(window->Plot(), &WavePic::PointerMoved, status_, &StatusStrip::ShowPointer);
+        connect(window->Plot(), &WavePic::EntryAsked, status_, &StatusStrip::FocusEntry);
     }
     AnalogWindow(slot)->ShowTitle();
     AnalogWindow(slot)->ApplyTexts();
@@ -192,11 +199,14 @@ void Mainfrm::RefreshCommands() {
     RefreshDotCommands();
     actions_->Refresh();
     ShowTitle(ActiveAnalogIndex);
+    const std::int16_t active = ActiveTag();
+    if (active >= 0) AnalogWindow(active)->Plot()->ShowToolCursor();
 }
 
 void Mainfrm::ApplyLanguage() {
     actions_->ApplyTexts();
     caption_->ApplyTexts();
+    status_->ApplyTexts();
     area_->viewport()->update();
     for (QMdiSubWindow* frame : frames_)
         if (frame != nullptr) static_cast<WaveFrm*>(frame->widget())->ApplyTexts();
@@ -257,6 +267,12 @@ void Mainfrm::closeEvent(QCloseEvent* event) {
 void Mainfrm::ShowContextMenu(QPoint global) {
     RefreshCommands();
     (ActiveAnalog().HasSelection ? selectMenu_ : idleMenu_)->popup(global);
+}
+
+void Mainfrm::PopupMenu(const QString& name) {
+    RefreshCommands();
+    for (QMenu* menu : {idleMenu_, selectMenu_})
+        if (menu->objectName() == name) menu->popup(QCursor::pos());
 }
 
 // The open windows stand below the arrangement entries, "1 Waveform0" and so on.

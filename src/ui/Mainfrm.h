@@ -29,6 +29,8 @@ public:
     void ShowPlot(std::int16_t slot);
     void RefreshCommands();
     void ApplyLanguage();
+    /// Opens a context menu at the mouse.
+    void PopupMenu(const QString& name);
     StatusStrip* Status() const { return status_; }
     ActionTable* Actions() const { return actions_; }
 

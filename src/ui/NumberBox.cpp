@@ -9,14 +9,17 @@ namespace {
 
 class KeyValidator final : public QValidator {
 public:
-    KeyValidator(KeyKind kind, QObject* parent) : QValidator(parent), kind_(kind) {}
+    KeyValidator(KeyKind kind, NumberBox* box) : QValidator(box), kind_(kind), box_(box) {}
 
     State validate(QString& text, int& /*cursor*/) const override {
+        const bool grows = text.size() > box_->text().size();
+        if (grows && static_cast<std::size_t>(text.size()) > box_->LongestText()) return Invalid;
         return AcceptsText(kind_, text.toStdString()) ? Acceptable : Invalid;
     }
 
 private:
     KeyKind kind_;
+    const NumberBox* box_;
 };
 
 }  // namespace
@@ -62,13 +65,15 @@ void NumberBox::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-// The next box behind this one; past the last, the default button, so that a second Enter
-// confirms.
+// The next box behind this one; past the last, the button that confirms, so that a second Enter
+// does so.
 void NumberBox::FocusNextBox() {
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
         if (next->window() != window() || !next->isEnabled() || !next->isVisible()) continue;
         const auto* button = qobject_cast<QPushButton*>(next);
-        if (qobject_cast<NumberBox*>(next) || (button != nullptr && button->isDefault())) {
+        const bool confirms =
+            (button != nullptr && button->isDefault()) || next->property("apply").toBool();
+        if (qobject_cast<NumberBox*>(next) || confirms) {
             next->setFocus(Qt::TabFocusReason);
             return;
         }

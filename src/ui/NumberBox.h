@@ -10,6 +10,10 @@ class NumberBox : public QLineEdit {
 public:
     NumberBox(KeyKind kind, QWidget* parent);
 
+    /// Drops keys that make the text longer than this.
+    void SetLongestText(std::size_t length) { longest_ = length; }
+    std::size_t LongestText() const { return longest_; }
+
     /// Hands the text over as if the focus had gone.
     void Leave() { emit left(text()); }
 
@@ -26,5 +30,6 @@ protected:
 private:
     void FocusNextBox();
 
+    std::size_t longest_ = std::size_t{0} - 1;
     bool entered_ = false;  // the mouse press that gave the focus is not released yet
 };

@@ -1,9 +1,26 @@
 #include "ui/StatusStrip.h"
 
+#include "analog/AnalogDocument.h"
+#include "analog/EntryFuncBox.h"
+#include "analog/ToolFuncBox.h"
+#include "frame/commands/CommandTable.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "platform/qt/QtText.h"
+#include "ui/ActionTable.h"
+#include "ui/NumberBox.h"
+
+#include <QAction>
+#include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QProgressBar>
+#include <QStackedLayout>
 #include <QStackedWidget>
+#include <QStyle>
+#include <QToolButton>
 
 namespace {
 
@@ -25,40 +42,175 @@ constexpr PanelRow Panels[] = {
     {"picDigitDispTimeBar", "lblDigitIdleMessage"},
 };
 
-constexpr int StripHeight = 36;
+constexpr int StripHeight = 40;
+constexpr int Gap = 8, UnitGap = 4, GroupGap = 16;
+constexpr int RightWidth = 240;
 constexpr qint64 Moment = 200;  // milliseconds of work before the bar shows
+
+// A hint gives way to the boxes where the window is narrow; its tip then has all of it.
+class HintLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    QSize minimumSizeHint() const override { return {48, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft, palette(),
+                              isEnabled(), shown, foregroundRole());
+        setToolTip(shown == text() ? QString() : text());
+    }
+};
+
+int NumberWidth(const QWidget* widget, int digits) {
+    return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
+}
+
+QString StripText(const QString& control) {
+    return ToQt(TextOf("Mainfrm", control.toStdString()));
+}
 
 }  // namespace
 
-StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {
+StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(parent) {
     setObjectName("StatusStrip");
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(StripHeight);
     panels_ = new QStackedWidget(this);
-    for (const PanelRow& row : Panels) {
-        auto* panel = new QWidget(panels_);
-        panel->setObjectName(row.Panel);
-        auto* label = new QLabel(panel);
-        label->setObjectName(row.Label);
-        auto* line = new QHBoxLayout(panel);
-        line->setContentsMargins(0, 0, 0, 0);
-        line->addWidget(label);
-        line->addStretch(1);
-        panels_->addWidget(panel);
-    }
-    progress_ = new QProgressBar(this);
+    for (const PanelRow& row : Panels) panels_->addWidget(MakePanel(row.Panel, row.Label));
+    AddBoxes(actions);
+    AddReadOut("picSelect", "StartLab", "lblStart");
+    AddReadOut("picSelect", "EndLab", "lblEnd");
+    AddReadOut("picSelect", "SelectDotLab", "lblSelectDot");
+    AddReadOut("picIdle", "lblXLab", "lblX");
+    AddReadOut("picIdle", "lblYLab", "lblY");
+    for (const PanelRow& row : Panels) LineOf(row.Panel)->addStretch(1);
+    auto* right = new QWidget(this);
+    right->setFixedWidth(RightWidth);
+    right_ = new QStackedLayout(right);
+    pointer_ = new QLabel(right);
+    pointer_->setObjectName("lblPointer");
+    pointer_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    pointer_->setForegroundRole(QPalette::PlaceholderText);
+    progress_ = new QProgressBar(right);
     progress_->setObjectName("prgWork");
-    progress_->setFixedWidth(220);
-    progress_->setTextVisible(true);
-    QSizePolicy policy = progress_->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    progress_->setSizePolicy(policy);
-    progress_->hide();
+    right_->addWidget(pointer_);
+    right_->addWidget(progress_);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 4, 12, 4);
     row->setSpacing(12);
     row->addWidget(panels_, 1);
-    row->addWidget(progress_);
+    row->addWidget(right);
+    ApplyTexts();
+    ShowEntries(-1);
+}
+
+QWidget* StatusStrip::MakePanel(const char* name, const char* message) {
+    auto* panel = new QWidget(panels_);
+    panel->setObjectName(name);
+    auto* label = new HintLabel(panel);
+    label->setObjectName(message);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    auto* group = new QWidget(panel);
+    auto* line = new QHBoxLayout(group);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(UnitGap);
+    groups_.insert(name, group);
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(GroupGap);
+    row->addWidget(label);
+    row->addWidget(group, 1);
+    return panel;
+}
+
+QHBoxLayout* StatusStrip::LineOf(const QString& panel) const {
+    return static_cast<QHBoxLayout*>(groups_.value(panel)->layout());
+}
+
+void StatusStrip::AddBoxes(const ActionTable& actions) {
+    for (const EntryRow& row : EntryRows()) AddBox(row, LineOf(ToQt(row.Panel)));
+    AddButtons(actions);
+}
+
+void StatusStrip::AddBox(const EntryRow& row, QHBoxLayout* line) {
+    const bool value = row.Value != nullptr;
+    auto* box = new NumberBox(value ? KeyKind::SignedReal : KeyKind::Whole, line->parentWidget());
+    box->setObjectName(ToQt(row.Box));
+    if (value) box->SetLongestText(ValueBoxLength);
+    box->setFixedWidth(NumberWidth(box, value ? 9 : 8) + 16);
+    box->installEventFilter(this);
+    auto* label = new QLabel(line->parentWidget());
+    label->setObjectName(ToQt(row.Box) + "Lab");
+    label->setBuddy(box);
+    if (line->count() > 0) line->addSpacing(Gap);
+    line->addWidget(label);
+    line->addWidget(box);
+    boxes_.insert(static_cast<int>(row.Which), box);
+    const Entry entry = row.Which;
+    connect(box, &NumberBox::textEdited, this, [box, entry](const QString& text) {
+        if (ActiveDocumentIndex() < 0) return;
+        AnalogWaveRecord& wave = ActiveAnalog();
+        ChangeEntry(wave, entry, text.toStdString());
+        const QString shown = QString::fromStdString(EntryText(wave, entry));
+        if (shown != text) box->setText(shown);  // and the caret goes to the end
+    });
+    connect(box, &NumberBox::left, this, [box, entry] {
+        if (ActiveDocumentIndex() < 0) return;
+        AnalogWaveRecord& wave = ActiveAnalog();
+        LeaveEntry(wave, entry);
+        box->setText(QString::fromStdString(EntryText(wave, entry)));
+    });
+}
+
+// Volts and millivolts as one switch of two halves; then the button that applies the boxes.
+void StatusStrip::AddButtons(const ActionTable& actions) {
+    for (const MenuRow& row : StatusPanels()) {
+        QHBoxLayout* line = LineOf(ToQt(row.Name));
+        line->addSpacing(Gap);
+        for (const std::string_view name : row.Entries) {
+            QAction* action = actions.Find(name);
+            auto* button = new QToolButton(line->parentWidget());
+            button->setDefaultAction(action);
+            button->setObjectName(action->objectName());
+            button->setFocusPolicy(Qt::TabFocus);
+            button->setFixedHeight(28);
+            if (action->icon().isNull()) {  // the unit itself is the picture
+                button->setProperty("unit", true);
+                button->setMinimumWidth(36);
+            } else {
+                button->setIconSize(QSize(20, 20));
+                button->setProperty("apply", true);
+                button->installEventFilter(this);
+            }
+            line->addWidget(button);
+        }
+    }
+}
+
+void StatusStrip::AddReadOut(const char* panel, const char* caption, const char* label) {
+    QHBoxLayout* line = LineOf(panel);
+    auto* text = new QLabel(line->parentWidget());
+    text->setObjectName(caption);
+    auto* frame = new QLabel(line->parentWidget());
+    frame->setObjectName(label);
+    frame->setProperty("readout", true);
+    frame->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    frame->setMinimumWidth(NumberWidth(frame, 9) + 16);
+    frame->setFixedHeight(28);
+    if (line->count() > 0) line->addSpacing(Gap);
+    line->addWidget(text);
+    line->addWidget(frame);
+}
+
+void StatusStrip::ApplyTexts() {
+    for (QLabel* label : findChildren<QLabel*>()) {
+        const QString text = StripText(label->objectName());
+        if (text.isEmpty()) continue;
+        label->setText(text);
+        if (label->buddy() != nullptr) label->buddy()->setAccessibleName(text);
+    }
 }
 
 void StatusStrip::ShowText(const QString& label, const QString& text) {
@@ -68,18 +220,61 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
     panels_->setCurrentWidget(target->parentWidget());
 }
 
+void StatusStrip::ShowEntries(std::int16_t slot) {
+    static const AnalogWaveRecord none;
+    const AnalogWaveRecord& wave = slot < 0 ? none : AnalogDocs[static_cast<std::size_t>(slot)];
+    for (const EntryRow& row : EntryRows()) {
+        NumberBox* box = boxes_.value(static_cast<int>(row.Which));
+        const QString text = QString::fromStdString(EntryText(wave, row.Which));
+        if (box->text() != text) box->setText(text);
+    }
+    for (const ReadOut& readOut : ReadOuts())
+        findChild<QLabel*>(ToQt(readOut.Label))
+            ->setText(QString::fromStdString(readOut.Text(wave)));
+    // A hand stroke has nothing to type, and a track nothing to show before its first dot.
+    groups_.value("picLineDraw")->setVisible(bool(wave.LineDrawOn));
+    groups_.value("picIdle")->setVisible(bool(wave.TrackShown));
+}
+
+void StatusStrip::ShowPointer(const QString& text) {
+    pointer_->setText(text);
+}
+
+void StatusStrip::FocusEntry() {
+    NumberBox* last = nullptr;
+    for (const EntryRow& row : EntryRows()) {
+        NumberBox* box = boxes_.value(static_cast<int>(row.Which));
+        if (box->isVisible()) last = box;
+        if (box->isVisible() && box->text().isEmpty()) break;
+    }
+    if (last != nullptr) last->setFocus(Qt::TabFocusReason);
+}
+
+bool StatusStrip::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Escape) {
+        emit Left();
+        return true;
+    }
+    auto* button = qobject_cast<QToolButton*>(watched);
+    if (button == nullptr || (key != Qt::Key_Return && key != Qt::Key_Enter)) return false;
+    button->click();
+    return true;
+}
+
 bool StatusStrip::ShowProgress(qint64 done, qint64 total) {
+    const bool shown = right_->currentWidget() == progress_;
     if (total <= 0) {
-        const bool shown = progress_->isVisible();
-        progress_->hide();
+        right_->setCurrentWidget(pointer_);
         since_.invalidate();
         return shown;
     }
     if (!since_.isValid()) since_.start();
     if (since_.elapsed() < Moment) return false;
     const int percent = static_cast<int>(done * 100 / total);
-    if (progress_->isVisible() && progress_->value() == percent) return false;
+    if (shown && progress_->value() == percent) return false;
     progress_->setValue(percent);
-    progress_->show();
+    right_->setCurrentWidget(progress_);
     return true;
 }

@@ -1,26 +1,59 @@
 #pragma once
-// The status strip: one panel per tool with its message label, swapped in place, and a progress
-// bar for long work. Its height never changes.
+// The status strip: one panel per tool, swapped in place, with its hint, its boxes or read-outs and
+// its buttons; at the right what lies under the pointer, or the progress of long work. Its height
+// never changes.
+#include <cstdint>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QWidget>
 
+class ActionTable;
+class NumberBox;
+class QHBoxLayout;
 class QLabel;
 class QProgressBar;
+class QStackedLayout;
 class QStackedWidget;
+struct EntryRow;
 
 class StatusStrip : public QWidget {
     Q_OBJECT
 public:
-    explicit StatusStrip(QWidget* parent);
+    StatusStrip(const ActionTable& actions, QWidget* parent);
 
     /// Puts a text into a message label and brings its panel to the front.
     void ShowText(const QString& label, const QString& text);
+    /// Writes boxes and read-outs of a document; -1 empties them.
+    void ShowEntries(std::int16_t slot);
+    /// Dot, time and volts under the pointer; empty outside of a plot.
+    void ShowPointer(const QString& text);
+    /// Moves the focus to the last box of the panel in front, where a value is typed.
+    void FocusEntry();
+    void ApplyTexts();
     /// Work that lasts longer than a moment shows a bar; total 0 ends it. Returns true when the
     /// bar changed, so that the caller lets it repaint.
     bool ShowProgress(qint64 done, qint64 total);
 
+signals:
+    /// Escape in a box: the user goes back to the plot.
+    void Left();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    QWidget* MakePanel(const char* name, const char* message);
+    void AddBoxes(const ActionTable& actions);
+    void AddBox(const EntryRow& row, QHBoxLayout* line);
+    void AddReadOut(const char* panel, const char* caption, const char* label);
+    void AddButtons(const ActionTable& actions);
+    QHBoxLayout* LineOf(const QString& panel) const;
+
     QStackedWidget* panels_;
+    QHash<QString, QWidget*> groups_;  // boxes and buttons of a panel, by its name
+    QHash<int, NumberBox*> boxes_;     // by Entry
+    QStackedLayout* right_;
+    QLabel* pointer_;
     QProgressBar* progress_;
     QElapsedTimer since_;
 };

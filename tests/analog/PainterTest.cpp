@@ -11,6 +11,7 @@ protected:
     static AnalogWaveRecord& MakePlot(std::int32_t dots) {
         AnalogWaveRecord& wave = MakeDocument("", 0, dots);
         wave.Dots = dots;
+        for (std::int32_t i = 0; i < dots; ++i) wave.DotArray[i] = {double(i), 0.0};
         wave.GridOn = false;
         LayoutAnalogSurfaces(wave, Width + WaveMarginWidth, Height + WaveMarginHeight, 1.0);
         return wave;

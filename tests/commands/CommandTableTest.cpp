@@ -10,7 +10,7 @@ using CommandTableTest = AnalogFixture;
 
 TEST_F(CommandTableTest, DoorsAndRowsBelongTogether) {
     std::set<std::string_view> doors, names, shortcuts;
-    for (const auto& menus : {MenuStrip(), PopupMenus(), ToolBars()})
+    for (const auto& menus : {MenuStrip(), PopupMenus(), ToolBars(), StatusPanels()})
         for (const MenuRow& menu : menus) doors.insert(menu.Entries.begin(), menu.Entries.end());
     for (const MenuRow& menu : PopupMenus()) doors.erase(">" + std::string(menu.Name));
     for (const std::string_view door : doors) EXPECT_TRUE(door == "-" || FindCommand(door)) << door;

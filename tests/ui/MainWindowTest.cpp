@@ -14,7 +14,7 @@ void ExpectButton(const Mainfrm& window, std::string_view name) {
     const std::string_view text = TextOf("Mainfrm", name);
     EXPECT_FALSE(text.empty()) << name;
     EXPECT_EQ(button->toolTip().section(" (", 0, 0).toStdString(), text);
-    EXPECT_FALSE(button->icon().isNull()) << name;
+    EXPECT_TRUE(!button->icon().isNull() || button->text().size() <= 2) << name;
 }
 
 void ExpectMenu(const QString& menu, const QList<QAction*>& entries) {
@@ -84,9 +84,8 @@ TEST_F(MainWindowTest, StatesFollowTheRecords) {
     };
     const auto expectContextMenu = [&](const char* name) {
         QWidget* plot = window_->AnalogWindow(0)->Plot();
-        const QPoint at = plot->rect().center();
-        QContextMenuEvent ask(QContextMenuEvent::Mouse, at, plot->mapToGlobal(at));
-        QApplication::sendEvent(plot, &ask);
+        QTest::mouseClick(plot, Qt::RightButton, {},
+                          {LabelGutter + WaveAreaLeft + 20, WaveAreaTop + 20});
         QWidget* popup = QApplication::activePopupWidget();
         ASSERT_NE(popup, nullptr);
         EXPECT_EQ(popup->objectName(), name);

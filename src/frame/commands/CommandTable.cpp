@@ -3,6 +3,10 @@
 #include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
+#include "analog/EntryFuncBox.h"
+#include "analog/LimitFuncBox.h"
+#include "analog/ToolFuncBox.h"
+#include "analog/ZoomFuncBox.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -50,11 +54,30 @@ bool CanPickWave() {
     return HasNoDigital() && (AnalogDocCount == 0 || HasRoom());
 }
 
+bool CanMoveLimits() {
+    return HasAnalog() && !ActiveAnalog().LimitFixed;
+}
+bool HasLimits() {
+    return HasAnalog() && (ActiveAnalog().XLimitOn || ActiveAnalog().YLimitOn);
+}
+bool IsZoomed() {
+    return HasAnalog() && (ActiveAnalog().XZoomed || ActiveAnalog().YZoomed);
+}
+bool CanUndoZoom() {
+    return HasAnalog() && ActiveAnalog().ZoomUndoAvailable;
+}
+
 // --- when a switch is on ------------------------------------------------------------------
 
 template <Flag AnalogWaveRecord::*Field>
 bool IsOn() {
     return HasAnalog() && ActiveAnalog().*Field;
+}
+bool ShowsVolts() {
+    return HasAnalog() && ActiveAnalog().LineY1Unit == 1;
+}
+bool ShowsMillivolts() {
+    return HasAnalog() && ActiveAnalog().LineY1Unit != 1;
 }
 bool SpeaksEnglish() {
     return UseEnglish == 1;
@@ -76,6 +99,13 @@ void Toggle(std::int16_t) {
     wave.*Field = !(wave.*Field);
     TheHost().RefreshCommands();
     RepaintAnalog(ActiveAnalogIndex, true);
+}
+
+void PickTool(std::int16_t tool) {
+    ToggleTool(static_cast<Tool>(tool));
+}
+constexpr std::int16_t Of(Tool tool) {
+    return static_cast<std::int16_t>(tool);
 }
 
 void Save(std::int16_t) {
@@ -146,15 +176,15 @@ constexpr CommandRow Rows[] = {
      Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuEdit_SelAll", "MnuIdle_SelAll"}, "", "Ctrl+A",
      Run<SelectAllAnalog>, nullptr, HasDots, nullptr},
-    {"SelectAresBtn", {"MnuEdit_SelectMode"}, "Select", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::SelectMode>},
+    {"SelectAresBtn", {"MnuEdit_SelectMode"}, "Select", "Ctrl+1",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::SelectMode>, Of(Tool::Select)},
     // Draw
-    {"HandDrawAresBtn", {"MnuDraw_HandDraw", "MnuIdle_Handdraw"}, "HandDraw", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::HandDrawOn>},
-    {"LineDrawAresBtn", {"MnuDraw_LineDraw", "MnuIdle_LineDraw"}, "LineDraw", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::LineDrawOn>},
-    {"EditPointAresBtn", {"MnuDraw_PointEdit", "MnuIdle_pointEdit"}, "EditPoint", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::PointEditOn>},
+    {"HandDrawAresBtn", {"MnuDraw_HandDraw", "MnuIdle_Handdraw"}, "HandDraw", "Ctrl+2",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::HandDrawOn>, Of(Tool::HandDraw)},
+    {"LineDrawAresBtn", {"MnuDraw_LineDraw", "MnuIdle_LineDraw"}, "LineDraw", "Ctrl+3",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::LineDrawOn>, Of(Tool::LineDraw)},
+    {"EditPointAresBtn", {"MnuDraw_PointEdit", "MnuIdle_pointEdit"}, "EditPoint", "Ctrl+4",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::PointEditOn>, Of(Tool::PointEdit)},
     {"", {"MnuDraw_InsertStandardWave", "MnuIdle_Insert", "MnuSelect_Insert"},
      "InsertStandardWave", "Ctrl+I", InsertWave, nullptr, CanInsert, nullptr, -1},
     {"WaveAresBtn0", {}, "Wave0", "", InsertWave, nullptr, CanPickWave, nullptr, 0},
@@ -170,41 +200,48 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuDraw_InsertfromFile"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuDraw_InsertFromClipBoard"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuDraw_FunctionEdit"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"MarkAresBtn", {"MNuDraw_AreaLimit"}, "Mark", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::RegionLimitOn>},
+    {"MarkAresBtn", {"MNuDraw_AreaLimit"}, "Mark", "Ctrl+R",
+     Run<ToggleAreaLimit>, nullptr, CanMoveLimits, IsOn<&AnalogWaveRecord::RegionLimitOn>},
     {"MarkXAresBtn", {"MnuDraw_XLimit"}, "MarkX", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::XLimitOn>},
+     Run<ToggleXLimit>, nullptr, CanMoveLimits, IsOn<&AnalogWaveRecord::XLimitOn>},
     {"MarkYAresBtn", {"MnuDraw_YLimit"}, "MarkY", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::YLimitOn>},
+     Run<ToggleYLimit>, nullptr, CanMoveLimits, IsOn<&AnalogWaveRecord::YLimitOn>},
     {"MarkFixAresBtn", {"MnuDraw_FixupLimit"}, "MarkFix", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::LimitFixed>},
+     Run<ToggleLimitFixed>, nullptr, HasLimits, IsOn<&AnalogWaveRecord::LimitFixed>},
     // View
     {"GridAresBtn", {"MnuView_Grid"}, "Grid", "Ctrl+G", Toggle<&AnalogWaveRecord::GridOn>, nullptr,
      HasAnalog, IsOn<&AnalogWaveRecord::GridOn>},
-    {"CursorTrackAresBtn", {"MnuView_CurSorTrack"}, "CursorTrack", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::CursorTrackOn>},
+    {"CursorTrackAresBtn", {"MnuView_CurSorTrack"}, "CursorTrack", "Ctrl+5",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::CursorTrackOn>, Of(Tool::CursorTrack)},
     {"", {"MnuView_DotLink"}, "DotLink", "Ctrl+L", Toggle<&AnalogWaveRecord::DotLinkOn>, nullptr,
      HasAnalog, IsOn<&AnalogWaveRecord::DotLinkOn>},
     {"", {"MnuView_SegmentMark"}, "SegmentMark", "Ctrl+M",
      Toggle<&AnalogWaveRecord::SegmentMarkOn>, nullptr, HasAnalog,
      IsOn<&AnalogWaveRecord::SegmentMarkOn>},
-    {"ExpandsuitAresBtn", {"MnuView_ZoomOutFit"}, "Expandsuit", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ExpandToSuit>},
-    {"ZoomXAresBtn", {"MnuView_ZoomX"}, "ZoomX", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomXMode>},
-    {"ZoomYAresBtn", {"MnuView_ZoomY"}, "ZoomY", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomYMode>},
-    {"ZoomRegionAresBtn", {"MnuView_ZoomW"}, "ZoomRegion", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomRegionMode>},
-    {"ZoomOutCenterAresBtn", {"MnuView_ZoomOutCenter"}, "ZoomOutCenter", "",
-     nullptr, nullptr, nullptr, IsOn<&AnalogWaveRecord::ZoomCenterMode>},
-    {"ZoomNotAresBtn", {"MnuView_ZoomDisable"}, "ZoomNot", "",
-     nullptr, nullptr, nullptr, nullptr},
-    {"ZoomUndoAresBtn", {"MnuView_ZoomUndo"}, "ZoomUndo", "", nullptr, nullptr, nullptr, nullptr},
+    {"ExpandsuitAresBtn", {"MnuView_ZoomOutFit"}, "Expandsuit", "Ctrl+E",
+     Run<ToggleExpandToSuit>, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ExpandToSuit>},
+    {"ZoomXAresBtn", {"MnuView_ZoomX"}, "ZoomX", "Ctrl+6",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomXMode>, Of(Tool::ZoomX)},
+    {"ZoomYAresBtn", {"MnuView_ZoomY"}, "ZoomY", "Ctrl+7",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomYMode>, Of(Tool::ZoomY)},
+    {"ZoomRegionAresBtn", {"MnuView_ZoomW"}, "ZoomRegion", "Ctrl+8",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomRegionMode>, Of(Tool::ZoomRegion)},
+    {"ZoomOutCenterAresBtn", {"MnuView_ZoomOutCenter"}, "ZoomOutCenter", "Ctrl+9",
+     PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomCenterMode>, Of(Tool::ZoomCenter)},
+    {"ZoomNotAresBtn", {"MnuView_ZoomDisable"}, "ZoomNot", "Ctrl+0",
+     Run<CancelZoom>, nullptr, IsZoomed, nullptr},
+    {"ZoomUndoAresBtn", {"MnuView_ZoomUndo"}, "ZoomUndo", "Ctrl+U",
+     Run<UndoZoom>, nullptr, CanUndoZoom, nullptr},
     {"", {"MnuView_ShowTime"}, "ShowTime", "Ctrl+T", Toggle<&AnalogWaveRecord::TimeAxisOn>,
      nullptr, HasAnalog, IsOn<&AnalogWaveRecord::TimeAxisOn>},
     {"", {"MnuView_SetWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuView_SetGrid"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    // The boxes of the status strip
+    {"VAresBtn", {}, "", "", SwitchEntryUnits, nullptr, HasAnalog, ShowsVolts, 1},
+    {"mVAresBtn", {}, "", "", SwitchEntryUnits, nullptr, HasAnalog, ShowsMillivolts, 1000},
+    {"OkAresBtn", {}, "Apply", "", Run<ApplyLineBoxes>, nullptr, HasAnalog, nullptr},
+    {"AresButton1", {}, "Apply", "", Run<ApplyPointBoxes>, nullptr, HasAnalog, nullptr},
+    {"ZoomAresBtn", {}, "Apply", "", Run<ApplyZoomBoxes>, nullptr, HasAnalog, nullptr},
     // Rework
     {"", {"MnuRework_property"}, "Property", "Alt+Return", EditProperty, nullptr, HasAnalog,
      nullptr},

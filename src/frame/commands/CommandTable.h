@@ -51,3 +51,5 @@ std::span<const MenuRow> MenuStrip();
 std::span<const MenuRow> PopupMenus();
 /// The two rows of tool bars.
 std::span<const MenuRow> ToolBars();
+/// The buttons of the status strip's panels.
+std::span<const MenuRow> StatusPanels();

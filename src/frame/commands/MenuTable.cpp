@@ -127,6 +127,11 @@ constexpr Names SecondBar[] = {"SelectAresBtn",        "HandDrawAresBtn",
                                "ExpandAllAresBtn",     "CloseAllAresBtn",
                                "BranchToBusAresBtn",   "BusToBranchAresBtn"};
 
+constexpr Names LineButtons[] = {"VAresBtn", "mVAresBtn", "OkAresBtn"};
+constexpr Names PointButtons[] = {"VAresBtn", "mVAresBtn", "AresButton1"};
+constexpr Names BandButtons[] = {"ZoomAresBtn"};
+constexpr Names ValueBandButtons[] = {"VAresBtn", "mVAresBtn", "ZoomAresBtn"};
+
 constexpr MenuRow Strip[] = {
     {"MnuFile", FileMenu}, {"MnuEdit", EditMenu},     {"MnuDraw", DrawMenu},
     {"MnuView", ViewMenu}, {"MnuRework", ReworkMenu}, {"MnuMath", MathMenu},
@@ -135,6 +140,9 @@ constexpr MenuRow Popups[] = {
     {"MnuFile_New", NewMenu}, {"MnuFile_Open", OpenMenu}, {"MnuMath_Filter", FilterMenu},
     {"MnuMath_Win", WinMenu}, {"MnuIdle", IdleMenu},      {"MnuSelect", SelectMenu},
     {"MnuMin", TrayMenu}};
+constexpr MenuRow Panels[] = {{"picLineDraw", LineButtons},  {"picEditDot", PointButtons},
+                              {"picZoomH", BandButtons},     {"picZoomV", ValueBandButtons},
+                              {"PicZoom", ValueBandButtons}, {"picZoomCenter", BandButtons}};
 constexpr MenuRow Bars[] = {{"ToolBar1", FirstBar}, {"ToolBar2", SecondBar}};
 
 }  // namespace
@@ -147,4 +155,7 @@ std::span<const MenuRow> PopupMenus() {
 }
 std::span<const MenuRow> ToolBars() {
     return Bars;
+}
+std::span<const MenuRow> StatusPanels() {
+    return Panels;
 }

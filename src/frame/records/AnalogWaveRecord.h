@@ -8,6 +8,7 @@
 #include "kernel/wavecalc.h"
 #include "platform/Surface.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -31,6 +32,13 @@ struct WaveSegment {
     std::int16_t Overzero = 0;    // zero crossings on a side, Sinc
     float Damp = 0.0F;            // exponent, ExpRise and ExpFall
 };
+
+// One of the small boxes of the status strip, as this document fills it.
+struct EntryBox {
+    std::string Text;  // what the box shows; empty: no number
+    Flag HasValue;     // the field behind the box was given a value
+};
+inline constexpr std::size_t EntryBoxCount = 15;  // in the order of `Entry`, see EntryFuncBox.h
 
 struct AnalogWaveRecord {
     std::int32_t MaxDots = 0;           // capacity, dots
@@ -66,7 +74,7 @@ struct AnalogWaveRecord {
     std::int32_t SelPixelLeft = 0;  // pixel columns of the selection bar as last drawn
     std::int32_t SelPixelRight = 0;
     Flag MouseMoved;                   // the mouse moved since the press
-    Flag MouseArmed = true;            // the next press starts a new selection
+    Flag MouseArmed = true;            // a press of the tool in use waits for its release
     std::int32_t SelectedSegment = 0;  // segment under a double click
     std::int32_t LastDot = 0;          // "End:" of files; decisions read Dots
     std::int32_t UndoLastDot = 0;      // LastDot of the snapshot
@@ -90,10 +98,11 @@ struct AnalogWaveRecord {
     Flag RegionLimitOn;                           // at least one limit is on
     Flag UndoAvailable;
     Flag ResumeAvailable;
-    std::int32_t TrackX = 0, TrackY = 0;  // mouse position last used by cursor tracking
-    std::int32_t LineX1 = -1;             // start dot of the line boxes; -1: empty
-    double LineY1 = 30.0;                 // 30.0: no valid value
-    std::int16_t LineY1Unit = 1;          // divider of a box: 1 for V, 1000 for mV
+    std::int32_t TrackX = 0, TrackY = 0;  // pixel of the limit line under the mouse
+    std::array<EntryBox, EntryBoxCount> EntryBoxes;
+    std::int32_t LineX1 = -1;     // start dot of the line boxes
+    double LineY1 = 30.0;         // in the unit of its box
+    std::int16_t LineY1Unit = 1;  // divider of a box: 1 for V, 1000 for mV
     std::int32_t LineX2 = 0;
     double LineY2 = -1.0;
     std::int16_t LineY2Unit = 1;
@@ -111,34 +120,36 @@ struct AnalogWaveRecord {
     float VPointerX = 8.0F, VPointerY = 0.0F;  // vertical scale pointer: from the left edge; row
     Flag YZoomed;                              // the vertical view differs from +-1.0
     Flag VPointerDragging;
-    float VPointerSpan = 0.0F;                 // ViewTop - ViewBottom at the start of a drag
+    double VPointerSpan = 0.0;                 // ViewTop - ViewBottom at the start of a drag
     float HPointerX = 0.0F, HPointerY = 4.0F;  // horizontal: column; distance above the plot
     Flag XZoomed;                              // the horizontal view differs from the whole wave
     Flag HPointerDragging;
-    float HPointerSpan = 0.0F;  // span of the view as a part of MaxDots
+    double HPointerSpan = 0.0;  // span of the view as a part of MaxDots
+    float PointerGrip = 0.0F;   // press less the pointer's own place, along its axis
     std::int32_t RubberX1 = 0;  // zoom band: dots and amplitudes
     double RubberY1 = 0.0;
     std::int32_t RubberX2 = 0;
     double RubberY2 = 0.0;
-    float RubberPixelX1 = 0.0F, RubberPixelY1 = 0.0F, RubberPixelX2 = 0.0F;
-    Flag ExpandToSuit;  // the view always shows dots 0..Dots-1
+    float RubberPixelX1 = 0.0F, RubberPixelY1 = 0.0F;  // where the band begins
+    Flag ExpandToSuit;                                 // the view always shows dots 0..Dots-1
     Flag ZoomXMode, ZoomYMode, ZoomRegionMode, ZoomCenterMode;
     Flag ZoomUndoAvailable;
     Flag PrintMode;      // painting uses the print colours
     Flag ExpandApplied;  // the last paint applied ExpandToSuit
     Flag CursorTrackOn;
-    float TrackPixelX = 0.0F, TrackPixelY = 0.0F;
-    std::int32_t TrackDot = 0;
+    std::int32_t TrackDot = 0;  // the dot under the cross of cursor track and point edit
     double TrackValue = 0.0;
+    Flag TrackShown;         // a dot was chosen since the tool went on
     Flag SelectMode = true;  // the rest state of the tools
     Flag HandDrawOn;
     Flag LineDrawOn;
-    std::int32_t DrawPrevDot = 0, DrawStartDot = 0;
-    Flag DrawPressed;
-    std::int32_t DrawAnchorDot = 0;
-    float DrawPrevValue = 0.0F;
-    std::int32_t DrawSegment = 0;
-    Flag LinePending;
+    std::int32_t DrawStartDot = 0;   // first dot that the stroke or line wrote, its gap included
+    std::int32_t DrawAnchorDot = 0;  // last dot that it wrote
+    std::int32_t DrawPrevDot = 0;    // where its last point stands
+    double DrawPrevValue = 0.0;      // amplitude of that point
+    Flag DrawPressed;                // mouse down inside a stroke
+    Flag LinePending;                // a line has a first point and waits for the next
+    Flag LineWritten;                // the line has written dots
     Flag PointEditOn;
     std::string Name;                            // title, "Waveform" and the slot at first
     std::int32_t PlotWidth = 0, PlotHeight = 0;  // device pixels at the last layout

@@ -1,0 +1,57 @@
+#include "analog/PlotOverlay.h"
+
+#include "analog/DrawAnalogWave.h"
+#include "frame/Narrow.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double Arm = 10.0, Tick = 3.0;  // logical pixels
+
+std::int32_t Scaled(const Surface& plot, double logical) {
+    return RoundToInt(logical * plot.Scale());
+}
+
+}  // namespace
+
+PlotPlace PlaceOf(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y) {
+    const WaveView view = ViewOf(wave);
+    const std::int32_t column = std::clamp(x, 0, std::max(wave.PlotWidth, 0));
+    const std::int32_t row = std::clamp(y, 0, std::max(wave.PlotHeight - 1, 0));
+    const std::int32_t dot = PixelToDot(column, view, wave.PlotWidth);
+    return {column, row, std::clamp(dot, 0, std::max(wave.MaxDots - 1, 0)),
+            std::clamp(PixelToValue(row, view, wave.PlotHeight), -1.0, 1.0)};
+}
+
+PixelPoint PixelOf(const AnalogWaveRecord& wave, std::int32_t dot, double value) {
+    const WaveView view = ViewOf(wave);
+    return {RoundToInt(DotToPixel(dot, view, wave.PlotWidth)),
+            RoundToInt(ValueToPixel(value, view, wave.PlotHeight))};
+}
+
+void KeepPlot(AnalogWaveRecord& wave) {
+    wave.GridSurface.CopyFrom(wave.PlotSurface);
+}
+
+void RestorePlot(AnalogWaveRecord& wave) {
+    wave.PlotSurface.CopyFrom(wave.GridSurface);
+}
+
+void DrawUprightMark(Surface& plot, std::int32_t x, std::int32_t y) {
+    const std::int32_t arm = Scaled(plot, Arm), tick = Scaled(plot, Tick);
+    plot.Line(x, y - arm, x, y + arm, RubberColour);
+    plot.Line(x - tick, y, x + tick, y, RubberColour);
+}
+
+void DrawLevelMark(Surface& plot, std::int32_t x, std::int32_t y) {
+    const std::int32_t arm = Scaled(plot, Arm), tick = Scaled(plot, Tick);
+    plot.Line(x - arm, y, x + arm, y, RubberColour);
+    plot.Line(x, y - tick, x, y + tick, RubberColour);
+}
+
+void DrawCross(Surface& plot, std::int32_t x, std::int32_t y) {
+    const std::int32_t arm = Scaled(plot, Arm);
+    plot.Line(x - arm, y, x + arm, y, RubberColour);
+    plot.Line(x, y - arm, x, y + arm, RubberColour);
+}

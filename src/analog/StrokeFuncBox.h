@@ -1,0 +1,29 @@
+#pragma once
+// Drawing of dots: hand strokes, chains of straight lines, and lines given by numbers. All three
+// write through one fill, close a gap behind the last dot first, and end as one custom segment.
+// Positions are pixels of the plot; the limit lines hold strokes and lines made with the mouse.
+#include "frame/records/AnalogWaveRecord.h"
+
+/// First point of a stroke. The snapshot is the caller's.
+void BeginHandStroke(std::int16_t index, std::int32_t x, std::int32_t y);
+/// Writes the dots from the last point up to this one and draws the step on the plot. A stroke that
+/// runs backwards writes nothing until it moves forward again from where it is.
+void ContinueHandStroke(std::int16_t index, std::int32_t x, std::int32_t y);
+/// Makes the dots of the stroke one segment, with the end of an edit.
+void EndHandStroke(std::int16_t index);
+
+/// A click of the line tool. The first one takes the snapshot and sets the start; every other one
+/// writes the line from the last point. The chain is one segment at any time.
+void PlaceLinePoint(std::int16_t index, std::int32_t x, std::int32_t y);
+/// Draws the guide from the last point of the line to the mouse.
+void GuideLine(std::int16_t index, std::int32_t x, std::int32_t y);
+/// No further point follows. The snapshot stands, even where no line was written.
+void EndLineDraw(AnalogWaveRecord& wave);
+
+/// Closes a stroke or line under way and lets go of all that the mouse holds, without a repaint:
+/// for commands that come in the middle of a gesture.
+void FinishGesture(AnalogWaveRecord& wave);
+
+/// Writes a line on the active document, as an edit with repaint: dots x1..x2 (in any order, held
+/// to 0..MaxDots - 1), normalised amplitudes y1 and y2, held to -1..1.
+void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2);
