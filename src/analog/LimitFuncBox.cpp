@@ -30,7 +30,7 @@ void TogglePair(Flag AnalogWaveRecord::*pair) {
 }
 
 std::int32_t HoldBetweenLines(std::int32_t at, float one, float other) {
-    const auto [low, high] = std::minmax(RoundToInt(one), RoundToInt(other));
+    const auto [low, high] = std::minmax({RoundToInt(one), RoundToInt(other)});
     return std::clamp(at, low, high);
 }
 

@@ -1,11 +1,13 @@
 #include "app/TourHands.h"
 
+#include <cstdlib>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 
 void Settle(int milliseconds) {
@@ -15,15 +17,45 @@ void Settle(int milliseconds) {
     while (timer.elapsed() < milliseconds);
 }
 
-void Click(QWidget* widget) {
-    const QPointF at = QRectF(widget->rect()).center();
-    const QPointF global = widget->mapToGlobal(at);
-    QMouseEvent press(QEvent::MouseButtonPress, at, global, Qt::LeftButton, Qt::LeftButton,
+void Press(QWidget* widget, QPoint at, Qt::MouseButton button) {
+    QMouseEvent press(QEvent::MouseButtonPress, at, widget->mapToGlobal(at), button, button,
                       Qt::NoModifier);
     QApplication::sendEvent(widget, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, at, global, Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
+}
+
+void MoveTo(QWidget* widget, QPoint at, Qt::MouseButton held) {
+    QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(at), Qt::NoButton, held,
+                     Qt::NoModifier);
+    QApplication::sendEvent(widget, &move);
+}
+
+void Release(QWidget* widget, QPoint at, Qt::MouseButton button) {
+    QMouseEvent release(QEvent::MouseButtonRelease, at, widget->mapToGlobal(at), button,
+                        Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &release);
+}
+
+void ClickAt(QWidget* widget, QPoint at, Qt::MouseButton button) {
+    Press(widget, at, button);
+    Release(widget, at, button);
+}
+
+void Click(QWidget* widget) {
+    ClickAt(widget, widget->rect().center());
+}
+
+void Drag(QWidget* widget, QPoint from, QPoint to) {
+    Press(widget, from);
+    for (int step = 1; step <= 8; ++step) MoveTo(widget, from + (to - from) * step / 8);
+    Release(widget, to);
+}
+
+void TurnWheel(QWidget* widget, QPoint at, int notches, Qt::KeyboardModifiers modifiers) {
+    for (int i = 0; i < std::abs(notches); ++i) {
+        QWheelEvent turn(at, widget->mapToGlobal(at), {}, {0, notches > 0 ? 120 : -120},
+                         Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &turn);
+    }
 }
 
 void PressKey(QWidget* widget, int key, Qt::KeyboardModifiers modifiers) {

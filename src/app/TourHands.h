@@ -1,6 +1,7 @@
 #pragma once
 // The hands of the tour: mouse presses, keys and pictures on the real windows.
 #include <functional>
+#include <QPoint>
 #include <QString>
 
 class QWidget;
@@ -10,6 +11,15 @@ void Settle(int milliseconds = 20);
 
 /// Presses and releases the left button in the middle of a widget.
 void Click(QWidget* widget);
+
+// The left button (or the right one) at places of a widget, with the moves in between.
+void Press(QWidget* widget, QPoint at, Qt::MouseButton button = Qt::LeftButton);
+void MoveTo(QWidget* widget, QPoint at, Qt::MouseButton held = Qt::LeftButton);
+void Release(QWidget* widget, QPoint at, Qt::MouseButton button = Qt::LeftButton);
+void ClickAt(QWidget* widget, QPoint at, Qt::MouseButton button = Qt::LeftButton);
+void Drag(QWidget* widget, QPoint from, QPoint to);
+/// Turns the mouse wheel by whole notches, away from the user where positive.
+void TurnWheel(QWidget* widget, QPoint at, int notches, Qt::KeyboardModifiers modifiers = {});
 
 /// Types into the widget with the focus on it; the old content is replaced.
 void TypeInto(QWidget* widget, const QString& text);

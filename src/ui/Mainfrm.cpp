@@ -133,6 +133,7 @@ void Mainfrm::BuildDocumentArea() {
         if (window == nullptr || DocBuilding) return;
         RefreshCommands();
         if (ActiveTag() >= 0) ShowTool(ActiveTag());
+        TabToActive();
     });
     connect(new QShortcut(QKeySequence("Ctrl+Tab"), this), &QShortcut::activated, area_,
             &QMdiArea::activateNextSubWindow);
@@ -163,8 +164,20 @@ void Mainfrm::OpenAnalogWindow(std::int16_t slot) {
     frame->showMaximized();
     area_->setActiveSubWindow(frame);
     frame->setGeometry(area_->viewport()->rect());
+    TabToActive();
     AnalogWindow(slot)->LayOut();
     ShowTitle(slot);
+}
+
+// The Tab key must not wander into documents that lie behind the active one.
+void Mainfrm::TabToActive() {
+    for (QMdiSubWindow* frame : frames_) {
+        if (frame == nullptr) continue;
+        const bool active = frame == area_->currentSubWindow();
+        static_cast<WaveFrm*>(frame->widget())
+            ->Plot()
+            ->setFocusPolicy(active ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 void Mainfrm::CloseAnalogWindow(std::int16_t slot) {

@@ -46,6 +46,7 @@ private:
     void BuildCaption();
     void BuildToolBars();
     void BuildDocumentArea();
+    void TabToActive();
     void ShowContextMenu(QPoint global);
     void FillWindowMenu();
     bool CloseAllDocuments();

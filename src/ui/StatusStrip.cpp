@@ -217,6 +217,9 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
     auto* target = panels_->findChild<QLabel*>(label);
     if (target == nullptr) return;
     target->setText(text);
+    // A box that goes with its panel hands the focus to the plot, not to whatever comes next.
+    if (panels_->currentWidget() != target->parentWidget() && isAncestorOf(window()->focusWidget()))
+        emit Left();
     panels_->setCurrentWidget(target->parentWidget());
 }
 

@@ -1,0 +1,68 @@
+#include "app/TourSteps.h"
+
+#include "app/TourHands.h"
+#include "ui/ActionTable.h"
+
+#include <cmath>
+#include <cstdio>
+#include <QAction>
+
+void Step(TourState& tour, const char* what, bool good) {
+    std::printf("%s  %s\n", good ? "ok    " : "FAILED", what);
+    std::fflush(stdout);
+    if (!good) ++tour.Failed;
+}
+
+void Picture(TourState& tour, QWidget* window, const char* name) {
+    const QString number = QString("%1").arg(++tour.Pictures, 2, 10, QChar('0'));
+    TakePicture(window, tour.Folder.filePath(number + "-" + name + ".png"));
+}
+
+void Choose(TourState& tour, const char* menuEntry) {
+    tour.Window->Actions()->Find(menuEntry)->trigger();
+    Settle();
+}
+
+void NewDocument(TourState& tour, const char* dots, const char* vpp, const char* picture) {
+    WithDialog([&] { Click(Control(tour.Window.get(), "NewAnaWaveAresBtn")); },
+               [&](QWidget* dialog) {
+                   TypeInto(Control(dialog, "DotnumTxt"), dots);
+                   TypeInto(Control(dialog, "ampltxt"), vpp);
+                   PressKey(Control(dialog, "ampltxt"), Qt::Key_Tab);
+                   if (picture) Picture(tour, dialog, picture);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
+void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
+    WithDialog([&] { Click(Control(tour.Window.get(), wave.Button)); },
+               [&](QWidget* dialog) {
+                   const std::pair<const char*, const char*> boxes[] = {{"DotnumTxt", wave.Dots},
+                                                                        {"Cyclestxt", wave.Cycles},
+                                                                        {"ampltxt", wave.Ampl},
+                                                                        {"para1txt", wave.Para1}};
+                   for (const auto& [box, text] : boxes) {
+                       if (text == nullptr) continue;
+                       TypeInto(Control(dialog, box), text);
+                       PressKey(Control(dialog, box), Qt::Key_Tab);
+                   }
+                   if (picture) Picture(tour, dialog, picture);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
+void AnswerFileDialog(QWidget* dialog, const QString& path) {
+    TypeInto(Control(dialog, "fileNameEdit"), path);
+    PressKey(Control(dialog, "fileNameEdit"), Qt::Key_Return);
+}
+
+bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within) {
+    if (wave.Dots != static_cast<std::int32_t>(dots.size())) return false;
+    for (std::size_t i = 0; i < dots.size(); ++i)
+        if (!(std::fabs(wave.DotArray[i].Y - dots[i].Y) <= within)) return false;
+    return true;
+}
+
+std::vector<WaveDot> DotsOf(const AnalogWaveRecord& wave) {
+    return {wave.DotArray.begin(), wave.DotArray.begin() + wave.Dots};
+}

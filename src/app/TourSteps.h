@@ -1,0 +1,40 @@
+#pragma once
+// What the chapters of the tour share: the running program, a line for each step, numbered
+// pictures, and the dialogs that several chapters go through.
+#include "frame/records/AnalogWaveRecord.h"
+#include "ui/Mainfrm.h"
+
+#include <memory>
+#include <QDir>
+#include <vector>
+
+struct TourState {
+    std::unique_ptr<Mainfrm> Window;
+    QDir Folder;
+    int Pictures = 0;
+    int Failed = 0;
+};
+
+/// Prints whether a step went well.
+void Step(TourState& tour, const char* what, bool good);
+/// Saves a picture of a window under the next number.
+void Picture(TourState& tour, QWidget* window, const char* name);
+/// Chooses a menu entry.
+void Choose(TourState& tour, const char* menuEntry);
+
+/// A new document through its dialog; `picture` names a picture of the dialog, if any.
+void NewDocument(TourState& tour, const char* dots, const char* vpp, const char* picture);
+
+struct WaveValues {
+    const char* Button;
+    const char *Dots, *Cycles, *Ampl, *Para1;  // null: as the dialog proposes
+};
+void InsertWave(TourState& tour, const WaveValues& wave, const char* picture);
+
+void AnswerFileDialog(QWidget* dialog, const QString& path);
+
+bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within);
+std::vector<WaveDot> DotsOf(const AnalogWaveRecord& wave);
+
+/// The chapter on drawing, zoom and limits, on a document of its own.
+void DrawWithTheMouse(TourState& tour);
