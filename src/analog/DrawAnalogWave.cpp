@@ -14,15 +14,6 @@
 // PlotSurface what is shown; the scale labels stand on BackSurface around the plot. Only a full
 // redraw makes the grid anew, every other repaint begins with a surface copy.
 
-const PlotColours ScreenColours = {.Surround = 0x12181E,
-                                   .Back = 0x0B1015,
-                                   .Grid = 0x1F2A33,
-                                   .Axis = 0x3B4C5A,
-                                   .Label = 0x8C99A5,
-                                   .Curve = 0xFFC93C,
-                                   .Limit = 0xFF8A3C,
-                                   .Mark = 0xC77DFF,
-                                   .Pointer = 0x3BA7FF};
 const PlotColours PrintColours = {.Surround = 0xFFFFFF,
                                   .Back = 0xFFFFFF,
                                   .Grid = 0xB0B0B0,

@@ -19,7 +19,7 @@ struct PlotColours {
 inline constexpr std::int32_t LabelGutter = 28;
 /// Segment marks stand on the plot's bottom, logical pixels.
 inline constexpr double SegmentMarkHeight = 14.0;
-extern const PlotColours ScreenColours;
+extern const PlotColours& ScreenColours;  // as the user chose them, see ScreenColours.h
 extern const PlotColours PrintColours;
 inline constexpr Colour RubberColour = 0x00FF00;
 // Drawn in the not-exclusive-or mode, it turns the plot's background into a dark blue.

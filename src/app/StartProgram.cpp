@@ -1,5 +1,6 @@
 #include "app/StartProgram.h"
 
+#include "analog/ScreenColours.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
@@ -22,6 +23,7 @@ Mainfrm* StartProgram() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     auto* window = new Mainfrm;
     InitialiseGlobals();
+    LoadScreenColours();
     InstallHost(*window);
     UseEnglish = 1;
     window->ApplyLanguage();

@@ -2,6 +2,7 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "calculus/InsertedRun.h"
 #include "calculus/NumberField.h"
 #include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
@@ -25,14 +26,6 @@ constexpr double LowestSavedAmpl = 0.002;  // volts
 constexpr double HighestPhase = 359.0;     // degrees
 
 std::int16_t LastKind = Sine;  // the type that the dialog opens with
-
-std::int32_t SelectionLength(const AnalogWaveRecord& wave) {
-    return wave.HasSelection ? wave.SelEnd - wave.SelStart + 1 : 0;
-}
-
-std::int32_t RoomOf(const AnalogWaveRecord& wave) {
-    return wave.MaxDots - wave.Dots + SelectionLength(wave);
-}
 
 // Fewer than two dots have room for one period all the same.
 std::int32_t HighestCycles(const StandardWaveDialog& dialog) {
@@ -225,20 +218,6 @@ void AppendWave(AnalogWaveRecord& wave, const WaveSegment& fields) {
     AppendSegment(wave, made, made.RunStart);
     wave.Dots += made.DotCount;
     wave.LastDot = wave.Dots - 1;
-}
-
-// Moves the dots from `from` to the end so that they begin at `to`, and counts them anew.
-void MoveTail(AnalogWaveRecord& wave, std::int32_t from, std::int32_t to) {
-    const auto dots = wave.DotArray.begin();
-    if (to > from) {
-        std::copy_backward(dots + from, dots + wave.Dots, dots + wave.Dots + (to - from));
-    } else if (to < from) {
-        std::copy(dots + from, dots + wave.Dots, dots + to);
-    } else {
-        return;
-    }
-    wave.Dots += to - from;
-    for (std::int32_t dot = to; dot < wave.Dots; ++dot) dots[dot].X = dot;
 }
 
 void ReplaceSelection(AnalogWaveRecord& wave, const WaveSegment& fields) {

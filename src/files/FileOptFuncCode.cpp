@@ -2,6 +2,8 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
+#include "analog/EditFuncBox.h"
+#include "analog/SegmentEngine.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
@@ -138,6 +140,23 @@ void FillRecord(AnalogWaveRecord& wave, AnalogFileContent content) {
     wave.Quantify = content.Quantify;
 }
 
+// The user picks a file to read; `folder` is where the dialog opens.
+std::string ChooseSource(std::string_view title, const std::string& folder) {
+    FileChoice choice;
+    choice.Title = title;
+    choice.Filter = PickText(FilterEnglish, FilterChinese);
+    choice.Folder = folder;
+    return TheHost().ChooseFile(choice);
+}
+
+void TellDropped(std::int32_t inserted, std::int32_t all) {
+    const std::string count = std::to_string(inserted), total = std::to_string(all);
+    const std::string text =
+        UseEnglish == 1 ? count + " of " + total + " dots were inserted; the others do not fit."
+                        : "已插入 " + count + " 点（共 " + total + " 点），其余点数超出上限。";
+    TheHost().Ask(text, Buttons::Ok, MessageIcon::Information);
+}
+
 }  // namespace
 
 bool SaveAnalog(std::int16_t index) {
@@ -160,10 +179,7 @@ bool SaveAllAnalog() {
 
 void OpenAnalog() {
     if (!RoomForDocument()) return;
-    FileChoice choice;
-    choice.Title = PickText("Open File", "打开文件");
-    choice.Filter = PickText(FilterEnglish, FilterChinese);
-    const std::string path = TheHost().ChooseFile(choice);
+    const std::string path = ChooseSource(PickText("Open File", "打开文件"), "");
     if (!path.empty()) OpenAnalogFile(path);
 }
 
@@ -186,6 +202,41 @@ bool OpenAnalogFile(const std::string& path) {
     RepaintAnalog(slot, true);
     TheHost().ShowTitle(slot);
     TheHost().RefreshCommands();
+    return true;
+}
+
+void InsertFromFile() {
+    const AnalogWaveRecord& wave = ActiveAnalog();
+    if (DotsFull(wave)) {
+        Complain("Waveform Dots up limit", "波形点数达到上限");
+        return;
+    }
+    const std::string path =
+        ChooseSource(PickText("Insert from File", "从文件插入"), wave.FolderName);
+    if (!path.empty()) InsertAnalogFile(path);
+}
+
+bool InsertAnalogFile(const std::string& path) {
+    AnalogFileContent content;
+    if (!ReadContent(path, content)) return false;
+    if (content.Dots == 0) {
+        Complain("The file holds no dots.", "文件中没有波形点。");
+        return false;
+    }
+    AnalogWaveRecord& wave = ActiveAnalog();
+    const std::int32_t start = wave.Dots;
+    const std::int32_t count = std::min(content.Dots, wave.MaxDots - start);
+    const double ratio = content.Vpp / wave.Vpp;
+    ClearSelection(wave);
+    BeginEdit(wave);
+    for (std::int32_t i = 0; i < count; ++i)
+        wave.DotArray[start + i] = {double(start + i),
+                                    std::clamp(content.DotArray[i].Y * ratio, -1.0, 1.0)};
+    AppendSegment(wave, WaveSegment{.DotCount = count}, start);
+    wave.Dots += count;
+    wave.LastDot = wave.Dots - 1;
+    EndEdit(ActiveAnalogIndex);
+    if (count < content.Dots) TellDropped(count, content.Dots);
     return true;
 }
 

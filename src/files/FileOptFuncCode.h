@@ -18,6 +18,14 @@ void OpenAnalog();
 /// Makes a document of a file; false with a message, and no document, when it cannot be read.
 bool OpenAnalogFile(const std::string& path);
 
+/// Insert from File: asks for a file and inserts it as InsertAnalogFile does. A full document asks
+/// for none and is told.
+void InsertFromFile();
+/// Appends the dots of a file to the active document as one custom segment, as one edit: volts
+/// stay, clipped to the rails. Dots without room are dropped, which the user is told. False with
+/// a message, and nothing changed, when the file cannot be read or holds no dot.
+bool InsertAnalogFile(const std::string& path);
+
 // The formats on memory, for files and tests.
 enum class AnalogFormat { Text, Csv, Rdf };
 /// By the last three letters of the name, in any case; text for others.

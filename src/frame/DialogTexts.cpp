@@ -66,6 +66,72 @@ constexpr WindowText Rows[] = {
     {"StandardWaveFrm", "OkAresBtn", "OK", "确定"},
     {"StandardWaveFrm", "CancelAresBtn", "Cancel", "取消"},
 
+    {"EquationFrm", "", "Equation", "公式"},
+    {"EquationFrm", "ExpressionLab", "&Volts =", "电压(&V) ="},
+    {"EquationFrm", "ExpressionTxt", "Expression in volts", "以伏特为单位的表达式"},
+    {"EquationFrm", "ExampleLab", "E&xamples", "示例(&X)"},
+    {"EquationFrm", "ExampleCmb", "Examples", "示例"},
+    {"EquationFrm", "ExampleHint", "Choose...", "请选择..."},
+    {"EquationFrm", "ExampleCmb0", "Damped sine", "衰减正弦"},
+    {"EquationFrm", "ExampleCmb1", "Amplitude modulation", "调幅 (AM)"},
+    {"EquationFrm", "ExampleCmb2", "Frequency modulation", "调频 (FM)"},
+    {"EquationFrm", "ExampleCmb3", "Chirp", "线性调频"},
+    {"EquationFrm", "ExampleCmb4", "Sinc", "Sinc"},
+    {"EquationFrm", "ExampleCmb5", "Gaussian pulse", "高斯脉冲"},
+    {"EquationFrm", "ExampleCmb6", "Charge and discharge", "指数充放电"},
+    {"EquationFrm", "ExampleCmb7", "Staircase", "阶梯波"},
+    {"EquationFrm", "ExampleCmb8", "Pulse-width modulation", "脉宽调制 (PWM)"},
+    {"EquationFrm", "ExampleCmb9", "Sine with noise", "含噪声的正弦"},
+    {"EquationFrm", "ExampleCmb10", "Heartbeat", "心电波形"},
+    {"EquationFrm", "ExampleCmb11", "Odd harmonics", "奇次谐波"},
+    {"EquationFrm", "ExampleCmb12", "Burst", "脉冲串"},
+    {"EquationFrm", "ExampleCmb13", "200 kHz by time", "按时间的 200 kHz"},
+    {"EquationFrm", "HistoryLab", "&History", "历史记录(&H)"},
+    {"EquationFrm", "HistoryCmb", "History", "历史记录"},
+    {"EquationFrm", "HistoryHint", "Choose...", "请选择..."},
+    {"EquationFrm", "DotnumLab", "&Dots", "点数(&D)"},
+    {"EquationFrm", "DotNumUp", "More dots", "增加点数"},
+    {"EquationFrm", "DotNumDn", "Fewer dots", "减少点数"},
+    {"EquationFrm", "PlaceLab", "Place", "位置"},
+    {"EquationFrm", "PicPreview", "Preview", "预览"},
+    {"EquationFrm", "LegendInfo",
+     "<table cellspacing='0' cellpadding='0'>"
+     "<tr><td width='40' valign='middle'><b>t</b></td><td>time of the dot in the document, "
+     "seconds</td></tr>"
+     "<tr><td width='40' valign='middle'><b>x</b></td><td>0 to 1 over the new dots</td></tr>"
+     "<tr><td width='40' valign='middle'><b>n</b></td><td>number of the new dot, from 0</td></tr>"
+     "<tr><td width='40' valign='middle'><b>A</b></td><td>Vpp / 2, volts</td></tr>"
+     "<tr><td width='40' valign='middle'><b>2.2k</b></td><td>suffixes f p n u µ m k M G, behind a "
+     "number;</td></tr>"
+     "<tr><td width='40' valign='middle'><b></b></td><td>2n is 2e-9, but 2*n is twice n</td></tr>"
+     "</table>"
+     "<p>pi e + - * / ^ ( ) comparisons, a ? b : c<br/>"
+     "sin cos tan asin acos atan atan2 sinh cosh tanh<br/>"
+     "exp ln log (= ln) log2 log10 sqrt abs sign<br/>"
+     "floor ceil rint mod min max avg sum<br/>"
+     "square saw tri (period 2*pi), noise() in -1..1<br/>"
+     "step: 1 from 0 on; rect: 1 within -0.5..0.5<br/>"
+     "sinc(v) = sin(pi*v)/(pi*v)<br/>"
+     "gauss(v) = exp(-v^2/2)</p>",
+     "<table cellspacing='0' cellpadding='0'>"
+     "<tr><td width='40' valign='middle'><b>t</b></td><td>该点在文档中的时间，秒</td></tr>"
+     "<tr><td width='40' valign='middle'><b>x</b></td><td>在新点范围内从 0 到 1</td></tr>"
+     "<tr><td width='40' valign='middle'><b>n</b></td><td>新点的序号，从 0 起</td></tr>"
+     "<tr><td width='40' valign='middle'><b>A</b></td><td>Vpp / 2，伏</td></tr>"
+     "<tr><td width='40' valign='middle'><b>2.2k</b></td><td>数字后缀 f p n u µ m k M G；</td></tr>"
+     "<tr><td width='40' valign='middle'><b></b></td><td>2n 是 2e-9，而 2*n 是 n 的两倍</td></tr>"
+     "</table>"
+     "<p>pi e + - * / ^ ( ) 比较运算，a ? b : c<br/>"
+     "sin cos tan asin acos atan atan2 sinh cosh tanh<br/>"
+     "exp ln log (= ln) log2 log10 sqrt abs sign<br/>"
+     "floor ceil rint mod min max avg sum<br/>"
+     "square saw tri（周期 2*pi），noise() 在 -1..1<br/>"
+     "step：从 0 起为 1；rect：-0.5..0.5 内为 1<br/>"
+     "sinc(v) = sin(pi*v)/(pi*v)<br/>"
+     "gauss(v) = exp(-v^2/2)</p>"},
+    {"EquationFrm", "OkAresBtn", "OK", "确定"},
+    {"EquationFrm", "CancelAresBtn", "Cancel", "取消"},
+
     {"FlashFrm", "NameLab", "TideMark", "TideMark"},
     {"FlashFrm", "LineLab", "Arbitrary waveforms, drawn by hand or formula",
      "任意波形：手绘或按公式生成"},

@@ -4,6 +4,9 @@ Host& TheHost() {
     static Host host = {
         .Ask = [](std::string_view, Buttons, MessageIcon) { return Answer::Cancel; },
         .ChooseFile = [](const FileChoice&) { return std::string(); },
+        .ChooseColour = [](std::string_view, std::uint32_t) -> std::optional<std::uint32_t> {
+            return std::nullopt;
+        },
         .RunDialog = [](std::string_view, std::int16_t) { return false; },
         .OpenAnalogWindow = [](std::int16_t) {},
         .ActiveWindowTag = [] { return std::int16_t{-1}; },

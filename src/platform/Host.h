@@ -3,6 +3,7 @@
 // install a scripted one; no module opens a box, a dialog or a wait on its own.
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,12 +21,19 @@ struct FileChoice {
     mutable std::int32_t FilterIndex = 0;
 };
 
+/// Answer of ChooseColour: the colour that the program comes with.
+inline constexpr std::uint32_t UsualColour = 0xFF000000;
+
 struct Host {
     /// Shows a message box and returns the button pressed; closing the box is Cancel (Ok where
     /// that is the only button, No where there is no Cancel).
     std::function<Answer(std::string_view text, Buttons, MessageIcon)> Ask;
     /// Lets the user pick a file; empty when cancelled. Overwriting is asked by the caller.
     std::function<std::string(const FileChoice&)> ChooseFile;
+    /// Lets the user pick a colour, 0xRRGGBB or UsualColour; `colour` is preselected. Nothing when
+    /// cancelled.
+    std::function<std::optional<std::uint32_t>(std::string_view title, std::uint32_t colour)>
+        ChooseColour;
     /// Runs the named dialog modally; true when it was confirmed. The argument means what the
     /// dialog says, such as the wave type that is preselected.
     std::function<bool(std::string_view window, std::int16_t argument)> RunDialog;

@@ -3,13 +3,17 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/EquationFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/StatusStrip.h"
 #include "ui/Theme.h"
 
+#include <QAbstractSpinBox>
+#include <QColorDialog>
 #include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QLibraryInfo>
@@ -101,10 +105,32 @@ std::string PickFile(Mainfrm& window, const FileChoice& choice) {
     return dialog.selectedFiles().constFirst().toStdString();
 }
 
+std::optional<std::uint32_t> PickColour(Mainfrm& window, std::string_view title,
+                                        std::uint32_t colour) {
+    QColorDialog dialog(QColor::fromRgb(colour), &window);
+    dialog.setObjectName("ColourDialog");
+    dialog.setWindowTitle(ToQt(title));
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    for (QAbstractSpinBox* box : dialog.findChildren<QAbstractSpinBox*>())
+        box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    bool usual = false;
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+        QPushButton* button = buttons->addButton(ToQt(PickText("&Default Colour", "默认颜色(&D)")),
+                                                 QDialogButtonBox::ResetRole);
+        QObject::connect(button, &QPushButton::clicked, &dialog, [&] {
+            usual = true;
+            dialog.accept();
+        });
+    }
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return usual ? UsualColour : dialog.currentColor().rgb() & 0xFFFFFFU;
+}
+
 bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
     if (name == "PropertyFrm") return PropertyFrm(&window).exec() == QDialog::Accepted;
     if (name == "StandardWaveFrm")
         return StandardWaveFrm(&window, argument).exec() == QDialog::Accepted;
+    if (name == "EquationFrm") return EquationFrm(&window, argument).exec() == QDialog::Accepted;
     return false;
 }
 
@@ -132,6 +158,9 @@ void InstallHost(Mainfrm& window) {
         return AskUser(*main, text, buttons, icon);
     };
     host.ChooseFile = [main](const FileChoice& choice) { return PickFile(*main, choice); };
+    host.ChooseColour = [main](std::string_view title, std::uint32_t colour) {
+        return PickColour(*main, title, colour);
+    };
     host.RunDialog = [main](std::string_view name, std::int16_t argument) {
         return RunWindow(*main, name, argument);
     };

@@ -33,13 +33,22 @@ TEST_F(CommandTableTest, DoorsAndRowsBelongTogether) {
 // digital document, 1 with one selected dot left of many, i with an only dot from the beginning.
 TEST_F(CommandTableTest, StatesFollowTheDocument) {
     constexpr std::string_view states = "nedsfFcurg1i";
-    const std::pair<const char*, std::string_view> rows[] = {
-        {"NewAnaWaveAresBtn", states},   {"MnuFile_Save", "edsfFcur1i"},
-        {"MnuView_Grid", "edsfFcur1i"},  {"MnuEdit_Cut", "sF1"},
-        {"DeletAresBtn", "sF1"},         {"PasteAresBtn", "c"},
-        {"MnuEdit_SelAll", "dsfFcur1i"}, {"MnuIdle_Insert", "edsFcur1i"},
-        {"WaveAresBtn8", "nedsFcur1i"},  {"UndoAresBtn", "u"},
-        {"MnuEdit_Resume", "r"},         {"HelpAresBtn", ""}};
+    const std::pair<const char*, std::string_view> rows[] = {{"NewAnaWaveAresBtn", states},
+                                                             {"MnuFile_Save", "edsfFcur1i"},
+                                                             {"MnuView_Grid", "edsfFcur1i"},
+                                                             {"MnuEdit_Cut", "sF1"},
+                                                             {"DeletAresBtn", "sF1"},
+                                                             {"PasteAresBtn", "c"},
+                                                             {"MnuEdit_SelAll", "dsfFcur1i"},
+                                                             {"MnuIdle_Insert", "edsFcur1i"},
+                                                             {"WaveAresBtn8", "nedsFcur1i"},
+                                                             {"UndoAresBtn", "u"},
+                                                             {"MnuEdit_Resume", "r"},
+                                                             {"HelpAresBtn", ""},
+                                                             {"MnuView_SetGrid", "nedsfFcur1i"},
+                                                             {"MnuDraw_InsertFromClipBoard", "c"},
+                                                             {"MnuDraw_InsertMathWave", "edscur1i"},
+                                                             {"MnuDraw_FunctionEdit", "edsFcur1i"}};
     for (const char state : states) {
         SetUp();
         RefreshDotCommands();  // no document: forgets the state before

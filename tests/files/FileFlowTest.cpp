@@ -1,3 +1,4 @@
+#include "analog/EditFuncBox.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -78,6 +79,48 @@ TEST_F(FlowTest, NoFileIsAskedForBeyondTenDocuments) {
     OpenAnalog();
     EXPECT_TRUE(titles.empty());
     EXPECT_EQ(asked, Texts{"波形文件数目达到上限"});
+}
+
+// The golden wave has 3 dots, -1.25, 0.125 and 0.0000625 V, and room for 5 more.
+TEST_F(FlowTest, InsertKeepsVoltsAndDropsWhatHasNoRoom) {
+    const std::tuple<std::int32_t, double, std::int32_t, double> rows[] = {
+        {8, 2.5, 3, -1.0}, {8, 1.0, 3, -1.0}, {8, 5.0, 3, -0.5}, {5, 10.0, 2, -0.25}};
+    for (const auto& [maxDots, vpp, inserted, first] : rows) {
+        AnalogWaveRecord& wave = PutDocument() = GoldenWave();
+        wave.MaxDots = maxDots;
+        wave.Vpp = vpp;
+        wave.UndoDotArray.resize(8);
+        wave.HasSelection = true;
+        chosen = Put("more.csv", GoldenCsv);
+        asked.clear();
+        InsertFromFile();
+        EXPECT_EQ(wave.Dots, 3 + inserted);
+        EXPECT_DOUBLE_EQ(wave.DotArray[3].Y, first);
+        EXPECT_DOUBLE_EQ(wave.DotArray[4].Y, 0.125 / (vpp / 2));
+        EXPECT_TRUE(wave.DotArray[4].X == 4 && wave.LastDot == 2 + inserted && !wave.HasSelection);
+        EXPECT_TRUE(wave.SegmentCount == 2 && wave.Segments[1].Custom && wave.UndoAvailable);
+        EXPECT_EQ(wave.Segments[1].EndDot, 2 + inserted);
+        const Texts told = {"2 of 3 dots were inserted; the others do not fit."};
+        EXPECT_EQ(asked, inserted == 3 ? Texts() : told);
+        UndoAnalog();
+        EXPECT_EQ(wave.Dots, 3);
+    }
+}
+
+TEST_F(FlowTest, InsertThatCannotBeLeavesTheDocument) {
+    AnalogWaveRecord& wave = PutDocument();
+    const std::string before = WriteAnalogText(wave);
+    EXPECT_FALSE(InsertAnalogFile(Put("bad.csv", "7")));
+    const std::string header = GoldenText.substr(0, GoldenText.find(" 0 \r\n-1"));
+    const std::string none = WithLine(WithLine(header, 3, "0"), 8, "0");
+    EXPECT_FALSE(InsertAnalogFile(Put("none.txt", none)));
+    wave.MaxDots = 4;
+    InsertFromFile();
+    EXPECT_EQ(asked, (Texts{"The file format is invalid！", "The file holds no dots.",
+                            "Waveform Dots up limit"}));
+    EXPECT_TRUE(titles.empty() && !wave.UndoAvailable && wave.UndoDots == 0);
+    wave.MaxDots = 8;
+    EXPECT_EQ(WriteAnalogText(wave), before);
 }
 
 TEST_F(FlowTest, SaveAsksForANameOnce) {

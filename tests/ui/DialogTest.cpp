@@ -1,4 +1,6 @@
 #include "analog/AnalogDocument.h"
+#include "platform/Settings.h"
+#include "ui/EquationFrm.h"
 #include "ui/MainWindowFixture.h"
 #include "ui/PropertyFrm.h"
 #include "ui/StandardWaveFrm.h"
@@ -11,6 +13,7 @@ protected:
     void SetUp() override {
         RecordsTest::SetUp();
         PropertyEditMode = true;
+        SaveSetting(ApplicationTitle, "Tidemark_Equation", "Count", "0");
         AnalogWaveRecord& wave = ActiveAnalog();
         ResetDocumentState(wave);
         AllocateDots(wave, 4096);
@@ -130,6 +133,30 @@ TEST_F(DialogTest, RowsFollowTheTypeAndPreviewTheKeys) {
     }
 }
 
+TEST_F(DialogTest, EquationAtFaultIsShownAndHolds) {
+    EquationFrm dialog;
+    Show(dialog);
+    auto* text = FindIn<QLineEdit>(dialog, "ExpressionTxt");
+    const auto* ok = FindIn<QPushButton>(dialog, "OkAresBtn");
+    const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
+    const QSize size = dialog.size();
+    QTest::keyClicks(text, QString::fromUtf8("3\u00B5+foo*x"));  // over the first one
+    EXPECT_FALSE(ok->isEnabled());
+    EXPECT_EQ(note->text(), "Column 4: \"foo\" is unknown");
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(text->selectedText(), "foo");
+    QTest::keyClicks(text, "9");
+    EXPECT_TRUE(ok->isEnabled());
+    EXPECT_EQ(note->text(), "3641 of 4096 values lie beyond the rails and are clipped.");
+    EXPECT_EQ(dialog.size(), size);  // above: 9 * n / 4095 + 0.000003 > 1 from n = 455 on
+    Type(dialog, "DotnumTxt", "100");
+    text->setFocus();
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(ActiveAnalog().Dots, 100);
+    EXPECT_NEAR(ActiveAnalog().DotArray[10].Y, 10.0 / 11.0, 1e-4);  // 9 * 10 / 99 V of 1 V
+}
+
 // Every text stands in the table, in the language in use, and no two mnemonics meet.
 void ExpectTexts(const QDialog& dialog) {
     const std::string window = dialog.objectName().toStdString();
@@ -152,6 +179,7 @@ void ExpectTexts(const QDialog& dialog) {
 TEST_F(DialogTest, TextsComeFromTheTableInBothLanguages) {
     for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
         ExpectTexts(PropertyFrm());
+        ExpectTexts(EquationFrm());
         for (std::int16_t kind = 0; kind < WaveKindCount; ++kind) {
             const StandardWaveFrm dialog(nullptr, kind);
             ExpectTexts(dialog);

@@ -5,6 +5,7 @@
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
+#include "analog/ScreenColours.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
 #include "files/FileOptFuncCode.h"
@@ -45,6 +46,9 @@ bool HasDots() {
 }
 bool HasRoom() {
     return ActiveAnalog().HasSelection || !DotsFull(ActiveAnalog());
+}
+bool CanAppend() {
+    return HasAnalog() && !DotsFull(ActiveAnalog());
 }
 bool CanInsert() {
     return HasAnalog() && HasRoom();
@@ -134,6 +138,10 @@ void InsertWave(std::int16_t kind) {
     TheHost().RunDialog("StandardWaveFrm", kind);
 }
 
+void EditEquation(std::int16_t replace) {
+    TheHost().RunDialog("EquationFrm", replace);
+}
+
 void ChangeLanguage(std::int16_t english) {
     UseEnglish = english;
     TheHost().ApplyLanguage();
@@ -170,8 +178,8 @@ constexpr CommandRow Rows[] = {
      Run<CutAnalog>, nullptr, HasSelectedDots, nullptr},
     {"CopyAresBtn", {"MnuEdit_Copy", "MnuSelect_Copy"}, "Copy", "Ctrl+C",
      Run<CopyAnalog>, nullptr, HasSelectedDots, nullptr},
-    {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste"}, "Paste", "Ctrl+V",
-     Run<PasteAnalog>, nullptr, CanPaste, nullptr},
+    {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste", "MnuDraw_InsertFromClipBoard"}, "Paste",
+     "Ctrl+V", Run<PasteAnalog>, nullptr, CanPaste, nullptr},
     {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete"}, "Delete", "Del",
      Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuEdit_SelAll", "MnuIdle_SelAll"}, "", "Ctrl+A",
@@ -196,10 +204,9 @@ constexpr CommandRow Rows[] = {
     {"WaveAresBtn6", {}, "Wave6", "", InsertWave, nullptr, CanPickWave, nullptr, 6},
     {"WaveAresBtn7", {}, "Wave7", "", InsertWave, nullptr, CanPickWave, nullptr, 7},
     {"WaveAresBtn8", {}, "Wave8", "", InsertWave, nullptr, CanPickWave, nullptr, 8},
-    {"", {"MnuDraw_InsertMathWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuDraw_InsertfromFile"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuDraw_InsertFromClipBoard"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuDraw_FunctionEdit"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuDraw_InsertMathWave"}, "", "", EditEquation, nullptr, CanAppend, nullptr, 0},
+    {"", {"MnuDraw_InsertfromFile"}, "", "", Run<InsertFromFile>, nullptr, HasAnalog, nullptr},
+    {"", {"MnuDraw_FunctionEdit"}, "", "", EditEquation, nullptr, CanInsert, nullptr, 1},
     {"MarkAresBtn", {"MNuDraw_AreaLimit"}, "Mark", "Ctrl+R",
      Run<ToggleAreaLimit>, nullptr, CanMoveLimits, IsOn<&AnalogWaveRecord::RegionLimitOn>},
     {"MarkXAresBtn", {"MnuDraw_XLimit"}, "MarkX", "",
@@ -234,8 +241,8 @@ constexpr CommandRow Rows[] = {
      Run<UndoZoom>, nullptr, CanUndoZoom, nullptr},
     {"", {"MnuView_ShowTime"}, "ShowTime", "Ctrl+T", Toggle<&AnalogWaveRecord::TimeAxisOn>,
      nullptr, HasAnalog, IsOn<&AnalogWaveRecord::TimeAxisOn>},
-    {"", {"MnuView_SetWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuView_SetGrid"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuView_SetWave"}, "", "", Run<ChooseCurveColour>, nullptr, HasNoDigital, nullptr},
+    {"", {"MnuView_SetGrid"}, "", "", Run<ChooseGridColour>, nullptr, HasNoDigital, nullptr},
     // The boxes of the status strip
     {"VAresBtn", {}, "", "", SwitchEntryUnits, nullptr, HasAnalog, ShowsVolts, 1},
     {"mVAresBtn", {}, "", "", SwitchEntryUnits, nullptr, HasAnalog, ShowsMillivolts, 1000},

@@ -1,0 +1,210 @@
+#include "ui/EquationFrm.h"
+
+#include "platform/qt/QtText.h"
+#include "ui/PlotPreview.h"
+#include "ui/Theme.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int FieldWidth = 176;  // pixels
+constexpr int SignWidth = 20;
+constexpr int NoteLines = 2;
+
+}  // namespace
+
+EquationFrm::EquationFrm(QWidget* parent, int replace)
+    : DialogBase("EquationFrm", parent), dialog_(OpenEquation(replace != 0)) {
+    count_.setSingleShot(true);
+    connect(&count_, &QTimer::timeout, this, &EquationFrm::CountMore);
+    BuildForm();
+    ApplyTexts();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    ChooseExpression(ToQt(dialog_.Text));
+    ShowDots();
+    expression_->setFocus();
+}
+
+void EquationFrm::BuildForm() {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+    column->setSpacing(DialogRowGap);
+    column->addLayout(BuildExpression());
+    column->addLayout(BuildNote());
+
+    QGridLayout* form = MakeForm();
+    AddLists(form);
+    AddDots(form);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(DialogRowGap * 2);
+    left->addLayout(form);
+    left->addWidget(MakeLegend());
+    left->addStretch(1);
+    preview_ = new PlotPreview(this);
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(DialogMargin);
+    halves->addLayout(left);
+    halves->addWidget(preview_, 1);
+    column->addLayout(halves);
+    column->addSpacing(DialogRowGap);
+    column->addLayout(MakeButtonRow());
+    ok_ = findChild<QPushButton*>(QStringLiteral("OkAresBtn"));
+}
+
+QLayout* EquationFrm::BuildExpression() {
+    expression_ = new QLineEdit(this);
+    expression_->setObjectName(QStringLiteral("ExpressionTxt"));
+    expression_->setMaxLength(LongestEquation);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(16);
+    expression_->setFont(font);
+    expression_->setFixedHeight(36);
+    connect(expression_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        for (QComboBox* list : {examples_, history_}) list->setCurrentIndex(-1);
+        TakeExpression(text);
+    });
+    // The OK button, which would take Enter, is off while there is a fault.
+    connect(expression_, &QLineEdit::returnPressed, this, &EquationFrm::ShowFault);
+    QGridLayout* row = MakeForm();
+    AddRow(row, MakeLabel("ExpressionLab", expression_), expression_, nullptr);
+    return row;
+}
+
+// The note keeps its place while there is nothing to tell, so that the window stays still.
+QLayout* EquationFrm::BuildNote() {
+    sign_ = new QLabel(this);
+    sign_->setFixedWidth(SignWidth);
+    sign_->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    note_ = new QLabel(this);
+    note_->setObjectName(QStringLiteral("NoteTxt"));
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    note_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    note_->setFixedHeight(NoteLines * fontMetrics().lineSpacing());
+    QGridLayout* row = MakeForm();
+    row->addWidget(sign_, 0, 0, Qt::AlignRight | Qt::AlignTop);
+    row->addWidget(note_, 0, 2, 1, 3);
+    return row;
+}
+
+QComboBox* EquationFrm::MakeList(const char* name, const char* hint) {
+    auto* list = new QComboBox(this);
+    list->setObjectName(QLatin1String(name));
+    list->setPlaceholderText(RowText(QLatin1String(hint)));
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMaxVisibleItems(static_cast<int>(ExampleCount));
+    return list;
+}
+
+void EquationFrm::AddLists(QGridLayout* form) {
+    examples_ = MakeList("ExampleCmb", "ExampleHint");
+    for (std::size_t i = 0; i < ExampleCount; ++i)
+        examples_->addItem(RowText(QStringLiteral("ExampleCmb%1").arg(i)),
+                           ToQt(EquationExamples[i]));
+    history_ = MakeList("HistoryCmb", "HistoryHint");
+    for (const std::string& text : dialog_.History) history_->addItem(ToQt(text), ToQt(text));
+    history_->setEnabled(history_->count() > 0);
+    AddRow(form, MakeLabel("ExampleLab", examples_), examples_, nullptr);
+    AddRow(form, MakeLabel("HistoryLab", history_), history_, nullptr);
+    for (QComboBox* list : {examples_, history_}) {
+        list->setCurrentIndex(-1);
+        QComboBox* other = list == examples_ ? history_ : examples_;
+        connect(list, &QComboBox::activated, this, [this, list, other] {
+            other->setCurrentIndex(-1);
+            ChooseExpression(list->currentData().toString());
+        });
+    }
+}
+
+void EquationFrm::AddDots(QGridLayout* form) {
+    dots_ = MakeBox("DotnumTxt", KeyKind::Whole);
+    dots_->setFixedWidth(FieldWidth);
+    SpinButton* spins[] = {MakeSpin("DotNumUp", true), MakeSpin("DotNumDn", false)};
+    AddRow(form, MakeLabel("DotnumLab", dots_), dots_, MakeSpinPair(spins[0], spins[1]));
+    AddRow(form, MakeLabel("PlaceLab"), new QLabel(ToQt(EquationPlace(dialog_)), this), nullptr);
+    connect(dots_, &NumberBox::left, this, [this](const QString& typed) {
+        LeaveEquationDots(dialog_, typed.toStdString());
+        ShowDots();
+    });
+    for (SpinButton* spin : spins)
+        connect(spin, &SpinButton::tick, this, [this, up = spin == spins[0]](int count) {
+            SpinEquationDots(dialog_, count, up);
+            ShowDots();
+        });
+}
+
+QLabel* EquationFrm::MakeLegend() {
+    auto* legend = new QLabel(this);
+    legend->setObjectName(QStringLiteral("LegendInfo"));
+    legend->setTextFormat(Qt::RichText);
+    legend->setStyleSheet(QStringLiteral("color: %1;").arg(CurrentChrome().dim.name()));
+    return legend;
+}
+
+void EquationFrm::TakeExpression(const QString& text) {
+    ChangeEquation(dialog_, text.toStdString());
+    ShowEquation();
+}
+
+void EquationFrm::ChooseExpression(const QString& text) {
+    expression_->setText(text);
+    expression_->selectAll();
+    TakeExpression(text);
+}
+
+void EquationFrm::ShowDots() {
+    dots_->setText(ToQt(EquationDotsText(dialog_)));
+    ShowEquation();
+}
+
+// While the expression is at fault, the picture stays that of the last one that could be read.
+void EquationFrm::ShowEquation() {
+    std::vector<WaveDot> dots;
+    if (PreviewEquation(dialog_, dots)) preview_->ShowDots(std::move(dots));
+    ok_->setEnabled(dialog_.Fault.Error == EquationError::None);
+    CountMore();
+}
+
+void EquationFrm::CountMore() {
+    if (!CountEquation(dialog_)) count_.start(0);
+    ShowNote();
+}
+
+void EquationFrm::ShowNote() {
+    const std::string note = EquationNote(dialog_);
+    const bool fault = dialog_.Fault.Error != EquationError::None;
+    const ChromePalette& chrome = CurrentChrome();
+    const QColor colour = MixColours(fault ? chrome.fault : chrome.busy, chrome.text, 0.25);
+    sign_->setStyleSheet(QStringLiteral("color: %1; font-weight: bold;").arg(colour.name()));
+    sign_->setText(note.empty() ? QString() : QString(fault ? u'✕' : u'▲'));
+    note_->setText(ToQt(note));
+}
+
+void EquationFrm::ShowFault() {
+    const EquationFault& fault = dialog_.Fault;
+    if (fault.Error == EquationError::None) return;
+    const std::string_view text = dialog_.Text;
+    const auto column = ToQt(text.substr(0, fault.Byte)).size();
+    const bool stands = text.substr(fault.Byte).starts_with(fault.Token);
+    expression_->setFocus();
+    expression_->setCursorPosition(static_cast<int>(column));
+    if (stands && !fault.Token.empty())
+        expression_->setSelection(static_cast<int>(column),
+                                  static_cast<int>(ToQt(fault.Token).size()));
+}
+
+void EquationFrm::accept() {
+    LeaveFocusedBox();
+    if (dialog_.Fault.Error != EquationError::None) {
+        ShowFault();
+        return;
+    }
+    if (ConfirmEquation(dialog_))
+        DialogBase::accept();
+    else
+        DialogBase::reject();
+}

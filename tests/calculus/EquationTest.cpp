@@ -1,0 +1,250 @@
+#include "calculus/EquationFuncBox.h"
+
+#include "calculus/DialogFixture.h"
+
+#include <limits>
+#include <numbers>
+
+namespace {
+
+constexpr double Pi = std::numbers::pi;
+constexpr std::string_view EquationSection = "Tidemark_Equation";
+
+class EquationTest : public DialogFixture {
+protected:
+    // The value at new dot `n` of five, 10 V peak to peak, which begin at dot 10 of 100 in 1 ms.
+    static double At(std::string_view text, int n) {
+        WaveDot dot{double(n), 0.0};
+        const EquationScales scales{5, 10, 100, 1e-3, 10.0, 7};
+        const EquationFault fault = EvaluateEquation(text, scales, {&dot, 1});
+        EXPECT_EQ(FaultText(fault, text), "") << text;
+        return dot.Y;
+    }
+    static EquationDialog Open(std::string_view text, const char* dots, bool replace = false) {
+        EquationDialog dialog = OpenEquation(replace);
+        LeaveEquationDots(dialog, dots);
+        ChangeEquation(dialog, text);
+        return dialog;
+    }
+};
+
+TEST_F(EquationTest, ValuesByHand) {
+    const std::tuple<const char*, int, double> rows[] = {
+        {"n", 3, 3.0},
+        {"x", 3, 0.75},
+        {"t", 3, 13e-5},
+        {"A", 0, 5.0},
+        {"A*sin(2*pi*x)", 1, 5.0},
+        {"2n", 3, 2e-9},
+        {"2*n", 3, 6.0},
+        {"2.2k+100m", 0, 2200.1},
+        {"1e-3", 0, 1e-3},
+        {".5M", 0, 5e5},
+        {"1G*1f", 0, 1e-6},
+        {"3p*1u", 0, 3e-18},
+        {"3\u00B5", 0, 3e-6},
+        {"3\u03BC*n", 2, 6e-6},
+        {"1e400", 0, std::numeric_limits<double>::infinity()},
+        {"-2^2", 0, -4.0},
+        {"x<0.5 ? 1 : 2", 1, 1.0},
+        {"x<0.5 ? 1 : 2", 2, 2.0},
+        {"ln(e^2)+log10(100)", 0, 4.0},
+        {"sinc(0)+sinc(0.5)", 0, 1.0 + 2.0 / Pi},
+        {"square(pi/2)-square(-pi/2)", 0, 2.0},
+        {"saw(pi/2)", 0, -0.5},
+        {"tri(0)", 0, 0.0},
+        {"tri(pi/2)", 0, 1.0},
+        {"tri(7*pi/4)", 0, -0.5},
+        {"step(n-2)", 1, 0.0},
+        {"step(n-2)", 2, 1.0},
+        {"rect(x-0.5)+rect(0.6)", 0, 1.0},
+        {"gauss(2)", 0, std::exp(-2.0)},
+        {"mod(-1,3)+floor(-0.5)+ceil(0.5)", 0, 2.0},
+    };
+    for (const auto& [text, n, value] : rows) {
+        if (std::isinf(value))
+            EXPECT_EQ(At(text, n), value);
+        else
+            EXPECT_NEAR(At(text, n), value, 1e-12 * std::max(1.0, std::abs(value))) << text;
+    }
+    EXPECT_NE(At("noise()", 1), At("noise()", 2));
+    EXPECT_NE(At("noise()-noise()", 1), 0.0);
+    EXPECT_EQ(At("noise()", 1), At("noise()", 1));
+}
+
+TEST_F(EquationTest, FaultsPointAtTheirColumn) {
+    const std::tuple<std::string, const char*, const char*> rows[] = {
+        {"", "Column 1: an expression is missing", "第 1 列：缺少表达式"},
+        {"2*foo+1", "Column 3: \"foo\" is unknown", "第 3 列：未知名称“foo”"},
+        {"1+sin x", "Column 3: \"sin\" needs its arguments in ( )",
+         "第 3 列：“sin”后缺少括号和参数"},
+        {"2 \u00B5+$", "Column 3: the character \"\u00B5\" cannot stand here",
+         "第 3 列：此处不能使用字符“\u00B5”"},
+        {"3\u00B5*x+$", "Column 6: the character \"$\" cannot stand here",
+         "第 6 列：此处不能使用字符“$”"},
+        {"\"x\"", "Column 1: the character \"\"\" cannot stand here",
+         "第 1 列：此处不能使用字符“\"”"},
+        {"1+*2", "Column 3: the operator \"*\" cannot stand here",
+         "第 3 列：此处不能使用运算符“*”"},
+        {"--1", "Column 2: the operator \"-\" cannot stand here", "第 2 列：此处不能使用运算符“-”"},
+        {"2 x", "Column 3: an operator is missing in front of \"x\"", "第 3 列：“x”前缺少运算符"},
+        {"x sin(1)", "Column 3: an operator is missing in front of \"sin\"",
+         "第 3 列：“sin”前缺少运算符"},
+        {"1+2)", "Column 4: the parenthesis \")\" cannot stand here",
+         "第 4 列：此处不能使用括号“)”"},
+        {"(1+2", "Column 5: a closing parenthesis is missing", "第 5 列：缺少右括号"},
+        {"sin(1),2", "Column 7: a comma cannot stand here", "第 7 列：此处不能使用逗号"},
+        {"x?1:0:2", "Column 6: a colon cannot stand here", "第 6 列：此处不能使用冒号"},
+        {"x ? 1", "Column 6: \"?\" needs a \":\" behind it", "第 6 列：“?”后缺少“:”"},
+        {"x=3", "Column 2: a single \"=\" cannot stand here", "第 2 列：此处不能使用单个“=”"},
+        {"1+", "Column 3: the expression ends too early", "第 3 列：表达式不完整"},
+        {"-", "Column 2: the expression ends too early", "第 2 列：表达式不完整"},
+        {"1+sin(1,2)", "Column 3: \"sin\" has too many arguments", "第 3 列：“sin”的参数过多"},
+        {"1+max( )", "Column 3: \"max\" has too few arguments", "第 3 列：“max”的参数过少"},
+        {std::string(501, '1'), "Column 502: the expression is too long", "第 502 列：表达式过长"},
+    };
+    for (const auto& [text, english, chinese] : rows) {
+        const EquationFault fault = EvaluateEquation(text, {}, {});
+        UseEnglish = 1;
+        EXPECT_EQ(FaultText(fault, text), english);
+        UseEnglish = 0;
+        EXPECT_EQ(FaultText(fault, text), chinese);
+    }
+    for (const std::string hostile : {"(", "-", "?", "sin(", "1?", "2^", "max(1,"}) {
+        std::string text;  // as deep as the length allows, without its ends
+        while (text.size() + hostile.size() <= 500) text += hostile;
+        EXPECT_NE(EvaluateEquation(text, {}, {}).Error, EquationError::None) << hostile;
+    }
+}
+
+TEST_F(EquationTest, InsertsDotsAndMovesTheRest) {
+    const struct {
+        const char* Runs;
+        std::int32_t First, Last;  // selection, none below 0
+        std::int32_t Pick;         // segment picked, none below 0
+        bool Replace;
+        const char *Dots, *After;
+        std::int32_t Start;
+    } rows[] = {
+        {"", -1, -1, -1, false, "5", "c0-4", 0},
+        {"gc", -1, -1, -1, true, "9", "g0-9 c10-19 c20-28", 20},
+        {"gc", 5, 12, -1, false, "99", "g0-9 c10-19 c20-39", 20},  // held to the room of 20
+        {"gcg", 5, 12, -1, true, "3", "c0-14 g15-24@20", 5},
+        {"gcg", 5, 12, -1, true, "99", "c0-29 g30-39@20", 5},  // held to 10 + 8
+        {"ggg", 10, 19, 1, true, "12", "g0-9 c10-21 g22-31", 10},
+        {"cgg", 10, 19, 1, true, "10", "c0-19 g20-29", 10},
+    };
+    for (const auto& row : rows) {
+        AnalogWaveRecord& wave = MakeDocument(row.Runs, 10, 40);
+        if (row.First >= 0) SelectDots(wave, row.First, row.Last);
+        if (row.Pick >= 0) PickSegment(wave, row.Pick);
+        const std::int32_t before = wave.Dots;
+        const bool replaces = row.Replace && row.First >= 0;
+        const std::int32_t selected = replaces ? row.Last - row.First + 1 : 0;
+        EquationDialog dialog = Open("n/1000+1", row.Dots, row.Replace);
+        ASSERT_TRUE(ConfirmEquation(dialog));
+        EXPECT_EQ(Runs(wave), row.After);
+        ExpectSound(wave);
+        const std::int32_t made = wave.Dots - before + selected, end = row.Start + made;
+        for (std::int32_t i = 0; i < made; ++i)  // of 4 V
+            EXPECT_DOUBLE_EQ(wave.DotArray[row.Start + i].Y, (i / 1000.0 + 1.0) / 2.0);
+        if (end < wave.Dots) {
+            EXPECT_EQ(wave.DotArray[end].Y, (row.Start + selected) / 1000.0) << row.After;
+        }
+        EXPECT_TRUE(wave.HasSelection && wave.SelStart == row.Start && wave.SelEnd == end - 1);
+        EXPECT_TRUE(wave.UndoAvailable && wave.Modified);
+        UndoAnalog();
+        EXPECT_EQ(wave.Dots, before);
+        ExpectSound(wave);
+    }
+}
+
+TEST_F(EquationTest, OpensWithWhatFitsAndLeavesAFullDocument) {
+    MakeDocument("gc", 10, 40);
+    EXPECT_EQ(EquationDotsText(OpenEquation(true)), "20");
+    EXPECT_EQ(EquationPlace(OpenEquation(true)), "appended from dot 20 on");
+    SelectDots(ActiveAnalog(), 3, 8);
+    EquationDialog dialog = OpenEquation(true);
+    EXPECT_EQ(EquationDotsText(dialog), "6");
+    EXPECT_EQ(EquationPlace(dialog), "replaces dots 3 to 8");
+    LeaveEquationDots(dialog, "0");
+    EXPECT_EQ(EquationDotsText(dialog), "1");
+    SpinEquationDots(dialog, 1, true);
+    EXPECT_EQ(EquationDotsText(dialog), "26");
+
+    MakeDocument("g", 40, 40);
+    EquationDialog full = OpenEquation(false);
+    EXPECT_FALSE(ConfirmEquation(full));
+    ActiveAnalog().Dots = 30;
+    EquationDialog faulty = Open("1+", "5");
+    EXPECT_FALSE(ConfirmEquation(faulty));
+    EXPECT_FALSE(ActiveAnalog().Modified || ActiveAnalog().UndoAvailable);
+}
+
+TEST_F(EquationTest, ValuesPastTheRailsAndNoNumbersAreToldAndHeld) {
+    MakeDocument("", 0, 100000);  // 4 V
+    EquationDialog dialog = Open("n<3 ? 1/0*0 : n<10 ? 9 : n>=99999 ? -9 : 1", "100000");
+    int rounds = 1;
+    while (!CountEquation(dialog)) ++rounds;
+    EXPECT_GT(rounds, 1);
+    EXPECT_EQ(EquationNote(dialog),
+              "3 of 100000 values are not numbers and count as 0 V. "
+              "8 of 100000 values lie beyond the rails and are clipped.");
+    std::vector<WaveDot> shown;
+    EXPECT_TRUE(PreviewEquation(dialog, shown));
+    EXPECT_TRUE(shown.size() == 4096 && shown.back().X == 4095 && shown.back().Y == -1.0);
+    ASSERT_TRUE(ConfirmEquation(dialog));
+    const auto at = [](int dot) { return ActiveAnalog().DotArray[dot].Y; };
+    EXPECT_EQ(std::tuple(at(2), at(9), at(10), at(99999)), std::tuple(0.0, 1.0, 0.5, -1.0));
+    ChangeEquation(dialog, "A");
+    while (!CountEquation(dialog)) {
+    }
+    EXPECT_EQ(EquationNote(dialog), "");
+}
+
+TEST_F(EquationTest, PreviewShowsTheNoiseThatIsInserted) {
+    MakeDocument("", 0, 1000);
+    EquationDialog dialog = Open("noise()", "1000");
+    std::vector<WaveDot> shown;
+    EXPECT_TRUE(PreviewEquation(dialog, shown));
+    ASSERT_TRUE(ConfirmEquation(dialog));
+    for (int i = 0; i < 1000; ++i) ASSERT_EQ(shown[i].Y, ActiveAnalog().DotArray[i].Y);
+    EXPECT_NE(Open("noise()", "1000").Scales.Seed, dialog.Scales.Seed);
+}
+
+TEST_F(EquationTest, HistoryKeepsTheLastTenWithoutDoubles) {
+    MakeDocument("", 0, 100);
+    EXPECT_EQ(OpenEquation(false).Text, "A*sin(2*pi*x)");
+    for (int i = 0; i < 12; ++i) {
+        EquationDialog dialog = Open(" " + std::to_string(i) + "*x ", "1");
+        ASSERT_TRUE(ConfirmEquation(dialog));
+    }
+    EquationDialog again = Open("5*x", "1");
+    ASSERT_TRUE(ConfirmEquation(again));
+    const std::vector<std::string> history = OpenEquation(false).History;
+    EXPECT_EQ(history, (std::vector<std::string>{"5*x", "11*x", "10*x", "9*x", "8*x", "7*x", "6*x",
+                                                 "4*x", "3*x", "2*x"}));
+    Save(EquationSection, {{"Count", "99"},
+                           {"Expression1", ""},
+                           {"Expression3", "5*x"},
+                           {"Expression4", "5*x"},
+                           {"Expression5", "1\n2"}});
+    EXPECT_EQ(OpenEquation(false).History,
+              (std::vector<std::string>{"11*x", "5*x", "7*x", "6*x", "4*x", "3*x", "2*x"}));
+}
+
+TEST_F(EquationTest, ExamplesFillTheRailsAndNoMore) {
+    MakeDocument("", 0, 4096).Period = 1e-5;
+    for (const std::string_view text : EquationExamples) {
+        EquationDialog dialog = Open(text, "4096");
+        CountEquation(dialog);
+        EXPECT_EQ(EquationNote(dialog), "") << text;
+        std::vector<WaveDot> dots;
+        EXPECT_TRUE(PreviewEquation(dialog, dots));
+        double peak = 0.0;
+        for (const WaveDot& dot : dots) peak = std::max(peak, std::abs(dot.Y));
+        EXPECT_GT(peak, 0.8) << text;
+    }
+}
+
+}  // namespace
