@@ -251,6 +251,8 @@ constexpr WindowText Rows[] = {
     {"Mnufrm", "MnuSelect_Invert", "In&vert", "反相(&V)"},
     {"Mnufrm", "MnuSelect_Mirror", "&Mirror", "镜像(&M)"},
 
+    {"WaveFrm", "MinBtn", "Minimize", "最小化"},
+    {"WaveFrm", "MaxBtn", "Maximize or restore", "最大化或还原"},
     {"WaveFrm", "ExtBtn", "Close", "关闭"},
     {"WaveFrm", "hint", "Draw, insert a standard wave, or open a file",
      "请绘制波形、插入标准波形或打开文件"},

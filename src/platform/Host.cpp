@@ -19,6 +19,8 @@ Host& TheHost() {
         .PopupMenu = [](std::string_view) {},
         .ShowProgress = [](std::int64_t, std::int64_t) {},
         .Wait = [](std::int32_t) {},
+        .ArrangeWindows = [](WindowArrangement) {},
+        .ShowEditor = [] {},
         .CloseMainWindow = [] {},
     };
     return host;

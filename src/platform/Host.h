@@ -10,6 +10,7 @@
 enum class Answer { Ok, Yes, No, Cancel };
 enum class Buttons { Ok, YesNo, YesNoCancel };
 enum class MessageIcon { Information, Exclamation, Question };
+enum class WindowArrangement { Cascade, Horizontal, Vertical, Icons };
 
 struct FileChoice {
     std::string Title;
@@ -60,6 +61,10 @@ struct Host {
     std::function<void(std::int64_t done, std::int64_t total)> ShowProgress;
     /// Waits, letting windows repaint but taking no input.
     std::function<void(std::int32_t milliseconds)> Wait;
+    /// Arranges the open document windows, or the minimised ones (Icons). Nothing happens without.
+    std::function<void(WindowArrangement)> ArrangeWindows;
+    /// Brings the minimised main window back and removes the tray icon.
+    std::function<void()> ShowEditor;
     /// Ends the program by closing the main window.
     std::function<void()> CloseMainWindow;
 };

@@ -3,6 +3,7 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
 #include "ui/Theme.h"
+#include "ui/WindowLayout.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -23,7 +24,13 @@ QString Text(std::string_view control) {
 // One edge or corner. It lies over the window's content and follows its size.
 class EdgeGrip : public QWidget {
 public:
-    EdgeGrip(QWidget* window, Qt::Edges edges) : QWidget(window), edges_(edges) {
+    EdgeGrip(QWidget* window, Qt::Edges edges, QSize smallest, std::function<void()> begins)
+        : QWidget(window),
+          target_(window),
+          edges_(edges),
+          smallest_(smallest),
+          begins_(std::move(begins)) {
+        setObjectName("EdgeGrip");
         setCursor(CursorOf(edges));
         window->installEventFilter(this);
         Place();
@@ -36,24 +43,28 @@ protected:
     }
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() != Qt::LeftButton) return;
-        start_ = window()->geometry();
+        if (begins_) begins_();
+        start_ = target_->geometry();
         press_ = event->globalPosition().toPoint();
-        byHand_ = !window()->windowHandle()->startSystemResize(edges_);
+        byHand_ = !target_->isWindow() || !target_->windowHandle()->startSystemResize(edges_);
     }
     void mouseMoveEvent(QMouseEvent* event) override {
         if (!byHand_ || !(event->buttons() & Qt::LeftButton)) return;
         const QPoint moved = event->globalPosition().toPoint() - press_;
-        const QSize smallest = window()->minimumSize();
+        // Tiles may be smaller. The last pixel lies one before left plus width.
+        const QSize least = smallest_.boundedTo(start_.size()) - QSize(1, 1);
         QRect box = start_;
         if (edges_ & Qt::LeftEdge)
-            box.setLeft(qMin(start_.left() + moved.x(), start_.right() - smallest.width()));
+            box.setLeft(qMin(start_.left() + moved.x(), start_.right() - least.width()));
         if (edges_ & Qt::RightEdge)
-            box.setRight(qMax(start_.right() + moved.x(), start_.left() + smallest.width()));
+            box.setRight(qMax(start_.right() + moved.x(), start_.left() + least.width()));
         if (edges_ & Qt::TopEdge)
-            box.setTop(qMin(start_.top() + moved.y(), start_.bottom() - smallest.height()));
+            box.setTop(qMin(start_.top() + moved.y(), start_.bottom() - least.height()));
         if (edges_ & Qt::BottomEdge)
-            box.setBottom(qMax(start_.bottom() + moved.y(), start_.top() + smallest.height()));
-        window()->setGeometry(box);
+            box.setBottom(qMax(start_.bottom() + moved.y(), start_.top() + least.height()));
+        const bool inside = !target_->isWindow();
+        if (inside && KeepReachable(box, target_->parentWidget()->size()) != box.topLeft()) return;
+        target_->setGeometry(box);
     }
     void mouseReleaseEvent(QMouseEvent*) override { byHand_ = false; }
 
@@ -66,7 +77,7 @@ private:
         return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
     }
     void Place() {
-        const QSize size = window()->size();
+        const QSize size = target_->size();
         QRect box(0, 0, size.width(), size.height());
         if (edges_ & Qt::LeftEdge) box.setWidth(GripWidth);
         if (edges_ & Qt::RightEdge) box.setLeft(size.width() - GripWidth);
@@ -76,7 +87,10 @@ private:
         raise();
     }
 
+    QWidget* target_;
     Qt::Edges edges_;
+    QSize smallest_;
+    std::function<void()> begins_;
     QRect start_;
     QPoint press_;
     bool byHand_ = false;
@@ -149,7 +163,7 @@ void CaptionBar::ShowMaximised(bool maximised) {
 bool CaptionBar::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::MouseButtonDblClick) {
         pressed_ = moving_ = false;
-        emit MaximisePressed();
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) emit MaximisePressed();
         return true;
     }
     if (event->type() == QEvent::MouseButtonPress) {
@@ -161,19 +175,21 @@ bool CaptionBar::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::MouseMove && pressed_) {
         auto* mouse = static_cast<QMouseEvent*>(event);
         if (!(mouse->buttons() & Qt::LeftButton)) return false;
-        const QPoint to = mouse->globalPosition().toPoint() - grip_;
+        const QPoint at = mouse->globalPosition().toPoint();
         const bool far =
-            (to - window()->pos()).manhattanLength() >= QApplication::startDragDistance();
+            (at - grip_ - window()->pos()).manhattanLength() >= QApplication::startDragDistance();
         if (!moving_ && far) {
+            emit MoveBegins(at);
+            grip_ = at - window()->pos();
             moving_ = !window()->windowHandle()->startSystemMove();
             pressed_ = moving_;
         }
-        if (moving_) window()->move(to);
+        if (moving_) window()->move(at - grip_);
     }
     return false;
 }
 
-void AddEdgeGrips(QWidget* window) {
+void AddEdgeGrips(QWidget* window, QSize smallest, const std::function<void()>& begins) {
     const Qt::Edges grips[] = {Qt::LeftEdge,
                                Qt::RightEdge,
                                Qt::TopEdge,
@@ -182,5 +198,10 @@ void AddEdgeGrips(QWidget* window) {
                                Qt::RightEdge | Qt::TopEdge,
                                Qt::LeftEdge | Qt::BottomEdge,
                                Qt::RightEdge | Qt::BottomEdge};
-    for (const Qt::Edges edges : grips) new EdgeGrip(window, edges);
+    for (const Qt::Edges edges : grips) new EdgeGrip(window, edges, smallest, begins);
+}
+
+void ShowEdgeGrips(QWidget* window, bool shown) {
+    const auto grips = window->findChildren<QWidget*>("EdgeGrip", Qt::FindDirectChildrenOnly);
+    for (QWidget* grip : grips) grip->setVisible(shown);
 }

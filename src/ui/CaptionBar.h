@@ -1,6 +1,7 @@
 #pragma once
 // The window's own caption: logo, title, dragflaglbl that moves the window, and the three buttons.
 // Moves go through the window system; where it declines, the bar moves the window itself.
+#include <functional>
 #include <QWidget>
 
 class QLabel;
@@ -17,6 +18,8 @@ public:
     void ShowMaximised(bool maximised);
 
 signals:
+    /// A drag is about to move the window; the pointer is at `global`.
+    void MoveBegins(QPoint global);
     void MinimisePressed();
     void MaximisePressed();
     void ExitPressed();
@@ -34,5 +37,7 @@ private:
     bool pressed_ = false;
 };
 
-/// Grips along the edges and corners of a window without a system frame.
-void AddEdgeGrips(QWidget* window);
+/// Grips along the edges and corners of a window without a system frame, or of a widget that serves
+/// as a window inside its parent. They keep the smallest size; `begins` is called before a resize.
+void AddEdgeGrips(QWidget* window, QSize smallest, const std::function<void()>& begins = {});
+void ShowEdgeGrips(QWidget* window, bool shown);

@@ -185,5 +185,7 @@ void InstallHost(Mainfrm& window) {
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
     host.Wait = WaitFor;
+    host.ArrangeWindows = [main](WindowArrangement kind) { main->ArrangeWindows(kind); };
+    host.ShowEditor = [main] { main->ShowEditor(); };
     host.CloseMainWindow = [main] { main->close(); };
 }

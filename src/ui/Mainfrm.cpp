@@ -11,20 +11,20 @@
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
 #include "ui/CaptionBar.h"
+#include "ui/DocumentArea.h"
 #include "ui/StatusStrip.h"
 #include "ui/Theme.h"
+#include "ui/TrayIcon.h"
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
 #include <QCloseEvent>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -36,24 +36,6 @@ constexpr QSize LargestScreen{1280, 1024};  // to maximise on
 QString Text(std::string_view window, std::string_view control) {
     return ToQt(TextOf(window, control));
 }
-
-// Without a document the area says how to begin, quietly.
-class DocumentArea : public QMdiArea {
-public:
-    using QMdiArea::QMdiArea;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        QMdiArea::paintEvent(event);
-        if (AnalogDocCount + DigitDocCount > 0) return;
-        QPainter painter(viewport());
-        QFont font = painter.font();
-        font.setPixelSize(15);
-        painter.setFont(font);
-        painter.setPen(CurrentChrome().dim);
-        painter.drawText(viewport()->rect(), Qt::AlignCenter, Text("Mainfrm", "DocumentArea"));
-    }
-};
 
 }  // namespace
 
@@ -69,8 +51,10 @@ Mainfrm::Mainfrm() {
     for (const MenuRow& row : PopupMenus()) {
         if (row.Name == "MnuIdle") idleMenu_ = actions_->MakeMenu(row, this);
         if (row.Name == "MnuSelect") selectMenu_ = actions_->MakeMenu(row, this);
+        if (row.Name == "MnuMin") tray_ = new TrayIcon(this, actions_->MakeMenu(row, this));
     }
-    AddEdgeGrips(this);
+    connect(tray_, &TrayIcon::Pressed, this, &Mainfrm::ShowEditor);
+    AddEdgeGrips(this, SmallestSize, [this] { LeaveMaximised(); });
     const QSize room = screen()->availableSize();
     resize(UsualSize.boundedTo(room));
     move(screen()->availableGeometry().center() - rect().center());
@@ -95,6 +79,7 @@ void Mainfrm::BuildCaption() {
     column->addWidget(caption_);
     column->addWidget(menus_);
     setMenuWidget(top);
+    connect(caption_, &CaptionBar::MoveBegins, this, &Mainfrm::BeginMove);
     connect(caption_, &CaptionBar::MinimisePressed, this, &QWidget::showMinimized);
     connect(caption_, &CaptionBar::MaximisePressed, this, &Mainfrm::ToggleMaximised);
     connect(caption_, &CaptionBar::ExitPressed, this, &QWidget::close);
@@ -105,7 +90,13 @@ void Mainfrm::BuildToolBars() {
     bool first = true;
     for (const MenuRow& row : ToolBars()) {
         if (!first) addToolBarBreak();
-        addToolBar(actions_->MakeToolBar(row, this));
+        QToolBar* bar = actions_->MakeToolBar(row, this);
+        addToolBar(bar);
+        // The style's own arrow to what does not fit is black on every ground.
+        if (auto* more = bar->findChild<QToolButton*>("qt_toolbar_ext_button")) {
+            more->setIcon(ThemedIcon("ChevronDown"));
+            more->setStyleSheet("padding: 0");  // it is 12 pixels wide
+        }
         first = false;
     }
 }
@@ -116,12 +107,6 @@ void Mainfrm::BuildDocumentArea() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     area_ = new DocumentArea(centre);
-    area_->setObjectName("DocumentArea");
-    area_->setBackground(CurrentChrome().base);
-    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
-    // Every document stays maximised. Otherwise each change of the active one would shrink the
-    // former and enlarge the next, with new surfaces for both.
-    area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     status_ = new StatusStrip(*actions_, centre);
     connect(status_, &StatusStrip::Left, this, [this] {
         if (ActiveTag() >= 0) AnalogWindow(ActiveTag())->Plot()->setFocus();
@@ -148,22 +133,16 @@ void Mainfrm::OpenAnalogWindow(std::int16_t slot) {
     QMdiSubWindow*& frame = frames_[static_cast<std::size_t>(slot)];
     if (frame == nullptr) {
         auto* window = new WaveFrm(slot, nullptr);
-        frame = new QMdiSubWindow(area_, Qt::FramelessWindowHint);
-        frame->setWidget(window);
+        frame = area_->AddDocument(window);
         frame->setObjectName("WaveFrm" + window->Tag());
         frame->installEventFilter(this);
-        area_->addSubWindow(frame);
-        connect(window, &WaveFrm::ClosePressed, frame, &QWidget::close);
         connect(window->Plot(), &WavePic::ContextAsked, this, &Mainfrm::ShowContextMenu);
         connect(window->Plot(), &WavePic::PointerMoved, status_, &StatusStrip::ShowPointer);
         connect(window->Plot(), &WavePic::EntryAsked, status_, &StatusStrip::FocusEntry);
     }
     AnalogWindow(slot)->ShowTitle();
     AnalogWindow(slot)->ApplyTexts();
-    AnalogWindow(slot)->show();
-    frame->showMaximized();
-    area_->setActiveSubWindow(frame);
-    frame->setGeometry(area_->viewport()->rect());
+    area_->Open(frame);
     TabToActive();
     AnalogWindow(slot)->LayOut();
     ShowTitle(slot);
@@ -233,17 +212,44 @@ void Mainfrm::ToggleMaximised() {
                       Buttons::Ok, MessageIcon::Exclamation);
         return;
     }
-    mainMaximised_ = !mainMaximised_;
-    caption_->ShowMaximised(mainMaximised_);
-    if (!mainMaximised_) {
+    if (mainMaximised_) {
+        LeaveMaximised();
         setGeometry(savedLeft_, savedTop_, savedWidth_, savedHeight_);
         return;
     }
+    mainMaximised_ = true;
+    caption_->ShowMaximised(true);
     savedLeft_ = static_cast<std::int16_t>(x());
     savedTop_ = static_cast<std::int16_t>(y());
     savedWidth_ = static_cast<std::int16_t>(width());
     savedHeight_ = static_cast<std::int16_t>(height());
     setGeometry(screen()->availableGeometry());  // keeps the desktop's panel free
+}
+
+void Mainfrm::LeaveMaximised() {
+    mainMaximised_ = false;
+    caption_->ShowMaximised(false);
+}
+
+// A maximised window that is dragged away takes its usual size, with the pointer on the same share
+// of the caption.
+void Mainfrm::BeginMove(QPoint pointer) {
+    if (!mainMaximised_) return;
+    const int left = pointer.x() - (pointer.x() - x()) * savedWidth_ / width();
+    LeaveMaximised();
+    setGeometry(left, y(), savedWidth_, savedHeight_);
+}
+
+void Mainfrm::ArrangeWindows(WindowArrangement kind) {
+    area_->Arrange(kind);
+}
+
+void Mainfrm::ShowEditor() {
+    tray_->Remove();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 // A frame is only hidden when its document closes: the next document of the slot shows it again.
@@ -256,10 +262,7 @@ bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
     if (AnalogDocs[static_cast<std::size_t>(slot)].Modified) area_->setActiveSubWindow(frame);
     if (!QueryCloseDocument(slot, SaveAnalog)) return true;
     frame->hide();
-    QMdiSubWindow* before = nullptr;
-    for (QMdiSubWindow* other : area_->subWindowList(QMdiArea::ActivationHistoryOrder))
-        if (other != frame && other->isVisibleTo(area_->viewport())) before = other;
-    if (before != nullptr) area_->setActiveSubWindow(before);
+    area_->ActivateUsedBefore(frame);
     DocumentClosed(slot);
     return true;
 }
@@ -273,8 +276,13 @@ bool Mainfrm::CloseAllDocuments() {
     return true;
 }
 
+// A question about changes needs a window that is seen, and Cancel leaves it so.
 void Mainfrm::closeEvent(QCloseEvent* event) {
+    const bool asks = std::any_of(AnalogDocs.begin(), AnalogDocs.end(),
+                                  [](const auto& wave) { return bool(wave.Modified); });
+    if (asks && isMinimized()) ShowEditor();
     event->setAccepted(CloseAllDocuments());
+    if (event->isAccepted()) tray_->Remove();
 }
 
 void Mainfrm::ShowContextMenu(QPoint global) {
@@ -295,8 +303,7 @@ void Mainfrm::FillWindowMenu() {
     QAction* line = windowMenu_->addSeparator();
     line->setProperty("window", true);
     int number = 0;
-    for (QMdiSubWindow* frame : area_->subWindowList(QMdiArea::CreationOrder)) {
-        if (!frame->isVisibleTo(area_->viewport())) continue;
+    for (QMdiSubWindow* frame : area_->Frames()) {
         const QString name = "Mnuwin_W" + QString::number(++number);
         QString title = frame->widget()->windowTitle();
         title.replace('&', "&&");  // a file's name holds no mnemonic
@@ -305,7 +312,6 @@ void Mainfrm::FillWindowMenu() {
         entry->setProperty("window", true);
         entry->setCheckable(true);
         entry->setChecked(frame == area_->currentSubWindow());
-        connect(entry, &QAction::triggered, area_,
-                [this, frame] { area_->setActiveSubWindow(frame); });
+        connect(entry, &QAction::triggered, area_, [this, frame] { area_->Reveal(frame); });
     }
 }

@@ -1,15 +1,18 @@
 #pragma once
 // The main window: caption strip, menu strip, tool bars, document area and status strip. It draws
 // its own frame; commands reach it through the one table of actions.
+#include "platform/Host.h"
+
 #include <array>
 #include <QMainWindow>
 
 class ActionTable;
 class CaptionBar;
-class QMdiArea;
+class DocumentArea;
 class QMdiSubWindow;
 class QMenuBar;
 class StatusStrip;
+class TrayIcon;
 class WaveFrm;
 
 class Mainfrm : public QMainWindow {
@@ -37,6 +40,10 @@ public:
     /// Maximises or restores with the program's own caption. Screens above 1280 x 1024 are
     /// declined with a message: the layout of the controls ends there.
     void ToggleMaximised();
+    /// Arranges the windows of the open documents.
+    void ArrangeWindows(WindowArrangement kind);
+    /// Shows the window when it is minimised, and removes the tray icon.
+    void ShowEditor();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -50,13 +57,16 @@ private:
     void ShowContextMenu(QPoint global);
     void FillWindowMenu();
     bool CloseAllDocuments();
+    void LeaveMaximised();
+    void BeginMove(QPoint pointer);
 
     ActionTable* actions_;
     CaptionBar* caption_;
     QMenuBar* menus_;
     QMenu *idleMenu_, *selectMenu_, *windowMenu_ = nullptr;
-    QMdiArea* area_;
+    DocumentArea* area_;
     StatusStrip* status_;
+    TrayIcon* tray_ = nullptr;
     std::array<QMdiSubWindow*, 11> frames_{};  // windows stay with their slots and are reused
     bool mainMaximised_ = false;
     std::int16_t savedLeft_ = 0, savedTop_ = 0, savedWidth_ = 0, savedHeight_ = 0;

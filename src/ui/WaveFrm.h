@@ -1,13 +1,11 @@
 #pragma once
-// The window of an analog document: its own caption with title and ExtBtn, and the plot with its
-// scales. It shows the record's surfaces and holds no state of the document.
-#include <QWidget>
+// The window of an analog document: the plot with its scales below the caption. It shows the
+// record's surfaces and holds no state of the document.
+#include "ui/DocumentWindow.h"
 
-class QLabel;
-class QToolButton;
 class WavePic;
 
-class WaveFrm : public QWidget {
+class WaveFrm : public DocumentWindow {
     Q_OBJECT
 public:
     WaveFrm(std::int16_t slot, QWidget* parent);
@@ -17,13 +15,10 @@ public:
     QString Tag() const { return QString::number(slot_); }
 
     void ShowTitle();
-    void ApplyTexts();
     /// Sizes the record's surfaces to this window.
     void LayOut();
+    void FollowSize() override;
     WavePic* Plot() const { return plot_; }
-
-signals:
-    void ClosePressed();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -31,7 +26,5 @@ protected:
 
 private:
     std::int16_t slot_;
-    QLabel* title_;
-    QToolButton* close_;
     WavePic* plot_;
 };

@@ -26,6 +26,9 @@ bool dotCommandsOn = false;  // kept with exactly one dot, see RefreshDotCommand
 bool HasAnalog() {
     return !ActiveIsDigital && bool(AnalogInUse[static_cast<std::size_t>(ActiveAnalogIndex)]);
 }
+bool HasDocument() {
+    return AnalogDocCount + DigitDocCount > 0;
+}
 bool HasNoDigital() {
     return !ActiveIsDigital;
 }
@@ -140,6 +143,14 @@ void InsertWave(std::int16_t kind) {
 
 void EditEquation(std::int16_t replace) {
     TheHost().RunDialog("EquationFrm", replace);
+}
+
+template <WindowArrangement Kind>
+void Arrange(std::int16_t) {
+    TheHost().ArrangeWindows(Kind);
+}
+void ShowEditor(std::int16_t) {
+    TheHost().ShowEditor();
 }
 
 void ChangeLanguage(std::int16_t english) {
@@ -286,15 +297,19 @@ constexpr CommandRow Rows[] = {
     {"BranchToBusAresBtn", {}, "BranchToBus", "", nullptr, nullptr, nullptr, nullptr},
     {"BusToBranchAresBtn", {}, "BusToBranch", "", nullptr, nullptr, nullptr, nullptr},
     // Window, help, tray
-    {"", {"Mnuwin_Cascade"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"Mnuwin_Horizon"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"Mnuwin_Vertical"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"Mnuwin_Arrayicons"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"Mnuwin_Cascade"}, "", "", Arrange<WindowArrangement::Cascade>, nullptr, HasDocument,
+     nullptr},
+    {"", {"Mnuwin_Horizon"}, "", "", Arrange<WindowArrangement::Horizontal>, nullptr, HasDocument,
+     nullptr},
+    {"", {"Mnuwin_Vertical"}, "", "", Arrange<WindowArrangement::Vertical>, nullptr, HasDocument,
+     nullptr},
+    {"", {"Mnuwin_Arrayicons"}, "", "", Arrange<WindowArrangement::Icons>, nullptr, HasDocument,
+     nullptr},
     {"HelpAresBtn", {"MnuHelp_Help"}, "Help", "F1", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuHelp_About", "MnuMin_About"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuHelp_Lang_En"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksEnglish, 1},
     {"", {"MnuHelp_Lang_Ch"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksChinese, 0},
-    {"", {"MnuMin_Show", "MnuMin_ShowEditor"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMin_Show", "MnuMin_ShowEditor"}, "", "", ShowEditor, nullptr, nullptr, nullptr},
 };
 // clang-format on
 
