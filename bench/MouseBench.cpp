@@ -52,8 +52,11 @@ void LimitStep(benchmark::State& state) {
     AnalogWaveRecord& wave = OpenWithTool(Tool::Select);
     ToggleAreaLimit();
     wave.XLimitLeft = static_cast<float>(PressX);
-    wave.YLimitTop = static_cast<float>(PressY) / 2;
+    wave.XLimitRight = static_cast<float>(PlotWidth - 1);
+    wave.YLimitTop = 0.0F;
+    wave.YLimitBottom = static_cast<float>(PlotHeight - 1);
     MoveOverPlot(state, Tool::Select);
+    if (wave.HasSelection) state.SkipWithError("no limit line was dragged");
 }
 
 void PlainCopy(benchmark::State& state) {

@@ -224,8 +224,9 @@ void MoveSelect(std::int16_t index, const PlotPlace& place) {
         return ShowCursorValues(index);
     }
     wave.SelectionDragging = true;
+    const auto [left, right] = std::minmax(wave.SelPixelLeft, wave.SelPixelRight);
+    wave.PlotSurface.CopyColumns(wave.GridSurface, left, right);  // the bar of the step before
     wave.SelPixelRight = place.X;
-    RestorePlot(wave);
     DrawSelectionBar(wave);
     TheHost().ShowPlot(index);
 }

@@ -43,6 +43,8 @@ public:
     void Fill(Colour colour);
     /// Copies the whole of `source` with its top left corner at (x, y), whatever the mode.
     void CopyFrom(const Surface& source, std::int32_t x = 0, std::int32_t y = 0);
+    /// Copies columns left..right of a source of the same size, whatever the mode.
+    void CopyColumns(const Surface& source, std::int32_t left, std::int32_t right);
     void SetMode(DrawMode mode);
     /// One-pixel line, both ends included.
     void Line(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, Colour colour,

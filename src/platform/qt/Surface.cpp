@@ -141,6 +141,18 @@ void Surface::CopyFrom(const Surface& source, std::int32_t x, std::int32_t y) {
     }
 }
 
+void Surface::CopyColumns(const Surface& source, std::int32_t left, std::int32_t right) {
+    if (!data_ || source.IsNull()) return;
+    const QImage& from = source.data_->Image;
+    const std::int32_t first = std::max(left, 0);
+    const std::int32_t count = std::min({right, Width() - 1, from.width() - 1}) - first + 1;
+    if (count <= 0) return;
+    for (std::int32_t row = 0; row < std::min(Height(), from.height()); ++row) {
+        const QRgb* line = reinterpret_cast<const QRgb*>(from.constScanLine(row)) + first;
+        std::copy_n(line, count, RowOf(*data_, row) + first);
+    }
+}
+
 void Surface::SetMode(DrawMode mode) {
     if (data_) data_->Mode = mode;
 }
