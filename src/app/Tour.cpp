@@ -108,6 +108,22 @@ void SaveAndOpen(TourState& tour, const char* ending, double within, bool spread
              SameDots(AnalogDocs[0], spread ? Spread(dots) : dots, within));
 }
 
+void ArrangeWindows(TourState& tour) {
+    NewDocument(tour, "512", "1", nullptr);
+    Choose(tour, "Mnuwin_Cascade");
+    Picture(tour, tour.Window.get(), "cascade");
+    Choose(tour, "Mnuwin_Vertical");
+    const QWidget* first = Control(tour.Window.get(), "WaveFrm0");
+    const QWidget* second = Control(tour.Window.get(), "WaveFrm1");
+    Step(tour, "windows stand side by side",
+         first->y() == second->y() && first->geometry().right() < second->x());
+    Picture(tour, tour.Window.get(), "side-by-side");
+    Click(Control(Control(tour.Window.get(), "WaveFrm2"), "ExtBtn"));
+    Click(Control(Control(tour.Window.get(), "WaveFrm1"), "MaxBtn"));
+    Settle();
+    Step(tour, "maximised again", first->size() == second->size() && AnalogDocCount == 2);
+}
+
 void SpeakChinese(TourState& tour) {
     Choose(tour, "MnuHelp_Lang_Ch");
     Step(tour, "the language changes at run time", UseEnglish == 0);
@@ -184,6 +200,7 @@ int RunTour(const QString& folder) {
     OpenFile(tour, tour.Folder.filePath("waveform.txt"));
     Picture(tour, tour.Window.get(), "opened-again");
     DrawWithTheMouse(tour);
+    ArrangeWindows(tour);
     SpeakChinese(tour);
     OpenTen(tour);
     EndProgram(tour);

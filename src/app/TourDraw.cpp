@@ -167,6 +167,25 @@ void DrawInsideLimits(TourState& tour) {
     Picture(tour, tour.Window.get(), "undone");
 }
 
+void InsertComputed(TourState& tour) {
+    const std::vector<WaveDot> before = DotsOf(Wave());
+    WithDialog([&] { Choose(tour, "MnuDraw_InsertMathWave"); },
+               [&](QWidget* dialog) {
+                   TypeInto(Control(dialog, "ExpressionTxt"), "A*sin(2*pi*4*x)*exp(-3*x)");
+                   TypeInto(Control(dialog, "DotnumTxt"), "400");
+                   PressKey(Control(dialog, "DotnumTxt"), Qt::Key_Tab);
+                   Settle(100);
+                   Picture(tour, dialog, "equation");
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+    const auto start = static_cast<std::int32_t>(before.size());
+    Step(tour, "an equation becomes dots",
+         Wave().Dots == start + 400 && Wave().HasSelection && VoltsAt(start) == 0.0 &&
+             Near(VoltsAt(start + 25),
+                  std::sin(8 * std::acos(-1.0) * 25 / 399) * std::exp(-3.0 * 25 / 399), 1e-9));
+    Picture(tour, tour.Window.get(), "inserted");
+}
+
 }  // namespace
 
 void DrawWithTheMouse(TourState& tour) {
@@ -178,6 +197,7 @@ void DrawWithTheMouse(TourState& tour) {
     SelectAndCut(tour);
     ZoomAndPan(tour);
     DrawInsideLimits(tour);
+    InsertComputed(tour);
     Choose(tour, "MnuHelp_Lang_Ch");
     Click(Box(tour, "ZoomRegionAresBtn"));
     Picture(tour, tour.Window.get(), "chinese-zoom");

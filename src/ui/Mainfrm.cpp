@@ -118,6 +118,7 @@ void Mainfrm::BuildDocumentArea() {
         if (window == nullptr || DocBuilding) return;
         RefreshCommands();
         if (ActiveTag() >= 0) ShowTool(ActiveTag());
+        status_->ShowPointer({});
         TabToActive();
     });
     connect(new QShortcut(QKeySequence("Ctrl+Tab"), this), &QShortcut::activated, area_,

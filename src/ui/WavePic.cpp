@@ -201,8 +201,8 @@ void WavePic::PaintHint(QPainter& painter) {
     font.setPixelSize(15);
     painter.setFont(font);
     const QRect area = rect().adjusted(LabelGutter + WaveAreaLeft, WaveAreaTop, -38, -28);
-    painter.drawText(area.adjusted(0, 0, 0, -area.height() * 3 / 8), Qt::AlignCenter,
-                     ToQt(TextOf("WaveFrm", "hint")));
+    painter.drawText(area.adjusted(0, 0, 0, -area.height() * 3 / 8),
+                     Qt::AlignCenter | Qt::TextWordWrap, ToQt(TextOf("WaveFrm", "hint")));
 }
 
 // With the mouse the press itself opens the menu, by the tool that is on.
