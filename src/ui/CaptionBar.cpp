@@ -16,6 +16,7 @@ namespace {
 
 constexpr int BarHeight = 36;
 constexpr int GripWidth = 5;
+constexpr QSize ButtonSize{32, 28};
 
 QString Text(std::string_view control) {
     return ToQt(TextOf("Mainfrm", control));
@@ -114,9 +115,9 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     drag_->setTextFormat(Qt::PlainText);  // names of files may look like markup
     drag_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     drag_->setForegroundRole(QPalette::PlaceholderText);
-    minimise_ = MakeButton("MinimizeAbtn", "Minimize");
-    maximise_ = MakeButton("MaxAbtn", "Maximize");
-    exit_ = MakeButton("ExitAbtn", "Close");
+    minimise_ = MakeCaptionButton(this, "MinimizeAbtn", "Minimize", ButtonSize);
+    maximise_ = MakeCaptionButton(this, "MaxAbtn", "Maximize", ButtonSize);
+    exit_ = MakeCaptionButton(this, "ExitAbtn", "Close", ButtonSize);
     connect(minimise_, &QToolButton::clicked, this, &CaptionBar::MinimisePressed);
     connect(maximise_, &QToolButton::clicked, this, &CaptionBar::MaximisePressed);
     connect(exit_, &QToolButton::clicked, this, &CaptionBar::ExitPressed);
@@ -132,16 +133,6 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
          {static_cast<QWidget*>(logo), static_cast<QWidget*>(title), static_cast<QWidget*>(drag_)})
         part->installEventFilter(this);
     ApplyTexts();
-}
-
-QToolButton* CaptionBar::MakeButton(const char* name, const char* icon) {
-    auto* button = new QToolButton(this);
-    button->setObjectName(name);
-    button->setIcon(ThemedIcon(icon));
-    button->setIconSize(QSize(16, 16));
-    button->setFixedSize(32, 28);
-    button->setFocusPolicy(Qt::NoFocus);  // the system keys serve here, Tab goes to the tools
-    return button;
 }
 
 void CaptionBar::ApplyTexts() {
@@ -187,6 +178,16 @@ bool CaptionBar::eventFilter(QObject*, QEvent* event) {
         if (moving_) window()->move(at - grip_);
     }
     return false;
+}
+
+QToolButton* MakeCaptionButton(QWidget* strip, const char* name, const char* icon, QSize size) {
+    auto* button = new QToolButton(strip);
+    button->setObjectName(name);
+    button->setIcon(ThemedIcon(icon));
+    button->setIconSize(QSize(16, 16));
+    button->setFixedSize(size);
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
 }
 
 void AddEdgeGrips(QWidget* window, QSize smallest, const std::function<void()>& begins) {

@@ -28,14 +28,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QToolButton* MakeButton(const char* name, const char* icon);
-
     QLabel* drag_;
     QToolButton *minimise_, *maximise_, *exit_;
     QPoint grip_;          // press inside the window while it moves by hand
     bool moving_ = false;  // the window system declined: moved by hand
     bool pressed_ = false;
 };
+
+/// A button of a caption strip. It takes no keyboard focus: the system keys serve there, and Tab
+/// goes to the tools and the document.
+QToolButton* MakeCaptionButton(QWidget* strip, const char* name, const char* icon, QSize size);
 
 /// Grips along the edges and corners of a window without a system frame, or of a widget that serves
 /// as a window inside its parent. They keep the smallest size; `begins` is called before a resize.

@@ -2,6 +2,7 @@
 
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
+#include "ui/CaptionBar.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr int StripHeight = 32;
+constexpr QSize ButtonSize{24, 24};
 
 // Long names of files are cut in the middle, so that the ending stays in sight.
 class TitleLabel : public QLabel {
@@ -51,9 +53,9 @@ DocumentWindow::DocumentWindow(QWidget* parent) : QWidget(parent) {
     QFont bold = title_->font();
     bold.setBold(true);
     title_->setFont(bold);
-    minimise_ = MakeButton("MinBtn", "Minimize");
-    maximise_ = MakeButton("MaxBtn", "Maximize");
-    close_ = MakeButton("ExtBtn", "Close");
+    minimise_ = MakeCaptionButton(strip_, "MinBtn", "Minimize", ButtonSize);
+    maximise_ = MakeCaptionButton(strip_, "MaxBtn", "Maximize", ButtonSize);
+    close_ = MakeCaptionButton(strip_, "ExtBtn", "Close", ButtonSize);
     connect(minimise_, &QToolButton::clicked, this, &DocumentWindow::MinimisePressed);
     connect(maximise_, &QToolButton::clicked, this, &DocumentWindow::TogglePressed);
     connect(close_, &QToolButton::clicked, this, &DocumentWindow::ClosePressed);
@@ -66,16 +68,6 @@ DocumentWindow::DocumentWindow(QWidget* parent) : QWidget(parent) {
     column_->setSpacing(0);
     column_->addWidget(strip_);
     ShowState(State::Maximised);
-}
-
-QToolButton* DocumentWindow::MakeButton(const char* name, const char* icon) {
-    auto* button = new QToolButton(strip_);
-    button->setObjectName(name);
-    button->setIcon(ThemedIcon(icon));
-    button->setIconSize(QSize(16, 16));
-    button->setFixedSize(24, 24);
-    button->setFocusPolicy(Qt::NoFocus);  // the keyboard belongs to the document
-    return button;
 }
 
 void DocumentWindow::SetContent(QWidget* content) {

@@ -40,8 +40,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QToolButton* MakeButton(const char* name, const char* icon);
-
     State state_ = State::Maximised;
     bool active_ = false;
     QWidget* strip_;
