@@ -4,6 +4,7 @@
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/PlotOverlay.h"
+#include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
@@ -125,6 +126,13 @@ WaveView WithAmplitudes(const AnalogWaveRecord& wave, double top, double span) {
     return view;
 }
 
+// The modes are clear already: what is left of the tool is its drag, and select comes back.
+void EndZoomTool(AnalogWaveRecord& wave) {
+    FinishGesture(wave);
+    wave.SelectMode = true;
+    ShowTool(ActiveAnalogIndex);
+}
+
 double PointerSpanPixels(const AnalogWaveRecord& wave) {
     return wave.VPointerSpan / 2.0 * wave.PlotHeight;
 }
@@ -137,10 +145,7 @@ void ToggleExpandToSuit() {
     wave.ExpandToSuit = !wave.ExpandToSuit;
     wave.ZoomXMode = wave.ZoomYMode = wave.ZoomRegionMode = wave.ZoomCenterMode = false;
     wave.XZoomed = wave.YZoomed = false;
-    if (zoomTool) {
-        wave.SelectMode = true;
-        ShowTool(ActiveAnalogIndex);
-    }
+    if (zoomTool) EndZoomTool(wave);
     if (wave.ExpandToSuit && wave.Dots < 2) {
         TheHost().RefreshCommands();
         return;
@@ -180,10 +185,7 @@ void CancelZoom() {
     const bool zoomTool = IsZoomTool(ToolOf(wave));
     ShowWholeWave(wave);
     wave.SelectionDragging = wave.HasSelection;
-    if (zoomTool) {
-        wave.SelectMode = true;
-        ShowTool(ActiveAnalogIndex);
-    }
+    if (zoomTool) EndZoomTool(wave);
     ShowView(ActiveAnalogIndex);
 }
 
