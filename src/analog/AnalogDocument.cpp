@@ -30,7 +30,6 @@ void ResetDocumentState(AnalogWaveRecord& wave) {
     const AnalogWaveRecord fresh;
     ClearSelection(wave);
     wave.SelectionFlagA = wave.SelectionFlagB = false;
-    wave.MouseArmed = true;
     wave.ExpandToSuit = wave.ExpandApplied = false;
     wave.ZoomXMode = wave.ZoomYMode = wave.ZoomRegionMode = wave.ZoomCenterMode = false;
     wave.XZoomed = wave.YZoomed = wave.ZoomUndoAvailable = false;
@@ -40,7 +39,8 @@ void ResetDocumentState(AnalogWaveRecord& wave) {
     SetUndoAvailable(wave, false);
     SetResumeAvailable(wave, false);
     wave.HandDrawOn = wave.LineDrawOn = wave.PointEditOn = false;
-    wave.DrawPressed = wave.LinePending = wave.TrackShown = wave.MouseMoved = false;
+    wave.DrawPressed = wave.LinePending = wave.TrackShown = false;
+    wave.MouseArmed = wave.MouseMoved = false;
     wave.SelectMode = true;
     wave.TrackX = wave.TrackY = 0;
     wave.EntryBoxes = {};

@@ -85,10 +85,22 @@ void TakeOut(bool toClipboard) {
     EndEdit(ActiveAnalogIndex);
 }
 
+// The cross of cursor track and point edit stays on its dot.
+void FitTrack(std::int16_t index) {
+    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    if (!wave.TrackShown) return;
+    wave.TrackShown = wave.TrackDot < wave.Dots;
+    if (wave.TrackShown) wave.TrackValue = wave.DotArray[static_cast<std::size_t>(wave.TrackDot)].Y;
+    ShowCursorValues(index);
+}
+
 void ExchangeState() {
     AnalogWaveRecord& wave = ActiveAnalog();
     SwapSnapshot(wave);
-    if (wave.ExpandToSuit && wave.Dots >= 1) wave.ViewEnd = std::max(wave.Dots - 1, 1);
+    if (wave.ExpandToSuit && wave.Dots >= 1) {
+        wave.ViewStart = 0;
+        wave.ViewEnd = std::max(wave.Dots - 1, 1);
+    }
     EndEdit(ActiveAnalogIndex, true);
 }
 
@@ -129,6 +141,7 @@ void EndEdit(std::int16_t index, Flag fullRedraw) {
     AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
     wave.Modified = true;
     FitSelection(wave);
+    FitTrack(index);
     TheHost().ShowTitle(index);
     TheHost().RefreshCommands();
     RepaintAnalog(index, fullRedraw);
@@ -169,7 +182,6 @@ void PickSegment(AnalogWaveRecord& wave, std::int32_t segment) {
     SelectDots(wave, picked.RunStart, picked.EndDot);
     wave.SegmentPicked = true;
     wave.PickedSegment = segment;
-    wave.SelectedSegment = segment;
 }
 
 void SelectionFromPixels(AnalogWaveRecord& wave, std::int32_t left, std::int32_t right) {

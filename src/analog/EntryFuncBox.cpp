@@ -181,9 +181,8 @@ void ApplyPointBoxes() {
                       MessageIcon::Exclamation);
         return;
     }
-    const double value = std::clamp(EntryAmplitude(wave, Entry::ValueY), -1.0, 1.0);
+    const double value = EntryAmplitude(wave, Entry::ValueY);
     wave.TrackDot = wave.ValueX;
-    wave.TrackValue = value;
     wave.TrackShown = wave.PointEditOn;
     InsertLine(wave.ValueX, wave.ValueX, value, value);
 }

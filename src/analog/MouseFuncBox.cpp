@@ -183,6 +183,12 @@ void PressLine(std::int16_t index, const PlotPlace& place) {
 
 // --- select ---------------------------------------------------------------------------------
 
+// A bar's edge stands for the dot one column to its left. An edge moved to its dot gives that dot
+// again, whenever the bounds are taken from the columns.
+std::int32_t EdgeOf(const AnalogWaveRecord& wave, std::int32_t dot) {
+    return PixelOf(wave, dot, 0.0).X + 1;
+}
+
 // The segment whose mark, or whose last dot, lies under a press; -1 for none.
 std::int32_t SegmentMarkAt(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y) {
     const double scale = wave.PlotSurface.Scale();
@@ -210,10 +216,8 @@ void PressSelect(std::int16_t index, const PlotPlace& place) {
     }
     if (wave.HasSelection) DropSelection(index);
     if (wave.Dots == 0) return;
-    const PlotPlace start = HoldToDots(wave, place);
     wave.MouseArmed = true;
-    wave.SelAnchor = start.Dot;
-    wave.SelPixelLeft = wave.SelPixelRight = start.X;
+    wave.SelPixelLeft = wave.SelPixelRight = std::min(place.X, EdgeOf(wave, wave.Dots - 1));
     KeepPlot(wave);
 }
 
@@ -239,6 +243,8 @@ void ReleaseSelect(std::int16_t index, const PlotPlace&) {
         if (wave.SelPixelLeft > wave.SelPixelRight)
             std::swap(wave.SelPixelLeft, wave.SelPixelRight);
         SelectionFromPixels(wave, wave.SelPixelLeft, wave.SelPixelRight);
+        wave.SelPixelLeft = EdgeOf(wave, wave.SelStart);
+        wave.SelPixelRight = EdgeOf(wave, wave.SelEnd);
         wave.HasSelection = true;
     }
     ShowSelection(index);

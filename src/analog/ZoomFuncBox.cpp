@@ -51,6 +51,12 @@ void SetView(AnalogWaveRecord& wave, const WaveView& view) {
     wave.SelectionDragging = wave.HasSelection;
 }
 
+// Another view ends a drag, whose picture is of the view before. A stroke or line goes on: it keeps
+// dots and amplitudes.
+void LetGo(AnalogWaveRecord& wave) {
+    if (!wave.DrawPressed && !wave.LinePending) FinishGesture(wave);
+}
+
 void ShowView(std::int16_t index) {
     TheHost().RefreshCommands();
     RepaintAnalog(index, true);
@@ -58,6 +64,7 @@ void ShowView(std::int16_t index) {
 
 void ZoomTo(std::int16_t index, const WaveView& view) {
     AnalogWaveRecord& wave = RecordOf(index);
+    LetGo(wave);
     KeepView(wave);
     SetView(wave, view);
     wave.ExpandToSuit = false;
@@ -104,6 +111,7 @@ void ApplyCentre(AnalogWaveRecord& wave) {
     if (EntryText(wave, Entry::ZoomCenterX).empty()) return;
     const std::int32_t centre = std::clamp(RoundToInt(EntryNumber(wave, Entry::ZoomCenterX)), 0,
                                            std::max(wave.MaxDots - 1, 0));
+    LetGo(wave);
     KeepView(wave);
     ZoomAroundCentre(ActiveAnalogIndex, centre, wave.ViewStart, wave.ViewEnd, 2.0, wave.MaxDots);
     wave.SelectionDragging = wave.HasSelection;
@@ -126,9 +134,8 @@ WaveView WithAmplitudes(const AnalogWaveRecord& wave, double top, double span) {
     return view;
 }
 
-// The modes are clear already: what is left of the tool is its drag, and select comes back.
+// The modes are clear already; select comes back.
 void EndZoomTool(AnalogWaveRecord& wave) {
-    FinishGesture(wave);
     wave.SelectMode = true;
     ShowTool(ActiveAnalogIndex);
 }
@@ -142,6 +149,7 @@ double PointerSpanPixels(const AnalogWaveRecord& wave) {
 void ToggleExpandToSuit() {
     AnalogWaveRecord& wave = ActiveAnalog();
     const bool zoomTool = IsZoomTool(ToolOf(wave));
+    LetGo(wave);
     wave.ExpandToSuit = !wave.ExpandToSuit;
     wave.ZoomXMode = wave.ZoomYMode = wave.ZoomRegionMode = wave.ZoomCenterMode = false;
     wave.XZoomed = wave.YZoomed = false;
@@ -183,6 +191,7 @@ void ApplyZoomBoxes() {
 void CancelZoom() {
     AnalogWaveRecord& wave = ActiveAnalog();
     const bool zoomTool = IsZoomTool(ToolOf(wave));
+    LetGo(wave);
     ShowWholeWave(wave);
     wave.SelectionDragging = wave.HasSelection;
     if (zoomTool) EndZoomTool(wave);
@@ -192,6 +201,7 @@ void CancelZoom() {
 void UndoZoom() {
     AnalogWaveRecord& wave = ActiveAnalog();
     if (!wave.ZoomUndoAvailable) return;
+    LetGo(wave);
     SetView(wave, {wave.PrevViewStart, wave.PrevViewEnd, wave.PrevViewTop, wave.PrevViewBottom});
     wave.ExpandToSuit = false;
     wave.ZoomUndoAvailable = false;

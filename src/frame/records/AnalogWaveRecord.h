@@ -70,17 +70,15 @@ struct AnalogWaveRecord {
     Flag SelectionDragging;         // bounds are exact, not to be taken from the pixels
     std::int32_t SelStart = 0;      // first selected dot
     std::int32_t SelEnd = 0;        // last selected dot, inclusive
-    std::int32_t SelAnchor = 0;     // dot where the selection began
     std::int32_t SelPixelLeft = 0;  // pixel columns of the selection bar as last drawn
     std::int32_t SelPixelRight = 0;
-    Flag MouseMoved;                   // the mouse moved since the press
-    Flag MouseArmed = true;            // a press of the tool in use waits for its release
-    std::int32_t SelectedSegment = 0;  // segment under a double click
-    std::int32_t LastDot = 0;          // "End:" of files; decisions read Dots
-    std::int32_t UndoLastDot = 0;      // LastDot of the snapshot
-    Flag SelectionFlagA;               // SelStart is a segment's first dot
-    Flag SelectionFlagB;               // SelEnd is a segment's last dot
-    Flag SegmentPicked;                // the selection is exactly PickedSegment
+    Flag MouseMoved;               // the mouse moved since the press
+    Flag MouseArmed;               // a press of the tool in use waits for its release
+    std::int32_t LastDot = 0;      // "End:" of files; decisions read Dots
+    std::int32_t UndoLastDot = 0;  // LastDot of the snapshot
+    Flag SelectionFlagA;           // SelStart is a segment's first dot
+    Flag SelectionFlagB;           // SelEnd is a segment's last dot
+    Flag SegmentPicked;            // the selection is exactly PickedSegment
     std::int32_t PickedSegment = 0;
     std::int32_t SelFirstSegment = 0;  // first and last segment that the selection touches
     std::int32_t SelLastSegment = 0;
