@@ -69,7 +69,7 @@ struct HorizontalView {
 // Column of a dot, below 0 or past the last one outside the area.
 double ColumnOfDot(const HorizontalView& view, std::int64_t dot) {
     const double span = static_cast<double>(view.End) - view.Start;
-    const double fromStart = static_cast<double>(dot - view.Start);
+    const auto fromStart = static_cast<double>(dot - view.Start);
     const double column = RoundToEven(fromStart / span * view.Width);
     // The last half column of the view rounds up to the border; it belongs to the last column.
     return dot <= view.End && column == view.Width ? view.Width - 1 : column;

@@ -22,8 +22,8 @@ extern "C" {
 #endif
 
 /* One dot of an analog wave, 16 bytes. */
-typedef struct WaveDot {
-    double X; /* position in dots; equals the element's index */
+typedef struct WaveDot { /* NOLINT(modernize-use-using): the interface is C */
+    double X; /* position in dots; the element's index, or one less inside a drawn line */
     double Y; /* normalised amplitude, -1..1 */
 } WaveDot;
 
