@@ -123,6 +123,11 @@ const std::string& EntryText(const Wave& wave, Entry entry) {
     return wave.EntryBoxes[static_cast<std::size_t>(entry)].Text;
 }
 
+bool IsEmptyEntry(const Wave& wave, Entry entry) {
+    const EntryBox& box = wave.EntryBoxes[static_cast<std::size_t>(entry)];
+    return box.Text.empty() || !box.HasValue;
+}
+
 double EntryNumber(const Wave& wave, Entry entry) {
     return TextToNumber(EntryText(wave, entry)).value_or(0.0);
 }
@@ -169,14 +174,14 @@ void SwitchEntryUnits(std::int16_t unit) {
 void ApplyLineBoxes() {
     const Wave& wave = ActiveAnalog();
     for (const Entry entry : {Entry::LineX1, Entry::LineY1, Entry::LineX2, Entry::LineY2})
-        if (EntryText(wave, entry).empty()) return;
+        if (IsEmptyEntry(wave, entry)) return;
     InsertLine(wave.LineX1, wave.LineX2, EntryAmplitude(wave, Entry::LineY1),
                EntryAmplitude(wave, Entry::LineY2));
 }
 
 void ApplyPointBoxes() {
     Wave& wave = ActiveAnalog();
-    if (EntryText(wave, Entry::ValueX).empty() || EntryText(wave, Entry::ValueY).empty()) {
+    if (IsEmptyEntry(wave, Entry::ValueX) || IsEmptyEntry(wave, Entry::ValueY)) {
         TheHost().Ask(PickText("Please input value all!", "输入不能为空"), Buttons::Ok,
                       MessageIcon::Exclamation);
         return;

@@ -42,6 +42,8 @@ std::span<const EntryRow> EntryRows();
 inline constexpr std::size_t ValueBoxLength = 7;
 
 const std::string& EntryText(const AnalogWaveRecord& wave, Entry entry);
+/// True for a box without a number: an empty text, or a first "-" with nothing behind it.
+bool IsEmptyEntry(const AnalogWaveRecord& wave, Entry entry);
 /// The number in a box; 0 for a text that is no number.
 double EntryNumber(const AnalogWaveRecord& wave, Entry entry);
 /// Normalised amplitude of a value box.

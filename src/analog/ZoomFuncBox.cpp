@@ -74,7 +74,7 @@ void ZoomTo(std::int16_t index, const WaveView& view) {
 
 // Bounds of a zoom from two boxes, in order; false where they are empty or too near.
 bool TakeDots(AnalogWaveRecord& wave, Entry one, Entry other) {
-    if (EntryText(wave, one).empty() || EntryText(wave, other).empty()) return false;
+    if (IsEmptyEntry(wave, one) || IsEmptyEntry(wave, other)) return false;
     const std::int32_t last = wave.MaxDots - 1;
     const std::int32_t a = std::clamp(RoundToInt(EntryNumber(wave, one)), 0, last);
     const std::int32_t b = std::clamp(RoundToInt(EntryNumber(wave, other)), 0, last);
@@ -85,7 +85,7 @@ bool TakeDots(AnalogWaveRecord& wave, Entry one, Entry other) {
 }
 
 bool TakeAmplitudes(AnalogWaveRecord& wave, Entry one, Entry other) {
-    if (EntryText(wave, one).empty() || EntryText(wave, other).empty()) return false;
+    if (IsEmptyEntry(wave, one) || IsEmptyEntry(wave, other)) return false;
     const double a = std::clamp(EntryAmplitude(wave, one), -1.0, 1.0);
     const double b = std::clamp(EntryAmplitude(wave, other), -1.0, 1.0);
     if (std::abs(a - b) < SmallestBand) return false;
@@ -108,7 +108,7 @@ WaveView BandView(const AnalogWaveRecord& wave, bool dots, bool amplitudes) {
 }
 
 void ApplyCentre(AnalogWaveRecord& wave) {
-    if (EntryText(wave, Entry::ZoomCenterX).empty()) return;
+    if (IsEmptyEntry(wave, Entry::ZoomCenterX)) return;
     const std::int32_t centre = std::clamp(RoundToInt(EntryNumber(wave, Entry::ZoomCenterX)), 0,
                                            std::max(wave.MaxDots - 1, 0));
     LetGo(wave);

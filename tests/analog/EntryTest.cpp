@@ -54,7 +54,7 @@ TEST_F(EntryTest, ButtonsNeedAllBoxes) {
                                                           : "输入不能为空"};
         const char* table = R"(
         t7 =0:5 k => asked; t7 =1:5 k => asked; t7 =0:5 =1:5 =0: k => asked;
-        t6 =0:5 =1:5 =2:8 k =>; t6 =1:5 =2:8 =3:0 k =>)";
+        t6 =0:5 =1:5 =2:8 k =>; t6 =0:5 =1:5 =2:8 =3:- k =>; t6 =1:5 =2:8 =3:0 k =>)";
         Expect(table, [&] {
             EXPECT_FALSE(doc.UndoAvailable || doc.Modified);
             return std::exchange(asked, {}) == message ? "asked" : "";
