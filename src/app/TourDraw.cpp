@@ -131,9 +131,11 @@ void ZoomAndPan(TourState& tour) {
     Step(tour, "Shift and the wheel pan", Wave().ViewStart > before);
     const PixelPoint pointer = HPointerPlace(Wave());
     const std::int32_t span = Wave().ViewEnd - Wave().ViewStart;
-    Drag(Plot(tour), {pointer.X, pointer.Y}, {pointer.X + 100, pointer.Y});
+    const double scale = Plot(tour)->devicePixelRatioF();
+    const QPoint grip = (QPointF(pointer.X, pointer.Y) / scale).toPoint();
+    Drag(Plot(tour), grip, grip + QPoint(100, 0));
     Step(tour, "the scale pointer pans",
-         Near(Wave().ViewStart - before, 33 + 100.0 / Wave().PlotWidth * 1000, 3) &&
+         Near(Wave().ViewStart - before, 33 + 100.0 * scale / Wave().PlotWidth * 1000, 3) &&
              Wave().ViewEnd - Wave().ViewStart == span);
     Picture(tour, tour.Window.get(), "panned");
     Choose(tour, "MnuView_ZoomDisable");
