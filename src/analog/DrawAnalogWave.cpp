@@ -1,7 +1,5 @@
 #include "analog/DrawAnalogWave.h"
 
-#include "analog/LimitFuncBox.h"
-#include "analog/PlotOverlay.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "frame/StringFunc.h"
@@ -270,6 +268,12 @@ double PixelToValue(double y, const WaveView& view, std::int32_t height) {
     return view.Top - y * (view.Top - view.Bottom) / (height - 1);
 }
 
+PixelPoint PixelOf(const AnalogWaveRecord& wave, std::int32_t dot, double value) {
+    const WaveView view = ViewOf(wave);
+    return {RoundToInt(DotToPixel(dot, view, wave.PlotWidth)),
+            RoundToInt(ValueToPixel(value, view, wave.PlotHeight))};
+}
+
 GridDivision DivideSpan(std::int32_t span) {
     if (span <= 0) return {0, 0, true};
     if (span >= 1000) return {10, RoundToInt(span / 10.0), true};
@@ -349,6 +353,16 @@ void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColou
     if (wave.YLimitOn)
         for (const std::int32_t y : {top, bottom})
             plot.Line(both ? near : 0, y, both ? far : lastColumn, y, colours.Limit, true);
+}
+
+void DrawCross(Surface& plot, PixelPoint at) {
+    const std::int32_t arm = Scaled(MarkArm, plot.Scale());
+    plot.Line(at.X - arm, at.Y, at.X + arm, at.Y, RubberColour);
+    plot.Line(at.X, at.Y - arm, at.X, at.Y + arm, RubberColour);
+}
+
+bool LimitDragged(const AnalogWaveRecord& wave) {
+    return wave.DragLimitLeft || wave.DragLimitRight || wave.DragLimitTop || wave.DragLimitBottom;
 }
 
 void DrawSelectionBar(AnalogWaveRecord& wave) {
@@ -449,10 +463,8 @@ void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
                   wave.DotLinkOn, colours.Curve);
     if (wave.HasSelection && !wave.PrintMode) DrawSelection(wave, view);
     // The guide of a line under way begins from the plot as it now is.
-    if (wave.LinePending) KeepPlot(wave);
-    if (wave.TrackShown && wave.TrackDot < wave.Dots) {
-        const PixelPoint cross = PixelOf(wave, wave.TrackDot, wave.TrackValue);
-        DrawCross(plot, cross.X, cross.Y);
-    }
+    if (wave.LinePending) wave.GridSurface.CopyFrom(plot);
+    if (wave.TrackShown && wave.TrackDot < wave.Dots)
+        DrawCross(plot, PixelOf(wave, wave.TrackDot, wave.TrackValue));
     TheHost().ShowPlot(index);
 }

@@ -44,6 +44,9 @@ double ValueToPixel(double value, const WaveView& view, std::int32_t height);
 std::int32_t PixelToDot(double x, const WaveView& view, std::int32_t width);
 double PixelToValue(double y, const WaveView& view, std::int32_t height);
 
+/// Pixel of a dot and of an amplitude in the document's view, rounded.
+PixelPoint PixelOf(const AnalogWaveRecord& wave, std::int32_t dot, double value);
+
 // Vertical grid lines: Count divisions of Step dots; Exact when they end at the axis' end.
 struct GridDivision {
     std::int32_t Count, Step;
@@ -67,6 +70,13 @@ void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveS
 
 /// Draws the limit lines of the pairs that are on.
 void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColours& colours);
+
+/// True while a limit line follows the mouse; the painter then leaves the lines to the drag.
+bool LimitDragged(const AnalogWaveRecord& wave);
+
+/// A cross in the rubber colour, arms of MarkArm logical pixels.
+inline constexpr double MarkArm = 10.0;
+void DrawCross(Surface& plot, PixelPoint at);
 
 /// Draws the bar between the pixel columns of the selection, in any order.
 void DrawSelectionBar(AnalogWaveRecord& wave);

@@ -4,8 +4,6 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "analog/StrokeFuncBox.h"
-#include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
@@ -128,6 +126,24 @@ void SetUndoAvailable(AnalogWaveRecord& wave, Flag available) {
 }
 void SetResumeAvailable(AnalogWaveRecord& wave, Flag available) {
     wave.ResumeAvailable = available;
+}
+
+void CloseStroke(AnalogWaveRecord& wave) {
+    if (!wave.DrawPressed) return;
+    wave.DrawPressed = false;
+    OverlayRunSegment(wave, wave.DrawStartDot, wave.DrawAnchorDot);
+}
+
+void EndLineDraw(AnalogWaveRecord& wave) {
+    wave.LinePending = false;
+}
+
+void FinishGesture(AnalogWaveRecord& wave) {
+    CloseStroke(wave);
+    EndLineDraw(wave);
+    wave.MouseArmed = wave.MouseMoved = false;
+    wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
+    wave.VPointerDragging = wave.HPointerDragging = false;
 }
 
 void BeginEdit(AnalogWaveRecord& wave) {
@@ -269,7 +285,6 @@ void SelectAllAnalog() {
     const bool whole = wave.HasSelection && ExactBounds(wave) && wave.SelStart == 0 &&
                        wave.SelEnd == wave.Dots - 1;
     if (wave.Dots == 0 || whole) return;
-    if (wave.HandDrawOn || wave.LineDrawOn) SwitchTool(ActiveAnalogIndex, Tool::Select);
     FinishGesture(wave);
     SelectDots(wave, 0, wave.Dots - 1);
     ShowSelection(ActiveAnalogIndex);

@@ -11,7 +11,15 @@ void SwapSnapshot(AnalogWaveRecord& wave);
 void SetUndoAvailable(AnalogWaveRecord& wave, Flag available);
 void SetResumeAvailable(AnalogWaveRecord& wave, Flag available);
 
-/// Begins an edit: snapshot, undo available, resume not.
+/// Closes a stroke as one segment. Nothing happens where none is under way.
+void CloseStroke(AnalogWaveRecord& wave);
+/// The line tool takes no further point. The snapshot stands, even where no line was written.
+void EndLineDraw(AnalogWaveRecord& wave);
+/// Closes a stroke or line under way and lets go of all that the mouse holds, without a repaint:
+/// for commands that come in the middle of a gesture.
+void FinishGesture(AnalogWaveRecord& wave);
+
+/// Begins an edit: gestures finished, snapshot, undo available, resume not.
 void BeginEdit(AnalogWaveRecord& wave);
 /// Ends an edit of a slot: Modified, title, commands, repaint.
 void EndEdit(std::int16_t index, Flag fullRedraw = false);

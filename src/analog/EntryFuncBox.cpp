@@ -1,9 +1,7 @@
 #include "analog/EntryFuncBox.h"
 
-#include "analog/EditFuncBox.h"
 #include "analog/PlotOverlay.h"
-#include "analog/StrokeFuncBox.h"
-#include "analog/ToolFuncBox.h"
+#include "analog/ToolState.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
@@ -169,27 +167,6 @@ void SwitchEntryUnits(std::int16_t unit) {
     }
     TheHost().RefreshCommands();
     TheHost().ShowEntries(ActiveAnalogIndex);
-}
-
-void ApplyLineBoxes() {
-    const Wave& wave = ActiveAnalog();
-    for (const Entry entry : {Entry::LineX1, Entry::LineY1, Entry::LineX2, Entry::LineY2})
-        if (IsEmptyEntry(wave, entry)) return;
-    InsertLine(wave.LineX1, wave.LineX2, EntryAmplitude(wave, Entry::LineY1),
-               EntryAmplitude(wave, Entry::LineY2));
-}
-
-void ApplyPointBoxes() {
-    Wave& wave = ActiveAnalog();
-    if (IsEmptyEntry(wave, Entry::ValueX) || IsEmptyEntry(wave, Entry::ValueY)) {
-        TheHost().Ask(PickText("Please input value all!", "输入不能为空"), Buttons::Ok,
-                      MessageIcon::Exclamation);
-        return;
-    }
-    const double value = EntryAmplitude(wave, Entry::ValueY);
-    wave.TrackDot = wave.ValueX;
-    wave.TrackShown = wave.PointEditOn;
-    InsertLine(wave.ValueX, wave.ValueX, value, value);
 }
 
 void BeginEntries(Wave& wave) {

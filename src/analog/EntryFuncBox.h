@@ -57,10 +57,6 @@ void LeaveEntry(AnalogWaveRecord& wave, Entry entry);
 
 /// Switches the value boxes of the active document to millivolts (1000) or volts (1).
 void SwitchEntryUnits(std::int16_t unit);
-/// OkAresBtn: draws the line of the boxes; nothing while one of them is empty.
-void ApplyLineBoxes();
-/// AresButton1: sets the dot of the boxes; asks for both where one is empty.
-void ApplyPointBoxes();
 
 /// A tool has just gone on: its boxes begin empty, or with the bounds of the view.
 void BeginEntries(AnalogWaveRecord& wave);

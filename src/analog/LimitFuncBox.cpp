@@ -1,6 +1,5 @@
 #include "analog/LimitFuncBox.h"
 
-#include "analog/DrawAnalogWave.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "platform/Host.h"
@@ -69,10 +68,6 @@ PlotPlace HoldToLimits(const AnalogWaveRecord& wave, std::int32_t x, std::int32_
         wave,
         wave.XLimitOn ? HoldBetweenLines(place.X, wave.XLimitLeft, wave.XLimitRight) : place.X,
         wave.YLimitOn ? HoldBetweenLines(place.Y, wave.YLimitTop, wave.YLimitBottom) : place.Y);
-}
-
-bool LimitDragged(const AnalogWaveRecord& wave) {
-    return wave.DragLimitLeft || wave.DragLimitRight || wave.DragLimitTop || wave.DragLimitBottom;
 }
 
 LimitLine LimitLineAt(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y) {

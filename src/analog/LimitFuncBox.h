@@ -25,6 +25,3 @@ bool PressLimitLine(std::int16_t index, std::int32_t x, std::int32_t y);
 /// Sets the dragged line to the position.
 void DragLimitLine(std::int16_t index, const PlotPlace& place);
 void ReleaseLimitLine(std::int16_t index);
-
-/// True while a limit line follows the mouse.
-bool LimitDragged(const AnalogWaveRecord& wave);

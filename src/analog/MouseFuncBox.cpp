@@ -1,6 +1,5 @@
 #include "analog/MouseFuncBox.h"
 
-#include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
@@ -94,7 +93,7 @@ void PressCentre(std::int16_t index, const PlotPlace& place) {
                               : PixelPoint{place.X, place.Y};
     wave.RubberPixelY1 = static_cast<float>(at.Y);
     RestorePlot(wave);
-    DrawCross(wave.PlotSurface, at.X, at.Y);
+    DrawCross(wave.PlotSurface, at);
     ShowCursorValues(index);
     TheHost().ShowPlot(index);
 }
@@ -135,8 +134,7 @@ void MoveTrack(std::int16_t index, const PlotPlace& place) {
     if (place.Dot >= wave.Dots) return;
     ShowTrack(index, place.Dot);
     RestorePlot(wave);
-    const PixelPoint cross = PixelOf(wave, wave.TrackDot, wave.TrackValue);
-    DrawCross(wave.PlotSurface, cross.X, cross.Y);
+    DrawCross(wave.PlotSurface, PixelOf(wave, wave.TrackDot, wave.TrackValue));
     TheHost().ShowPlot(index);
 }
 

@@ -1,13 +1,12 @@
 #include "analog/PlotOverlay.h"
 
-#include "analog/DrawAnalogWave.h"
 #include "frame/Narrow.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr double Arm = 10.0, Tick = 3.0;  // logical pixels
+constexpr double Tick = 3.0;  // logical pixels
 
 std::int32_t Scaled(const Surface& plot, double logical) {
     return RoundToInt(logical * plot.Scale());
@@ -24,12 +23,6 @@ PlotPlace PlaceOf(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y) 
             std::clamp(PixelToValue(row, view, wave.PlotHeight), -1.0, 1.0)};
 }
 
-PixelPoint PixelOf(const AnalogWaveRecord& wave, std::int32_t dot, double value) {
-    const WaveView view = ViewOf(wave);
-    return {RoundToInt(DotToPixel(dot, view, wave.PlotWidth)),
-            RoundToInt(ValueToPixel(value, view, wave.PlotHeight))};
-}
-
 void KeepPlot(AnalogWaveRecord& wave) {
     wave.GridSurface.CopyFrom(wave.PlotSurface);
 }
@@ -39,19 +32,13 @@ void RestorePlot(AnalogWaveRecord& wave) {
 }
 
 void DrawUprightMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(plot, Arm), tick = Scaled(plot, Tick);
+    const std::int32_t arm = Scaled(plot, MarkArm), tick = Scaled(plot, Tick);
     plot.Line(x, y - arm, x, y + arm, RubberColour);
     plot.Line(x - tick, y, x + tick, y, RubberColour);
 }
 
 void DrawLevelMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(plot, Arm), tick = Scaled(plot, Tick);
+    const std::int32_t arm = Scaled(plot, MarkArm), tick = Scaled(plot, Tick);
     plot.Line(x - arm, y, x + arm, y, RubberColour);
     plot.Line(x, y - tick, x, y + tick, RubberColour);
-}
-
-void DrawCross(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(plot, Arm);
-    plot.Line(x - arm, y, x + arm, y, RubberColour);
-    plot.Line(x, y - arm, x, y + arm, RubberColour);
 }

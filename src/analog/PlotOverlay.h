@@ -1,7 +1,7 @@
 #pragma once
 // What mouse gestures draw over the plot. A press keeps a copy of the plot; each step brings the
 // copy back and draws a few lines on it, so that no dot is visited while the mouse moves.
-#include "frame/records/AnalogWaveRecord.h"
+#include "analog/DrawAnalogWave.h"
 
 // A mouse position held to the plot and what stands there.
 struct PlotPlace {
@@ -12,15 +12,12 @@ struct PlotPlace {
 
 /// Holds a position to the plot and reads dot and amplitude in the document's view.
 PlotPlace PlaceOf(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y);
-/// Pixel of a dot and of an amplitude, rounded.
-PixelPoint PixelOf(const AnalogWaveRecord& wave, std::int32_t dot, double value);
 
 /// Copies the plot as it stands; steps begin from this picture.
 void KeepPlot(AnalogWaveRecord& wave);
 /// Brings the copy back to the plot.
 void RestorePlot(AnalogWaveRecord& wave);
 
-// Marks in the rubber colour: arms of 10 logical pixels, ticks of 3.
+// Marks in the rubber colour: arms of MarkArm, ticks of 3 logical pixels.
 void DrawUprightMark(Surface& plot, std::int32_t x, std::int32_t y);
 void DrawLevelMark(Surface& plot, std::int32_t x, std::int32_t y);
-void DrawCross(Surface& plot, std::int32_t x, std::int32_t y);

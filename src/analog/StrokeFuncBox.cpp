@@ -7,6 +7,7 @@
 #include "analog/PlotOverlay.h"
 #include "analog/SegmentEngine.h"
 #include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 
 #include <algorithm>
@@ -68,11 +69,6 @@ std::int32_t FillLine(AnalogWaveRecord& wave, std::int32_t a, double from, std::
 void DrawStep(AnalogWaveRecord& wave, const PlotPlace& place, Colour colour) {
     const PixelPoint from = PixelOf(wave, wave.DrawPrevDot, wave.DrawPrevValue);
     wave.PlotSurface.Line(from.X, from.Y, place.X, place.Y, colour);
-}
-
-void CloseStroke(AnalogWaveRecord& wave) {
-    wave.DrawPressed = false;
-    OverlayRunSegment(wave, wave.DrawStartDot, wave.DrawAnchorDot);
 }
 
 }  // namespace
@@ -144,18 +140,6 @@ void GuideLine(std::int16_t index, std::int32_t x, std::int32_t y) {
     TheHost().ShowPlot(index);
 }
 
-void EndLineDraw(AnalogWaveRecord& wave) {
-    wave.LinePending = false;
-}
-
-void FinishGesture(AnalogWaveRecord& wave) {
-    if (wave.DrawPressed) CloseStroke(wave);
-    if (wave.LinePending) EndLineDraw(wave);
-    wave.MouseArmed = wave.MouseMoved = false;
-    wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
-    wave.VPointerDragging = wave.HPointerDragging = false;
-}
-
 void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2) {
     AnalogWaveRecord& wave = ActiveAnalog();
     BeginEdit(wave);
@@ -165,4 +149,25 @@ void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2) {
         FillLine(wave, a, std::clamp(y1, -1.0, 1.0), b, std::clamp(y2, -1.0, 1.0));
     OverlayRunSegment(wave, first, std::max(a, b));
     EndEdit(ActiveAnalogIndex, true);
+}
+
+void ApplyLineBoxes() {
+    const AnalogWaveRecord& wave = ActiveAnalog();
+    for (const Entry entry : {Entry::LineX1, Entry::LineY1, Entry::LineX2, Entry::LineY2})
+        if (IsEmptyEntry(wave, entry)) return;
+    InsertLine(wave.LineX1, wave.LineX2, EntryAmplitude(wave, Entry::LineY1),
+               EntryAmplitude(wave, Entry::LineY2));
+}
+
+void ApplyPointBoxes() {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (IsEmptyEntry(wave, Entry::ValueX) || IsEmptyEntry(wave, Entry::ValueY)) {
+        TheHost().Ask(PickText("Please input value all!", "输入不能为空"), Buttons::Ok,
+                      MessageIcon::Exclamation);
+        return;
+    }
+    const double value = EntryAmplitude(wave, Entry::ValueY);
+    wave.TrackDot = wave.ValueX;
+    wave.TrackShown = wave.PointEditOn;
+    InsertLine(wave.ValueX, wave.ValueX, value, value);
 }

@@ -1,24 +1,6 @@
 #pragma once
-// The tools of the mouse. Each document keeps its own; exactly one is on, and select is the state
-// of rest.
-#include "frame/records/AnalogWaveRecord.h"
-
-enum class Tool : std::uint8_t {
-    ZoomX,
-    ZoomY,
-    ZoomRegion,
-    ZoomCenter,
-    CursorTrack,
-    HandDraw,
-    LineDraw,
-    PointEdit,
-    Select,
-    Idle,  // no tool at all
-};
-
-/// The tool that is on, tested in the order above.
-Tool ToolOf(const AnalogWaveRecord& wave);
-bool IsZoomTool(Tool tool);
+// Changes of the mouse tool of a document.
+#include "analog/ToolState.h"
 
 /// Turns a tool on and all others off, as every way into a tool does: a gesture under way is
 /// finished, the selection goes, boxes and status strip show the new tool, the plot is repainted.

@@ -4,7 +4,6 @@
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/PlotOverlay.h"
-#include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"

@@ -2,7 +2,6 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/EntryFuncBox.h"
-#include "analog/ToolFuncBox.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"

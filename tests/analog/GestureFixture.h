@@ -6,6 +6,7 @@
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
 #include "analog/MouseFuncBox.h"
+#include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
 #include "frame/StringFunc.h"

@@ -1,6 +1,7 @@
 #include "frame/commands/CommandTable.h"
 
 #include "analog/AnalogFixture.h"
+#include "analog/ToolFuncBox.h"
 
 #include <set>
 
@@ -81,6 +82,18 @@ TEST_F(CommandTableTest, SwitchesShowAndTurnTheirFlag) {
         EXPECT_EQ(StateOf(*FindCommand(name)).Checked, before) << name;
         RunCommand(name);
         EXPECT_EQ(bool(wave.*field), !before) << name;
+    }
+}
+
+TEST_F(CommandTableTest, SelectAllEndsADrawingToolOnly) {
+    for (const auto& [tool, after] : {std::pair(Tool::HandDraw, Tool::Select),
+                                      {Tool::LineDraw, Tool::Select},
+                                      {Tool::ZoomX, Tool::ZoomX}}) {
+        const AnalogWaveRecord& wave = MakeDocument("c", 50, 100);
+        SwitchTool(0, tool);
+        RunCommand("MnuIdle_SelAll");
+        EXPECT_EQ(ToolOf(wave), after);
+        EXPECT_TRUE(wave.HasSelection && wave.SelEnd == 49);
     }
 }
 

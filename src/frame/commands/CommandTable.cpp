@@ -6,6 +6,7 @@
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
 #include "analog/ScreenColours.h"
+#include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
 #include "files/FileOptFuncCode.h"
@@ -115,6 +116,13 @@ constexpr std::int16_t Of(Tool tool) {
     return static_cast<std::int16_t>(tool);
 }
 
+// What is drawn would hide the selection: a drawing tool goes off first.
+void SelectAll(std::int16_t) {
+    const Tool tool = ToolOf(ActiveAnalog());
+    if (tool == Tool::HandDraw || tool == Tool::LineDraw) ToggleTool(tool);
+    SelectAllAnalog();
+}
+
 void Save(std::int16_t) {
     SaveAnalog(ActiveAnalogIndex);
 }
@@ -194,7 +202,7 @@ constexpr CommandRow Rows[] = {
     {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete"}, "Delete", "Del",
      Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuEdit_SelAll", "MnuIdle_SelAll"}, "", "Ctrl+A",
-     Run<SelectAllAnalog>, nullptr, HasDots, nullptr},
+     SelectAll, nullptr, HasDots, nullptr},
     {"SelectAresBtn", {"MnuEdit_SelectMode"}, "Select", "Ctrl+1",
      PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::SelectMode>, Of(Tool::Select)},
     // Draw
