@@ -67,8 +67,9 @@ bool ReadAnalogRdf(std::string_view bytes, AnalogFileContent& content) {
         std::clamp(SettingOr("Quanit", 12.0), double(MinQuantify), double(MaxQuantify))));
     content.DotArray.assign(content.MaxDots, WaveDot{});
     for (std::int32_t i = 0; i < content.Dots; ++i) {
-        const int low = static_cast<unsigned char>(bytes[2 * i]);
-        const int high = static_cast<unsigned char>(bytes[2 * i + 1]);
+        const auto at = std::size_t{2} * static_cast<std::size_t>(i);
+        const int low = static_cast<unsigned char>(bytes[at]);
+        const int high = static_cast<unsigned char>(bytes[at + 1]);
         const double y = (high * 256 + low) / FullCode * 2 - 1;
         content.DotArray[i] = {static_cast<double>(i), std::clamp(y, -1.0, 1.0)};
     }

@@ -229,7 +229,7 @@ char* WriteShortestReal(char* to, Real value) {
 }  // namespace
 
 std::optional<double> TextToNumber(std::string_view text) {
-    if (text == "" || text == "-" || text == "." || text == "-.") return 0.0;
+    if (text.empty() || text == "-" || text == "." || text == "-.") return 0.0;
     text = TrimBlanks(text);
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+')) text.remove_prefix(1);

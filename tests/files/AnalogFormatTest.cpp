@@ -87,7 +87,7 @@ TEST_F(AnalogFormatTest, ForeignEditorsKeepTheWave) {
         {"([^,\r\n]+)", "\"$1\""},  // quoted cells
     };
     for (const auto& [from, to] : changes) {
-        const auto change = [&](const std::string& file) {
+        const auto change = [&, &from = from, &to = to](const std::string& file) {
             return std::regex_replace(file, std::regex(from), to);
         };
         ASSERT_TRUE(ReadAnalogText(change(GoldenText), content)) << to;
@@ -161,7 +161,7 @@ TEST_F(AnalogFormatTest, RdfReading) {
     EXPECT_NE(ReadText().find(read), std::string::npos) << ReadText();
     EXPECT_NEAR(content.DotArray[3].Y, -1.0 / 3, 1e-15);  // 5461 of 16383
     EXPECT_TRUE(content.Segments.at(0).Custom);
-    ASSERT_TRUE(ReadAnalogRdf(std::string(2 * 4097, 'A'), content));
+    ASSERT_TRUE(ReadAnalogRdf(std::string(8194, 'A'), content));
     EXPECT_EQ(content.Dots, 4096);
 }
 

@@ -109,7 +109,7 @@ TEST(FormattedNumbers, AgreeOverAllDecades) {
     std::uniform_real_distribution<double> exponent(-24, 24);
     for (int i = 0; i < 20000; ++i) {
         const double decade = std::pow(10.0, std::floor(exponent(random)));
-        const double volts = double(random() % 90000 + 10000);  // often a tie at the third digit
+        const auto volts = double(random() % 90000 + 10000);  // often a tie at the third digit
         values.push_back((i % 2 ? -volts : volts) * decade);
         values.push_back(std::nextafter(volts * decade, 0.0));
         const auto bits = std::bit_cast<double>(random());
