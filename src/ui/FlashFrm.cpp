@@ -26,7 +26,7 @@ constexpr double WaterLine = 204.0;  // pixels from the top
 constexpr double TideHeight = 44.0;  // amplitude at the left edge, pixels
 
 QColor Opaque(Colour colour) {
-    return QColor(static_cast<QRgb>(colour));
+    return {static_cast<QRgb>(colour)};
 }
 
 // A damped sine: three and a half swings that fade towards the right.

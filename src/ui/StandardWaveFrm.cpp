@@ -16,7 +16,7 @@ namespace {
 constexpr int FieldWidth = 136;  // pixels, 12 digits
 
 QIcon KindIcon(std::int16_t kind) {
-    const QIcon icon = ThemedIcon(QStringLiteral("Wave%1").arg(kind));
+    QIcon icon = ThemedIcon(QStringLiteral("Wave%1").arg(kind));
     if (!icon.isNull()) return icon;
     QPixmap blank(16, 16);  // the type without a drawing lines up with the others
     blank.fill(Qt::transparent);

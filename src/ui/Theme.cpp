@@ -198,6 +198,5 @@ QIcon ThemedIcon(const QString& name) {
 
 QColor MixColours(const QColor& from, const QColor& to, double share) {
     const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
-    return QColor(mix(from.red(), to.red()), mix(from.green(), to.green()),
-                  mix(from.blue(), to.blue()));
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }

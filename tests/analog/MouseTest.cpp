@@ -16,9 +16,9 @@ protected:
         return ToolsOn() + (drags ? " dragging" : " pressed");
     }
     std::vector<Colour> Picture() const {
-        std::vector<Colour> pixels;
-        for (std::int32_t i = 0; i < 200 * 101; ++i)
-            pixels.push_back(doc.PlotSurface.Pixel(i % 200, i / 200));
+        std::vector<Colour> pixels(std::size_t(200) * 101);
+        for (std::int32_t i = 0; i < std::ssize(pixels); ++i)
+            pixels[i] = doc.PlotSurface.Pixel(i % 200, i / 200);
         return pixels;
     }
 };
