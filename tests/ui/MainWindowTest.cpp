@@ -283,7 +283,7 @@ TEST_F(MainWindowTest, MessageBoxesGiveTheAnswer) {
 
 TEST_F(MainWindowTest, BadFileIsToldOnceAndOpensNothing) {
     const QTemporaryDir folder;
-    const std::string path = folder.filePath("bad.txt").toStdString();
+    std::string path = folder.filePath("bad.txt").toStdString();
     std::ofstream(path) << "no waveform\n";
     TheHost().ChooseFile = [&](const FileChoice&) { return path; };
     Script({});
