@@ -84,12 +84,9 @@ void TakeOut(bool toClipboard) {
 }
 
 // The cross of cursor track and point edit stays on its dot.
-void FitTrack(std::int16_t index) {
-    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
-    if (!wave.TrackShown) return;
-    wave.TrackShown = wave.TrackDot < wave.Dots;
+void FitTrack(AnalogWaveRecord& wave) {
+    if (wave.TrackDot >= wave.Dots) wave.TrackShown = false;
     if (wave.TrackShown) wave.TrackValue = wave.DotArray[static_cast<std::size_t>(wave.TrackDot)].Y;
-    ShowCursorValues(index);
 }
 
 void ExchangeState() {
@@ -157,7 +154,11 @@ void EndEdit(std::int16_t index, Flag fullRedraw) {
     AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
     wave.Modified = true;
     FitSelection(wave);
-    FitTrack(index);
+    FitTrack(wave);
+    if (wave.TrackShown)
+        ShowCursorValues(index);
+    else
+        TheHost().ShowEntries(index);
     TheHost().ShowTitle(index);
     TheHost().RefreshCommands();
     RepaintAnalog(index, fullRedraw);

@@ -112,7 +112,9 @@ TEST_F(MainWindowTest, CommandsWorkOnTheActiveDocument) {
     EXPECT_EQ(window_->ActiveTag(), 0);
     EXPECT_EQ(window_->windowTitle().toStdString(), "Waveform0 • - TideMark");
     Key(Qt::Key_A);
+    EXPECT_EQ(Find<QLabel>("lblEnd")->text(), "99");
     Key(Qt::Key_Delete, Qt::NoModifier);
+    EXPECT_EQ(Find<QLabel>("lblEnd")->text(), "");
     EXPECT_EQ(AnalogDocs[0].Dots, 0);
     EXPECT_EQ(AnalogDocs[1].Dots, 100);
     Key(Qt::Key_G);
