@@ -168,9 +168,6 @@ void DocumentClosed(std::int16_t index) {
     AnalogInUse[slot] = false;
     --AnalogDocCount;
     AnalogDocs[slot] = AnalogWaveRecord();  // gives back dots and surfaces
-    if (AnalogDocCount == 0) {
-        ShowStatus(26);
-        TheHost().ShowEntries(-1);
-    }
+    if (AnalogDocCount == 0) ShowStatus(26);
     TheHost().RefreshCommands();
 }

@@ -155,10 +155,7 @@ void EndEdit(std::int16_t index, Flag fullRedraw) {
     wave.Modified = true;
     FitSelection(wave);
     FitTrack(wave);
-    if (wave.TrackShown)
-        ShowCursorValues(index);
-    else
-        TheHost().ShowEntries(index);
+    if (wave.TrackShown) ShowCursorValues(index);
     TheHost().ShowTitle(index);
     TheHost().RefreshCommands();
     RepaintAnalog(index, fullRedraw);

@@ -53,8 +53,7 @@ struct Host {
     std::function<void()> ApplyLanguage;
     /// Puts a text into a label of the status strip and shows its panel.
     std::function<void(std::string_view label, std::string_view text)> ShowStatusText;
-    /// Writes the boxes and read-outs of a slot into the status strip, where it is the active one;
-    /// -1, where there is none, empties them.
+    /// Writes the boxes and read-outs of a slot into the status strip, where it is the active one.
     std::function<void(std::int16_t slot)> ShowEntries;
     /// Opens a menu of the menu table at the mouse.
     std::function<void(std::string_view menu)> PopupMenu;

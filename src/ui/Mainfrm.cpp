@@ -193,6 +193,7 @@ void Mainfrm::RefreshCommands() {
     actions_->Refresh();
     ShowTitle(ActiveAnalogIndex);
     const std::int16_t active = ActiveTag();
+    status_->ShowEntries(active);
     if (active >= 0) AnalogWindow(active)->Plot()->ShowToolCursor();
 }
 

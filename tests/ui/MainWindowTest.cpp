@@ -113,6 +113,8 @@ TEST_F(MainWindowTest, CommandsWorkOnTheActiveDocument) {
     EXPECT_EQ(window_->windowTitle().toStdString(), "Waveform0 • - TideMark");
     Key(Qt::Key_A);
     EXPECT_EQ(Find<QLabel>("lblEnd")->text(), "99");
+    Key(Qt::Key_T);
+    EXPECT_TRUE(Find<QLabel>("lblEnd")->text().endsWith("s"));
     Key(Qt::Key_Delete, Qt::NoModifier);
     EXPECT_EQ(Find<QLabel>("lblEnd")->text(), "");
     EXPECT_EQ(AnalogDocs[0].Dots, 0);
