@@ -239,7 +239,7 @@ void DrawSelection(AnalogWaveRecord& wave, const WaveView& view) {
     const std::int32_t right = RoundToInt(DotToPixel(wave.SelEnd, view, width));
     wave.SelPixelLeft = SteadyEdge(left, wave.SelPixelLeft);
     wave.SelPixelRight = SteadyEdge(right, wave.SelPixelRight);
-    DrawSelectionBar(wave);
+    DrawSelectionBar(wave, 0, width - 1);
 }
 
 }  // namespace
@@ -365,11 +365,12 @@ bool LimitDragged(const AnalogWaveRecord& wave) {
     return wave.DragLimitLeft || wave.DragLimitRight || wave.DragLimitTop || wave.DragLimitBottom;
 }
 
-void DrawSelectionBar(AnalogWaveRecord& wave) {
+void DrawSelectionBar(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
     Surface& plot = wave.PlotSurface;
-    const auto [left, right] = std::minmax(wave.SelPixelLeft, wave.SelPixelRight);
+    const auto [left, right] = std::minmax({wave.SelPixelLeft, wave.SelPixelRight});
     plot.SetMode(DrawMode::NotXor);
-    plot.FillBox(left, 0, right, plot.Height() - 1, SelectionColour);
+    plot.FillBox(std::max(left, first), 0, std::min(right, last), plot.Height() - 1,
+                 SelectionColour);
     plot.SetMode(DrawMode::Copy);
 }
 

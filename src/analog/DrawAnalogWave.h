@@ -78,8 +78,8 @@ bool LimitDragged(const AnalogWaveRecord& wave);
 inline constexpr double MarkArm = 10.0;
 void DrawCross(Surface& plot, PixelPoint at);
 
-/// Draws the bar between the pixel columns of the selection, in any order.
-void DrawSelectionBar(AnalogWaveRecord& wave);
+/// Draws the columns first..last of the bar between the two edges of the selection, in any order.
+void DrawSelectionBar(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
 
 /// Top left of the plot on the back surface, device pixels.
 PixelPoint PlotOrigin(double scale);

@@ -226,10 +226,11 @@ void MoveSelect(std::int16_t index, const PlotPlace& place) {
         return ShowCursorValues(index);
     }
     wave.SelectionDragging = true;
-    const auto [left, right] = std::minmax(wave.SelPixelLeft, wave.SelPixelRight);
-    wave.PlotSurface.CopyColumns(wave.GridSurface, left, right);  // the bar of the step before
+    // Only the columns that the edge has passed change.
+    const auto [first, last] = std::minmax({wave.SelPixelRight, place.X});
+    wave.PlotSurface.CopyColumns(wave.GridSurface, first, last);
     wave.SelPixelRight = place.X;
-    DrawSelectionBar(wave);
+    DrawSelectionBar(wave, first, last);
     TheHost().ShowPlot(index);
 }
 
