@@ -61,8 +61,8 @@ void RemoveSelection(AnalogWaveRecord& wave) {
     const std::int32_t removed = wave.SelEnd - wave.SelStart + 1;
     RemoveRunSegments(wave, wave.SelStart, wave.SelEnd);
     for (std::int32_t i = wave.SelEnd + 1; i < wave.Dots; ++i)
-        wave.DotArray[static_cast<std::size_t>(i - removed)].Y =
-            wave.DotArray[static_cast<std::size_t>(i)].Y;
+        wave.DotArray[static_cast<std::size_t>(i - removed)] = {
+            static_cast<double>(i - removed), wave.DotArray[static_cast<std::size_t>(i)].Y};
     wave.Dots -= removed;
     wave.LastDot = std::max(wave.Dots - 1, 0);
 }

@@ -101,6 +101,8 @@ TEST_F(MouseTest, StrokesAndLinesWriteTheirDots) {
                EXPECT_EQ(Runs(doc), dots > 0 ? "c0-" + Number(dots - 1) : "");
                return text;
            });
+    Play("n9 t5 P2,50 M6,0 R t8 P1,50 M4,50 R d");  // what a cut moves has its new place
+    for (int i = 0; i < doc.Dots; ++i) EXPECT_EQ(doc.DotArray[i].X, i);
     Play("n1 t5 P0,50 M4,0 R");
     for (int i = 0; i < 5; ++i) EXPECT_EQ(doc.DotArray[i].X, i == 0 || i == 4 ? i : i - 1);
 }
