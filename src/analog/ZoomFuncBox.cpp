@@ -61,14 +61,23 @@ void ShowView(std::int16_t index) {
     RepaintAnalog(index, true);
 }
 
-void ZoomTo(std::int16_t index, const WaveView& view) {
-    AnalogWaveRecord& wave = RecordOf(index);
+void BeginZoom(AnalogWaveRecord& wave) {
     LetGo(wave);
     KeepView(wave);
-    SetView(wave, view);
+}
+
+void EndZoom(std::int16_t index) {
+    AnalogWaveRecord& wave = RecordOf(index);
     wave.ExpandToSuit = false;
     FlagZoomedAxes(wave);
     ShowView(index);
+}
+
+void ZoomTo(std::int16_t index, const WaveView& view) {
+    AnalogWaveRecord& wave = RecordOf(index);
+    BeginZoom(wave);
+    SetView(wave, view);
+    EndZoom(index);
 }
 
 // Bounds of a zoom from two boxes, in order; false where they are empty or too near.
@@ -110,12 +119,9 @@ void ApplyCentre(AnalogWaveRecord& wave) {
     if (IsEmptyEntry(wave, Entry::ZoomCenterX)) return;
     const std::int32_t centre = std::clamp(RoundToInt(EntryNumber(wave, Entry::ZoomCenterX)), 0,
                                            std::max(wave.MaxDots - 1, 0));
-    LetGo(wave);
-    KeepView(wave);
+    BeginZoom(wave);
     ZoomAroundCentre(ActiveAnalogIndex, centre, wave.ViewStart, wave.ViewEnd, 2.0, wave.MaxDots);
-    wave.SelectionDragging = wave.HasSelection;
-    wave.XZoomed = true;
-    ShowView(ActiveAnalogIndex);
+    EndZoom(ActiveAnalogIndex);
 }
 
 // A span of dots that begins near `start`, held inside the document.
@@ -134,9 +140,9 @@ WaveView WithAmplitudes(const AnalogWaveRecord& wave, double top, double span) {
 }
 
 // The modes are clear already; select comes back.
-void EndZoomTool(AnalogWaveRecord& wave) {
-    wave.SelectMode = true;
-    ShowTool(ActiveAnalogIndex);
+void EndZoomTool(std::int16_t index) {
+    RecordOf(index).SelectMode = true;
+    ShowTool(index);
 }
 
 double PointerSpanPixels(const AnalogWaveRecord& wave) {
@@ -152,7 +158,7 @@ void ToggleExpandToSuit() {
     wave.ExpandToSuit = !wave.ExpandToSuit;
     wave.ZoomXMode = wave.ZoomYMode = wave.ZoomRegionMode = wave.ZoomCenterMode = false;
     wave.XZoomed = wave.YZoomed = false;
-    if (zoomTool) EndZoomTool(wave);
+    if (zoomTool) EndZoomTool(ActiveAnalogIndex);
     if (wave.ExpandToSuit && wave.Dots < 2) {
         TheHost().RefreshCommands();
         return;
@@ -187,13 +193,17 @@ void ApplyZoomBoxes() {
     }
 }
 
-void CancelZoom() {
-    AnalogWaveRecord& wave = ActiveAnalog();
+void LeaveZoom(std::int16_t index) {
+    AnalogWaveRecord& wave = RecordOf(index);
     const bool zoomTool = IsZoomTool(ToolOf(wave));
     LetGo(wave);
     ShowWholeWave(wave);
     wave.SelectionDragging = wave.HasSelection;
-    if (zoomTool) EndZoomTool(wave);
+    if (zoomTool) EndZoomTool(index);
+}
+
+void CancelZoom() {
+    LeaveZoom(ActiveAnalogIndex);
     ShowView(ActiveAnalogIndex);
 }
 
@@ -202,10 +212,8 @@ void UndoZoom() {
     if (!wave.ZoomUndoAvailable) return;
     LetGo(wave);
     SetView(wave, {wave.PrevViewStart, wave.PrevViewEnd, wave.PrevViewTop, wave.PrevViewBottom});
-    wave.ExpandToSuit = false;
     wave.ZoomUndoAvailable = false;
-    FlagZoomedAxes(wave);
-    ShowView(ActiveAnalogIndex);
+    EndZoom(ActiveAnalogIndex);
 }
 
 void ZoomAroundCentre(std::int16_t index, std::int32_t centre, std::int32_t viewStart,
@@ -227,8 +235,7 @@ void ZoomAroundCentre(std::int16_t index, std::int32_t centre, std::int32_t view
         end = std::min(start + 1, last);
     }
     AnalogWaveRecord& wave = RecordOf(index);
-    wave.ViewStart = start;
-    wave.ViewEnd = end;
+    SetView(wave, {start, end, wave.ViewTop, wave.ViewBottom});
 }
 
 void ReleaseZoomBand(std::int16_t index) {

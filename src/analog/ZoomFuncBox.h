@@ -8,10 +8,13 @@ void ToggleExpandToSuit();
 /// ZoomAresBtn: zooms by the boxes of the zoom tool that is on. An empty box, or a span too small
 /// (1 dot, 0.001 of the amplitude), makes it do nothing.
 void ApplyZoomBoxes();
-/// The whole view; a zoom tool ends, a drawing tool stays.
+/// ZoomNotAresBtn: the whole view, painted.
 void CancelZoom();
 /// Back to the view before the last zoom, once.
 void UndoZoom();
+
+/// The whole view without a repaint; a zoom tool ends, a drawing tool stays.
+void LeaveZoom(std::int16_t index);
 
 /// The view of a slot becomes 1/`factor` of viewStart..viewEnd, an even span of at least 2 dots
 /// with `centre` in its middle. Next to an end of the document it shrinks around the centre; at the

@@ -3,6 +3,7 @@
 #include "analog/AnalogDocument.h"
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "analog/ZoomFuncBox.h"
 #include "calculus/NumberField.h"
 #include "calculus/SpinSteps.h"
 #include "calculus/StandardWaveFuncBox.h"
@@ -126,15 +127,8 @@ void RescaleSegment(AnalogWaveRecord& wave, WaveSegment& segment, double ratio) 
     }
 }
 
-void LeaveZoomAndSelection(AnalogWaveRecord& wave) {
-    ClearSelection(wave);
-    if (wave.ZoomXMode || wave.ZoomYMode || wave.ZoomRegionMode || wave.ZoomCenterMode) {
-        wave.SelectMode = true;
-    }
-    ShowWholeWave(wave);  // ends the zoom modes too
-}
-
 void RewriteDocument(AnalogWaveRecord& wave, const PropertyDialog& dialog) {
+    FinishGesture(wave);  // its points lie on the old scales
     const double ratio = wave.Vpp > 0.0 ? dialog.Vpp / wave.Vpp : 1.0;
     wave.Vpp = dialog.Vpp;
     wave.Quantify = dialog.Quantify;
@@ -149,7 +143,8 @@ void RewriteDocument(AnalogWaveRecord& wave, const PropertyDialog& dialog) {
         SetUndoAvailable(wave, false);
         SetResumeAvailable(wave, false);
     }
-    LeaveZoomAndSelection(wave);
+    ClearSelection(wave);
+    LeaveZoom(ActiveAnalogIndex);
 }
 
 void PrepareNewDocument(AnalogWaveRecord& wave, const PropertyDialog& dialog) {

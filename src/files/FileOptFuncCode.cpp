@@ -71,6 +71,7 @@ void SetFile(AnalogWaveRecord& wave, const std::string& path) {
 
 bool SaveTo(std::int16_t index, const std::string& path) {
     AnalogWaveRecord& wave = AnalogDocs[index];
+    CloseStroke(wave);  // its dots have no segment before
     const std::string bytes = RowOf(FormatOfName(path)).Write(wave);
     if (const int error = WriteFileSafely(path, bytes)) {
         Complain("The file could not be saved: ", "文件无法保存：", FileErrorText(error));

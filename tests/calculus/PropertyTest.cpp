@@ -1,5 +1,7 @@
 #include "calculus/PropertyFuncBox.h"
 
+#include "analog/MouseFuncBox.h"
+#include "analog/ToolFuncBox.h"
 #include "calculus/DialogFixture.h"
 #include "calculus/SpinSteps.h"
 
@@ -21,6 +23,23 @@ protected:
         return std::tuple(dialog.MaxDots, dialog.Vpp, dialog.Quantify, dialog.Period);
     }
 };
+
+TEST_F(PropertyTest, GesturesAndZoomToolsEndWithTheOldScales) {
+    AnalogWaveRecord& wave = MakeTwoRuns();
+    wave.PlotWidth = wave.PlotHeight = 30;
+    SwitchTool(0, Tool::LineDraw);
+    WavePic_MouseDown(0, MouseButton::Left, 30, 0);  // a line from the last dot
+    PropertyDialog dialog = OpenPropertyDialog();
+    dialog.MaxDots = 10;
+    ConfirmProperty(dialog);
+    EXPECT_TRUE(wave.LineDrawOn && !wave.LinePending);
+    WavePic_MouseDown(0, MouseButton::Left, 0, 0);
+    WavePic_MouseDown(0, MouseButton::Left, 30, 0);
+    ExpectSound(wave, 1);
+    SwitchTool(0, Tool::ZoomX);
+    ConfirmProperty(dialog);
+    EXPECT_TRUE(wave.SelectMode && status == ResText(8)) << status;
+}
 
 struct BoxRow {
     void (*leave)(PropertyDialog&, std::string_view);
