@@ -433,7 +433,7 @@ void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::i
 
 void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
     if (index < 0 || index > MaxDocuments) return;
-    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotColours& colours = ColoursOf(wave);
     if (wave.ExpandToSuit && wave.Dots > 1) {
         wave.ViewStart = 0;

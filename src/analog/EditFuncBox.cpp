@@ -151,7 +151,7 @@ void BeginEdit(AnalogWaveRecord& wave) {
 }
 
 void EndEdit(std::int16_t index, Flag fullRedraw) {
-    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.Modified = true;
     FitSelection(wave);
     FitTrack(wave);
@@ -174,7 +174,7 @@ void ShowSelection(std::int16_t index) {
 }
 
 void DropSelection(std::int16_t index) {
-    ClearSelection(AnalogDocs[static_cast<std::size_t>(index)]);
+    ClearSelection(AnalogAt(index));
     ShowSelection(index);
 }
 

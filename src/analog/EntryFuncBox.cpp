@@ -187,7 +187,7 @@ void BeginEntries(Wave& wave) {
 }
 
 void ShowLineEnds(std::int16_t index, const PlotPlace& end) {
-    Wave& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    Wave& wave = AnalogAt(index);
     ShowDot(wave, Entry::LineX1, wave.DrawPrevDot);
     ShowValue(wave, Entry::LineY1, wave.DrawPrevValue);
     ShowDot(wave, Entry::LineX2, end.Dot);
@@ -196,7 +196,7 @@ void ShowLineEnds(std::int16_t index, const PlotPlace& end) {
 }
 
 void ShowCursorValues(std::int16_t index) {
-    Wave& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    Wave& wave = AnalogAt(index);
     switch (ToolOf(wave)) {
         case Tool::ZoomX:
             ShowDot(wave, Entry::ZoomHX1, wave.RubberX1);

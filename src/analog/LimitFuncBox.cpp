@@ -11,10 +11,6 @@ namespace {
 
 constexpr double Reach = 2.0;  // logical pixels between a press and a line
 
-AnalogWaveRecord& RecordOf(std::int16_t index) {
-    return AnalogDocs[static_cast<std::size_t>(index)];
-}
-
 void ShowLimits() {
     TheHost().RefreshCommands();
     RepaintAnalog(ActiveAnalogIndex, false);
@@ -97,7 +93,7 @@ bool IsColumn(LimitLine line) {
 }
 
 bool PressLimitLine(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const LimitLine line = LimitLineAt(wave, x, y);
     if (line == LimitLine::None) return false;
     wave.DragLimitLeft = line == LimitLine::Left;
@@ -111,7 +107,7 @@ bool PressLimitLine(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void DragLimitLine(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (wave.DragLimitLeft) wave.XLimitLeft = static_cast<float>(place.X);
     if (wave.DragLimitRight) wave.XLimitRight = static_cast<float>(place.X);
     if (wave.DragLimitTop) wave.YLimitTop = static_cast<float>(place.Y);
@@ -124,7 +120,7 @@ void DragLimitLine(std::int16_t index, const PlotPlace& place) {
 }
 
 void ReleaseLimitLine(std::int16_t index) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
     RepaintAnalog(index, false);
 }

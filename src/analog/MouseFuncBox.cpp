@@ -24,10 +24,6 @@ namespace {
 constexpr std::int16_t DrawingStatus = 6;            // "right click to exit"
 constexpr double MarkAcross = 4.0, MarkAlong = 5.0;  // logical pixels between a press and a mark
 
-AnalogWaveRecord& RecordOf(std::int16_t index) {
-    return AnalogDocs[static_cast<std::size_t>(index)];
-}
-
 double AmplitudeOf(const AnalogWaveRecord& wave, std::int32_t dot) {
     return wave.DotArray[static_cast<std::size_t>(dot)].Y;
 }
@@ -76,7 +72,7 @@ void DrawBand(AnalogWaveRecord& wave, Tool tool, const PlotPlace& from, const Pl
 }
 
 void ShowBand(std::int16_t index, const PlotPlace& to) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotPlace from = BandStart(wave);
     TakeBand(wave, from, to);
     RestorePlot(wave);
@@ -86,7 +82,7 @@ void ShowBand(std::int16_t index, const PlotPlace& to) {
 }
 
 void PressCentre(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.RubberX1 = place.Dot;
     const PixelPoint at = place.Dot < wave.Dots
                               ? PixelOf(wave, place.Dot, AmplitudeOf(wave, place.Dot))
@@ -99,7 +95,7 @@ void PressCentre(std::int16_t index, const PlotPlace& place) {
 }
 
 void PressZoom(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.MouseArmed = true;
     KeepPlot(wave);
     const Tool tool = ToolOf(wave);
@@ -111,7 +107,7 @@ void PressZoom(std::int16_t index, const PlotPlace& place) {
 }
 
 void MoveZoom(std::int16_t index, const PlotPlace& place) {
-    if (ToolOf(RecordOf(index)) == Tool::ZoomCenter) return PressCentre(index, place);
+    if (ToolOf(AnalogAt(index)) == Tool::ZoomCenter) return PressCentre(index, place);
     ShowBand(index, place);
 }
 
@@ -122,7 +118,7 @@ void ReleaseZoom(std::int16_t index, const PlotPlace&) {
 // --- cursor track and point edit ------------------------------------------------------------
 
 void ShowTrack(std::int16_t index, std::int32_t dot) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.TrackDot = dot;
     wave.TrackValue = AmplitudeOf(wave, dot);
     wave.TrackShown = true;
@@ -130,7 +126,7 @@ void ShowTrack(std::int16_t index, std::int32_t dot) {
 }
 
 void MoveTrack(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (place.Dot >= wave.Dots) return;
     ShowTrack(index, place.Dot);
     RestorePlot(wave);
@@ -139,7 +135,7 @@ void MoveTrack(std::int16_t index, const PlotPlace& place) {
 }
 
 void PressTrack(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (place.Dot >= wave.Dots) return;
     wave.MouseArmed = true;
     wave.TrackShown = false;  // the copy is of the plot without the cross before
@@ -155,7 +151,7 @@ void ReleaseTrack(std::int16_t index, const PlotPlace&) {
 // --- hand and line --------------------------------------------------------------------------
 
 void PressHand(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     BeginEdit(wave);
     BeginHandStroke(index, place.X, place.Y);
     wave.MouseArmed = true;
@@ -202,7 +198,7 @@ std::int32_t SegmentMarkAt(const AnalogWaveRecord& wave, std::int32_t x, std::in
 }
 
 void PressSelect(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (PressLimitLine(index, place.X, place.Y)) {
         wave.MouseArmed = true;
         return;
@@ -220,7 +216,7 @@ void PressSelect(std::int16_t index, const PlotPlace& place) {
 }
 
 void MoveSelect(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (LimitDragged(wave)) {
         DragLimitLine(index, place);
         return ShowCursorValues(index);
@@ -235,7 +231,7 @@ void MoveSelect(std::int16_t index, const PlotPlace& place) {
 }
 
 void ReleaseSelect(std::int16_t index, const PlotPlace&) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (LimitDragged(wave)) return ReleaseLimitLine(index);
     wave.SelectionDragging = false;
     if (wave.MouseMoved) {
@@ -275,7 +271,7 @@ const ToolSteps* StepsOf(const AnalogWaveRecord& wave) {
 }
 
 void PressRight(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const Tool tool = ToolOf(wave);
     if (tool != Tool::Select && tool != Tool::Idle) return LeaveTool(index);
     if (wave.MouseArmed) return;  // the left button drags
@@ -288,7 +284,7 @@ void PressRight(std::int16_t index, const PlotPlace& place) {
 }  // namespace
 
 void WavePic_MouseDown(std::int16_t index, MouseButton button, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotPlace place = PlaceOf(wave, x, y);
     if (button == MouseButton::Right) return PressRight(index, place);
     const ToolSteps* steps = StepsOf(wave);
@@ -298,7 +294,7 @@ void WavePic_MouseDown(std::int16_t index, MouseButton button, std::int32_t x, s
 }
 
 void WavePic_MouseMove(std::int16_t index, MouseButton held, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (wave.LineDrawOn) return GuideLine(index, x, y);
     const ToolSteps* steps = StepsOf(wave);
     if (held != MouseButton::Left || !wave.MouseArmed || steps == nullptr) return;
@@ -307,7 +303,7 @@ void WavePic_MouseMove(std::int16_t index, MouseButton held, std::int32_t x, std
 }
 
 void WavePic_MouseUp(std::int16_t index, MouseButton button, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const ToolSteps* steps = StepsOf(wave);
     if (button != MouseButton::Left || !wave.MouseArmed || steps == nullptr) return;
     wave.MouseArmed = false;
@@ -316,7 +312,7 @@ void WavePic_MouseUp(std::int16_t index, MouseButton button, std::int32_t x, std
 }
 
 void WavePic_DblClick(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotPlace place = PlaceOf(wave, x, y);
     if (ToolOf(wave) != Tool::Select) return WavePic_MouseDown(index, MouseButton::Left, x, y);
     if (wave.HasSelection || place.Dot >= wave.Dots) return;
@@ -328,7 +324,7 @@ void WavePic_DblClick(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void StepTrackedDot(std::int16_t index, std::int32_t step) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const Tool tool = ToolOf(wave);
     if ((tool != Tool::CursorTrack && tool != Tool::PointEdit) || wave.Dots == 0) return;
     const std::int64_t middle = (std::int64_t{wave.ViewStart} + wave.ViewEnd) / 2;

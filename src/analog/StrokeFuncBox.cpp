@@ -18,10 +18,6 @@
 
 namespace {
 
-AnalogWaveRecord& RecordOf(std::int16_t index) {
-    return AnalogDocs[static_cast<std::size_t>(index)];
-}
-
 void SetDot(AnalogWaveRecord& wave, std::int32_t dot, double value) {
     wave.DotArray[static_cast<std::size_t>(dot)] = {static_cast<double>(dot), value};
     if (dot < wave.Dots) return;
@@ -74,7 +70,7 @@ void DrawStep(AnalogWaveRecord& wave, const PlotPlace& place, Colour colour) {
 }  // namespace
 
 void BeginHandStroke(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotPlace place = HoldToLimits(wave, x, y);
     wave.DrawPressed = true;
     wave.DrawStartDot = FillGap(wave, place.Dot, place.Value);
@@ -84,7 +80,7 @@ void BeginHandStroke(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void ContinueHandStroke(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (!wave.DrawPressed) return;
     const PlotPlace place = HoldToLimits(wave, x, y);
     const bool forward = place.Dot > wave.DrawPrevDot;
@@ -102,14 +98,14 @@ void ContinueHandStroke(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void EndHandStroke(std::int16_t index) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (!wave.DrawPressed) return;
     CloseStroke(wave);
     EndEdit(index);
 }
 
 void PlaceLinePoint(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PlotPlace place = HoldToLimits(wave, x, y);
     if (!wave.LinePending) {
         BeginEdit(wave);
@@ -131,7 +127,7 @@ void PlaceLinePoint(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void GuideLine(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     if (!wave.LinePending) return;
     const PlotPlace place = HoldToLimits(wave, x, y);
     RestorePlot(wave);

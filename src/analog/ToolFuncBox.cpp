@@ -8,7 +8,7 @@
 #include "platform/Host.h"
 
 void SwitchTool(std::int16_t index, Tool tool) {
-    AnalogWaveRecord& wave = AnalogDocs[static_cast<std::size_t>(index)];
+    AnalogWaveRecord& wave = AnalogAt(index);
     FinishGesture(wave);
     for (const ToolRow& row : ToolRows()) wave.*row.On = row.Which == tool;
     if (IsZoomTool(tool)) wave.ExpandToSuit = false;
@@ -31,7 +31,7 @@ void LeaveTool(std::int16_t index) {
 }
 
 void ShowTool(std::int16_t index) {
-    const Tool tool = ToolOf(AnalogDocs[static_cast<std::size_t>(index)]);
+    const Tool tool = ToolOf(AnalogAt(index));
     std::int16_t status = IdleStatus;
     for (const ToolRow& row : ToolRows())
         if (row.Which == tool) status = row.Status;

@@ -19,10 +19,6 @@ constexpr std::int32_t SmallestSpan = 2;              // dots, by wheel and cent
 constexpr double SmallestBand = 0.001;                // normalised amplitude
 constexpr double GripAlong = 13.0, GripAcross = 6.0;  // logical pixels
 
-AnalogWaveRecord& RecordOf(std::int16_t index) {
-    return AnalogDocs[static_cast<std::size_t>(index)];
-}
-
 bool SameView(const WaveView& one, const WaveView& other) {
     return one.Start == other.Start && one.End == other.End && one.Top == other.Top &&
            one.Bottom == other.Bottom;
@@ -67,14 +63,14 @@ void BeginZoom(AnalogWaveRecord& wave) {
 }
 
 void EndZoom(std::int16_t index) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     wave.ExpandToSuit = false;
     FlagZoomedAxes(wave);
     ShowView(index);
 }
 
 void ZoomTo(std::int16_t index, const WaveView& view) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     BeginZoom(wave);
     SetView(wave, view);
     EndZoom(index);
@@ -141,7 +137,7 @@ WaveView WithAmplitudes(const AnalogWaveRecord& wave, double top, double span) {
 
 // The modes are clear already; select comes back.
 void EndZoomTool(std::int16_t index) {
-    RecordOf(index).SelectMode = true;
+    AnalogAt(index).SelectMode = true;
     ShowTool(index);
 }
 
@@ -194,7 +190,7 @@ void ApplyZoomBoxes() {
 }
 
 void LeaveZoom(std::int16_t index) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const bool zoomTool = IsZoomTool(ToolOf(wave));
     LetGo(wave);
     ShowWholeWave(wave);
@@ -234,12 +230,12 @@ void ZoomAroundCentre(std::int16_t index, std::int32_t centre, std::int32_t view
         start = std::max(centre - 1, 0);
         end = std::min(start + 1, last);
     }
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     SetView(wave, {start, end, wave.ViewTop, wave.ViewBottom});
 }
 
 void ReleaseZoomBand(std::int16_t index) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const bool dots = wave.RubberX2 - wave.RubberX1 >= 1;
     const bool amplitudes = std::abs(wave.RubberY2 - wave.RubberY1) >= SmallestBand;
     switch (ToolOf(wave)) {
@@ -264,7 +260,7 @@ void ReleaseZoomBand(std::int16_t index) {
 
 void ZoomByWheel(std::int16_t index, std::int32_t x, std::int32_t y, std::int32_t notches,
                  bool upright) {
-    const AnalogWaveRecord& wave = RecordOf(index);
+    const AnalogWaveRecord& wave = AnalogAt(index);
     const WaveView view = ViewOf(wave);
     const double factor = std::pow(NotchFactor, -notches);
     const PlotPlace place = PlaceOf(wave, x, y);
@@ -286,7 +282,7 @@ void ZoomByWheel(std::int16_t index, std::int32_t x, std::int32_t y, std::int32_
 }
 
 void PanByWheel(std::int16_t index, std::int32_t notches, bool upright) {
-    const AnalogWaveRecord& wave = RecordOf(index);
+    const AnalogWaveRecord& wave = AnalogAt(index);
     const WaveView view = ViewOf(wave);
     const std::int32_t dots = view.End - view.Start;
     const double amplitudes = view.Top - view.Bottom;
@@ -304,7 +300,7 @@ void BringIntoView(AnalogWaveRecord& wave, std::int32_t dot) {
 }
 
 bool PressScalePointer(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const double scale = wave.BackSurface.Scale();
     const double along = GripAlong * scale, across = GripAcross * scale;
     const PixelPoint vertical = VPointerPlace(wave), horizontal = HPointerPlace(wave);
@@ -325,7 +321,7 @@ bool PressScalePointer(std::int16_t index, std::int32_t x, std::int32_t y) {
 }
 
 void DragScalePointer(std::int16_t index, std::int32_t x, std::int32_t y) {
-    AnalogWaveRecord& wave = RecordOf(index);
+    AnalogWaveRecord& wave = AnalogAt(index);
     const PixelPoint plot = PlotOrigin(wave.BackSurface.Scale());
     WaveView view = ViewOf(wave);
     if (wave.VPointerDragging && wave.PlotHeight > 0) {

@@ -70,7 +70,7 @@ void SetFile(AnalogWaveRecord& wave, const std::string& path) {
 }
 
 bool SaveTo(std::int16_t index, const std::string& path) {
-    AnalogWaveRecord& wave = AnalogDocs[index];
+    AnalogWaveRecord& wave = AnalogAt(index);
     CloseStroke(wave);  // its dots have no segment before
     const std::string bytes = RowOf(FormatOfName(path)).Write(wave);
     if (const int error = WriteFileSafely(path, bytes)) {
@@ -114,7 +114,7 @@ std::string ChooseTarget(const AnalogWaveRecord& wave, std::string_view title) {
 }
 
 bool ChooseAndSave(std::int16_t index, std::string_view title) {
-    const std::string path = ChooseTarget(AnalogDocs[index], title);
+    const std::string path = ChooseTarget(AnalogAt(index), title);
     return !path.empty() && SaveTo(index, path);
 }
 
@@ -161,7 +161,7 @@ void TellDropped(std::int32_t inserted, std::int32_t all) {
 }  // namespace
 
 bool SaveAnalog(std::int16_t index) {
-    const AnalogWaveRecord& wave = AnalogDocs[index];
+    const AnalogWaveRecord& wave = AnalogAt(index);
     if (!wave.FileName.empty()) return SaveTo(index, wave.FileName);
     return ChooseAndSave(index, PickText("Save File", "保存文件"));
 }
@@ -172,7 +172,7 @@ bool SaveAnalogAs(std::int16_t index) {
 
 bool SaveAllAnalog() {
     for (std::int16_t slot = 0; slot < MaxDocuments; ++slot) {
-        const bool wanted = AnalogInUse[slot] && AnalogDocs[slot].Modified;
+        const bool wanted = AnalogInUse[slot] && AnalogAt(slot).Modified;
         if (wanted && !SaveAnalog(slot)) return false;
     }
     return true;
@@ -190,7 +190,7 @@ bool OpenAnalogFile(const std::string& path) {
 
     const std::int16_t formerIndex = ActiveAnalogIndex;
     const std::int16_t slot = FirstFreeAnalogSlot();
-    AnalogWaveRecord& wave = AnalogDocs[slot];
+    AnalogWaveRecord& wave = AnalogAt(slot);
     ActiveAnalogIndex = slot;
     FillRecord(wave, std::move(content));
     if (!CreateAnalogDocument()) {

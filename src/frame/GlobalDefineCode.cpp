@@ -78,6 +78,10 @@ void InitialiseGlobals() {
     PropertyConfirmed = false;
 }
 
+AnalogWaveRecord& AnalogAt(std::int16_t slot) {
+    return AnalogDocs[static_cast<std::size_t>(slot)];
+}
+
 AnalogWaveRecord& ActiveAnalog() {
-    return AnalogDocs[static_cast<std::size_t>(ActiveAnalogIndex)];
+    return AnalogAt(ActiveAnalogIndex);
 }

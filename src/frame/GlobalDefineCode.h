@@ -53,5 +53,7 @@ void LoadInstrumentModel();
 /// Sets the limits of the stored model and clears the flags of the opening sequence.
 void InitialiseGlobals();
 
+/// The record of a slot.
+AnalogWaveRecord& AnalogAt(std::int16_t slot);
 /// The record of `ActiveAnalogIndex`.
 AnalogWaveRecord& ActiveAnalog();

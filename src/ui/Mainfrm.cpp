@@ -261,7 +261,7 @@ bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
     const std::int16_t slot = static_cast<WaveFrm*>(frame->widget())->Slot();
     event->ignore();
     if (!AnalogInUse[static_cast<std::size_t>(slot)]) return true;
-    if (AnalogDocs[static_cast<std::size_t>(slot)].Modified) area_->setActiveSubWindow(frame);
+    if (AnalogAt(slot).Modified) area_->setActiveSubWindow(frame);
     if (!QueryCloseDocument(slot, SaveAnalog)) return true;
     frame->hide();
     area_->ActivateUsedBefore(frame);

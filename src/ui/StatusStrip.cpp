@@ -224,7 +224,7 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
 
 void StatusStrip::ShowEntries(std::int16_t slot) {
     static const AnalogWaveRecord none;
-    const AnalogWaveRecord& wave = slot < 0 ? none : AnalogDocs[static_cast<std::size_t>(slot)];
+    const AnalogWaveRecord& wave = slot < 0 ? none : AnalogAt(slot);
     for (const EntryRow& row : EntryRows()) {
         NumberBox* box = boxes_.value(static_cast<int>(row.Which));
         const QString text = QString::fromStdString(EntryText(wave, row.Which));

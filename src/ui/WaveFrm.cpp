@@ -8,14 +8,6 @@
 #include <QLayout>
 #include <QResizeEvent>
 
-namespace {
-
-AnalogWaveRecord& RecordOf(std::int16_t slot) {
-    return AnalogDocs[static_cast<std::size_t>(slot)];
-}
-
-}  // namespace
-
 WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : DocumentWindow(parent), slot_(slot) {
     setObjectName("WaveFrm");
     plot_ = new WavePic(slot, this);
@@ -24,7 +16,7 @@ WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : DocumentWindow(parent), s
 }
 
 void WaveFrm::ShowTitle() {
-    const AnalogWaveRecord& wave = RecordOf(slot_);
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
     const QString name = QString::fromStdString(wave.Name);
     SetTitle(wave.Modified ? name + QString::fromUtf8(" •") : name);
 }
@@ -35,7 +27,7 @@ void WaveFrm::LayOut() {
     const auto pixels = [scale](int logical) {
         return static_cast<std::int32_t>(std::lround(logical * scale));
     };
-    LayoutAnalogSurfaces(RecordOf(slot_), pixels(plot_->width() - LabelGutter),
+    LayoutAnalogSurfaces(AnalogAt(slot_), pixels(plot_->width() - LabelGutter),
                          pixels(plot_->height()), scale);
 }
 

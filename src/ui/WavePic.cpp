@@ -21,10 +21,6 @@
 
 namespace {
 
-AnalogWaveRecord& RecordOf(std::int16_t slot) {
-    return AnalogDocs[static_cast<std::size_t>(slot)];
-}
-
 constexpr int Slack = 12;        // logical pixels around the plot that belong to it
 constexpr int WheelNotch = 120;  // eighths of a degree
 
@@ -70,7 +66,7 @@ QPoint WavePic::OnPlot(const QPointF& place) const {
 }
 
 bool WavePic::NearPlot(QPoint plot) const {
-    const AnalogWaveRecord& wave = RecordOf(slot_);
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
     const int slack = qRound(Slack * devicePixelRatioF());
     return QRect(0, 0, wave.PlotWidth, wave.PlotHeight)
         .adjusted(-slack, -slack, slack, slack)
@@ -78,7 +74,7 @@ bool WavePic::NearPlot(QPoint plot) const {
 }
 
 void WavePic::ShowToolCursor() {
-    switch (ToolOf(RecordOf(slot_))) {
+    switch (ToolOf(AnalogAt(slot_))) {
         case Tool::HandDraw:
         case Tool::LineDraw:
             setCursor(PencilCursor(devicePixelRatioF()));
@@ -99,7 +95,7 @@ void WavePic::mousePressEvent(QMouseEvent* event) {
 }
 
 void WavePic::mouseMoveEvent(QMouseEvent* event) {
-    const AnalogWaveRecord& wave = RecordOf(slot_);
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
     const QPoint back = OnBack(event->position()), plot = OnPlot(event->position());
     if (wave.VPointerDragging || wave.HPointerDragging)
         DragScalePointer(slot_, back.x(), back.y());
@@ -119,7 +115,7 @@ void WavePic::mouseMoveEvent(QMouseEvent* event) {
 
 void WavePic::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint plot = OnPlot(event->position());
-    if (event->button() == Qt::LeftButton) ReleaseScalePointer(RecordOf(slot_));
+    if (event->button() == Qt::LeftButton) ReleaseScalePointer(AnalogAt(slot_));
     WavePic_MouseUp(slot_, ButtonOf(event->button()), plot.x(), plot.y());
 }
 
@@ -148,10 +144,10 @@ void WavePic::wheelEvent(QWheelEvent* event) {
 }
 
 bool WavePic::StepTrack(const QKeyEvent& event) const {
-    const Tool tool = ToolOf(RecordOf(slot_));
+    const Tool tool = ToolOf(AnalogAt(slot_));
     if (tool != Tool::CursorTrack && tool != Tool::PointEdit) return false;
     const int one = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
-    const std::int32_t all = RecordOf(slot_).MaxDots;
+    const std::int32_t all = AnalogAt(slot_).MaxDots;
     const std::pair<int, std::int32_t> steps[] = {{Qt::Key_Left, -one},    {Qt::Key_Right, one},
                                                   {Qt::Key_PageUp, -100},  {Qt::Key_Home, -all},
                                                   {Qt::Key_PageDown, 100}, {Qt::Key_End, all}};
@@ -164,7 +160,7 @@ bool WavePic::StepTrack(const QKeyEvent& event) const {
 }
 
 void WavePic::keyPressEvent(QKeyEvent* event) {
-    AnalogWaveRecord& wave = RecordOf(slot_);
+    AnalogWaveRecord& wave = AnalogAt(slot_);
     const Tool tool = ToolOf(wave);
     if (event->key() == Qt::Key_Escape && tool != Tool::Select)
         LeaveTool(slot_);
@@ -182,7 +178,7 @@ void WavePic::leaveEvent(QEvent*) {
 
 void WavePic::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const AnalogWaveRecord& wave = RecordOf(slot_);
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
     const double scale = devicePixelRatioF();
     painter.save();
     painter.scale(1.0 / scale, 1.0 / scale);
