@@ -83,6 +83,13 @@ bool DotsFull(const AnalogWaveRecord& wave) {
     return wave.Dots >= wave.MaxDots - 1;
 }
 
+bool RoomForDots(const AnalogWaveRecord& wave) {
+    if (!DotsFull(wave)) return true;
+    TheHost().Ask(PickText("Waveform Dots up limit", "波形点数达到上限"), Buttons::Ok,
+                  MessageIcon::Exclamation);
+    return false;
+}
+
 std::int16_t FirstFreeAnalogSlot() {
     for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
         if (!AnalogInUse[static_cast<std::size_t>(slot)]) return slot;

@@ -15,6 +15,9 @@ void ShowWholeWave(AnalogWaveRecord& wave);
 /// True when no dot can be added to the active capacity less one.
 bool DotsFull(const AnalogWaveRecord& wave);
 
+/// Tests DotsFull and tells the user when it is so.
+bool RoomForDots(const AnalogWaveRecord& wave);
+
 /// Lowest slot 0..9 not in use; -1 when all are.
 std::int16_t FirstFreeAnalogSlot();
 

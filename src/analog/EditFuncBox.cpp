@@ -5,7 +5,6 @@
 #include "analog/EntryFuncBox.h"
 #include "analog/SegmentEngine.h"
 #include "frame/GlobalDefineCode.h"
-#include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
 #include "platform/Host.h"
 
@@ -258,12 +257,7 @@ void CopyAnalog() {
 
 void PasteAnalog() {
     AnalogWaveRecord& wave = ActiveAnalog();
-    if (ClipDotCount == 0) return;
-    if (DotsFull(wave)) {
-        TheHost().Ask(PickText("Waveform Dots up limit", "波形点数达到上限"), Buttons::Ok,
-                      MessageIcon::Exclamation);
-        return;
-    }
+    if (ClipDotCount == 0 || !RoomForDots(wave)) return;
     ClearSelection(wave);
     BeginEdit(wave);
     SetResumeAvailable(wave, true);  // paste leaves both directions open

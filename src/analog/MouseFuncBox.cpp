@@ -217,10 +217,7 @@ void PressSelect(std::int16_t index, const PlotPlace& place) {
 
 void MoveSelect(std::int16_t index, const PlotPlace& place) {
     AnalogWaveRecord& wave = AnalogAt(index);
-    if (LimitDragged(wave)) {
-        DragLimitLine(index, place);
-        return ShowCursorValues(index);
-    }
+    if (LimitDragged(wave)) return DragLimitLine(index, place);
     wave.SelectionDragging = true;
     // Only the columns that the edge has passed change.
     const auto [first, last] = std::minmax({wave.SelPixelRight, place.X});

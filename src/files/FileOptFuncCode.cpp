@@ -208,10 +208,7 @@ bool OpenAnalogFile(const std::string& path) {
 
 void InsertFromFile() {
     const AnalogWaveRecord& wave = ActiveAnalog();
-    if (DotsFull(wave)) {
-        Complain("Waveform Dots up limit", "波形点数达到上限");
-        return;
-    }
+    if (!RoomForDots(wave)) return;
     const std::string path =
         ChooseSource(PickText("Insert from File", "从文件插入"), wave.FolderName);
     if (!path.empty()) InsertAnalogFile(path);

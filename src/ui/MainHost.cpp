@@ -179,7 +179,7 @@ void InstallHost(Mainfrm& window) {
     host.ShowEntries = [main](std::int16_t slot) {
         if (main->ActiveTag() == slot) main->Status()->ShowEntries(slot);
     };
-    host.PopupMenu = [main](std::string_view menu) { main->PopupMenu(ToQt(menu)); };
+    host.PopupMenu = [main](std::string_view menu) { main->PopupMenu(ToQt(menu), QCursor::pos()); };
     host.ShowProgress = [main](std::int64_t done, std::int64_t total) {
         if (main->Status()->ShowProgress(done, total))
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -288,14 +288,13 @@ void Mainfrm::closeEvent(QCloseEvent* event) {
 }
 
 void Mainfrm::ShowContextMenu(QPoint global) {
-    RefreshCommands();
-    (ActiveAnalog().HasSelection ? selectMenu_ : idleMenu_)->popup(global);
+    PopupMenu(ActiveAnalog().HasSelection ? "MnuSelect" : "MnuIdle", global);
 }
 
-void Mainfrm::PopupMenu(const QString& name) {
+void Mainfrm::PopupMenu(const QString& name, QPoint global) {
     RefreshCommands();
     for (QMenu* menu : {idleMenu_, selectMenu_})
-        if (menu->objectName() == name) menu->popup(QCursor::pos());
+        if (menu->objectName() == name) menu->popup(global);
 }
 
 // The open windows stand below the arrangement entries, "1 Waveform0" and so on.

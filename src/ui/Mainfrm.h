@@ -32,8 +32,8 @@ public:
     void ShowPlot(std::int16_t slot);
     void RefreshCommands();
     void ApplyLanguage();
-    /// Opens a context menu at the mouse.
-    void PopupMenu(const QString& name);
+    /// Opens a context menu at a place of the screen.
+    void PopupMenu(const QString& name, QPoint global);
     StatusStrip* Status() const { return status_; }
     ActionTable* Actions() const { return actions_; }
 

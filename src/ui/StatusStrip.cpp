@@ -198,6 +198,7 @@ void StatusStrip::AddReadOut(const char* panel, const char* caption, const char*
     frame->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     frame->setMinimumWidth(NumberWidth(frame, 9) + 16);
     frame->setFixedHeight(28);
+    readOuts_.insert(label, frame);
     if (line->count() > 0) line->addSpacing(Gap);
     line->addWidget(text);
     line->addWidget(frame);
@@ -227,12 +228,12 @@ void StatusStrip::ShowEntries(std::int16_t slot) {
     const AnalogWaveRecord& wave = slot < 0 ? none : AnalogAt(slot);
     for (const EntryRow& row : EntryRows()) {
         NumberBox* box = boxes_.value(static_cast<int>(row.Which));
-        const QString text = QString::fromStdString(EntryText(wave, row.Which));
-        if (box->text() != text) box->setText(text);
+        const std::string& text = EntryText(wave, row.Which);  // digits
+        const QLatin1String shown(text.data(), static_cast<qsizetype>(text.size()));
+        if (box->text() != shown) box->setText(shown);
     }
     for (const ReadOut& readOut : ReadOuts())
-        findChild<QLabel*>(ToQt(readOut.Label))
-            ->setText(QString::fromStdString(readOut.Text(wave)));
+        readOuts_.value(ToQt(readOut.Label))->setText(QString::fromStdString(readOut.Text(wave)));
     // A hand stroke has nothing to type, and a track nothing to show before its first dot.
     groups_.value("picLineDraw")->setVisible(bool(wave.LineDrawOn));
     groups_.value("picIdle")->setVisible(bool(wave.TrackShown));

@@ -50,8 +50,9 @@ private:
     QHBoxLayout* LineOf(const QString& panel) const;
 
     QStackedWidget* panels_;
-    QHash<QString, QWidget*> groups_;  // boxes and buttons of a panel, by its name
-    QHash<int, NumberBox*> boxes_;     // by Entry
+    QHash<QString, QWidget*> groups_;   // boxes and buttons of a panel, by its name
+    QHash<int, NumberBox*> boxes_;      // by Entry
+    QHash<QString, QLabel*> readOuts_;  // by name
     QStackedLayout* right_;
     QLabel* pointer_;
     QProgressBar* progress_;

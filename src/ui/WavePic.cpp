@@ -74,7 +74,10 @@ bool WavePic::NearPlot(QPoint plot) const {
 }
 
 void WavePic::ShowToolCursor() {
-    switch (ToolOf(AnalogAt(slot_))) {
+    const Tool tool = ToolOf(AnalogAt(slot_));
+    if (cursorTool_ == static_cast<int>(tool)) return;
+    cursorTool_ = static_cast<int>(tool);
+    switch (tool) {
         case Tool::HandDraw:
         case Tool::LineDraw:
             setCursor(PencilCursor(devicePixelRatioF()));
@@ -106,10 +109,10 @@ void WavePic::mouseMoveEvent(QMouseEvent* event) {
                              : QString());
     if (event->buttons() == Qt::NoButton && ToolOf(wave) == Tool::Select) {
         const LimitLine line = LimitLineAt(wave, plot.x(), plot.y());
-        if (line == LimitLine::None)
-            unsetCursor();
-        else
-            setCursor(IsColumn(line) ? Qt::SizeHorCursor : Qt::SizeVerCursor);
+        const Qt::CursorShape shape = line == LimitLine::None ? Qt::ArrowCursor
+                                      : IsColumn(line)        ? Qt::SizeHorCursor
+                                                              : Qt::SizeVerCursor;
+        if (cursor().shape() != shape) setCursor(shape);
     }
 }
 

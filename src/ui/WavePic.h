@@ -39,5 +39,6 @@ private:
     bool StepTrack(const QKeyEvent& event) const;
 
     std::int16_t slot_;
-    int wheel_ = 0;  // eighths of a degree that are not yet a notch
+    int cursorTool_ = -1;  // the `Tool` whose mouse pointer is set
+    int wheel_ = 0;        // eighths of a degree that are not yet a notch
 };
