@@ -266,9 +266,7 @@ void PasteAnalog() {
     for (std::int32_t i = start; i < end; ++i)
         wave.DotArray[static_cast<std::size_t>(i)] = {
             static_cast<double>(i), ClipValues[static_cast<std::size_t>(i - start)]};
-    AppendSegment(wave, WaveSegment{.DotCount = end - start}, start);
-    wave.Dots = end;
-    wave.LastDot = end - 1;
+    AppendSegment(wave, {.DotCount = end - start});
     EndEdit(ActiveAnalogIndex);
 }
 

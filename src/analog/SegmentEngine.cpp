@@ -178,13 +178,19 @@ void OverlayRunSegment(AnalogWaveRecord& wave, std::int32_t first, std::int32_t 
     wave.SegmentCount = static_cast<std::int32_t>(wave.Segments.size());
 }
 
-void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start) {
-    made.StartDot = start;
-    made.RunStart = start;
-    made.EndDot = start + made.DotCount - 1;
+void AppendSegment(AnalogWaveRecord& wave, WaveSegment made) {
+    made.StartDot = made.RunStart = wave.Dots;
+    wave.Dots += made.DotCount;
+    made.EndDot = wave.LastDot = wave.Dots - 1;
     wave.Segments.resize(static_cast<std::size_t>(wave.SegmentCount));
     wave.Segments.push_back(made);
     ++wave.SegmentCount;
+}
+
+void CollapseSegments(AnalogWaveRecord& wave) {
+    wave.Segments.clear();
+    if (wave.Dots > 0) wave.Segments.push_back({.EndDot = wave.Dots - 1, .DotCount = wave.Dots});
+    wave.SegmentCount = static_cast<std::int32_t>(wave.Segments.size());
 }
 
 void TruncateSegments(std::vector<WaveSegment>& segments, std::int32_t& count, std::int32_t dots) {

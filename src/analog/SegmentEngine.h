@@ -1,7 +1,7 @@
 #pragma once
 // The one engine that keeps a document's segment list in step with its dots. Coverage of a
 // segment is RunStart..EndDot; before and after each call the segments cover 0..Dots-1 without
-// hole or overlap (the dots themselves are moved by the caller).
+// hole or overlap (the dots themselves are moved and written by the caller).
 #include "frame/records/AnalogWaveRecord.h"
 
 /// Sets SelFirstSegment and SelLastSegment from SelStart and SelEnd.
@@ -24,8 +24,11 @@ void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t 
 /// of its own. Earlier ones under it go, are cut back or split; what remains of them is custom.
 void OverlayRunSegment(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
 
-/// Adds a segment behind the last one; its run begins at `start` and has `made.DotCount` dots.
-void AppendSegment(AnalogWaveRecord& wave, WaveSegment made, std::int32_t start);
+/// Adds a segment of `made.DotCount` dots behind the last dot; Dots and LastDot count them.
+void AppendSegment(AnalogWaveRecord& wave, WaveSegment made);
+
+/// One custom segment over all dots, its generator fields 0. None where there is no dot.
+void CollapseSegments(AnalogWaveRecord& wave);
 
 /// Cuts the list to `dots` dots: the segment that reaches past the end stops there and becomes
 /// custom, later ones go.

@@ -2,7 +2,7 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "calculus/InsertedRun.h"
+#include "calculus/RunEdit.h"
 #include "calculus/NumberField.h"
 #include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
@@ -137,17 +137,16 @@ std::string WithNumbers(std::string_view pattern, std::initializer_list<std::int
     return text;
 }
 
-// Makes room for the dots and moves the segments with it.
+// Makes room for the dots, moves the segments with it, and selects the run.
 void OpenRun(AnalogWaveRecord& wave, const EquationDialog& dialog) {
-    const std::int32_t start = dialog.Scales.Start, count = dialog.Scales.Dots;
+    const std::int32_t count = dialog.Scales.Dots;
     if (dialog.Replaces) {
         MarkRunCustom(wave, count);  // reads the bounds as they are before the dots move
-        MoveTail(wave, wave.SelEnd + 1, start + count);
+        ResizeSelection(wave, count);
     } else {
-        AppendSegment(wave, WaveSegment{.DotCount = count}, start);
-        wave.Dots += count;
+        AppendSegment(wave, {.DotCount = count});
+        SelectDots(wave, wave.Dots - count, wave.Dots - 1);
     }
-    wave.LastDot = wave.Dots - 1;
 }
 
 }  // namespace
@@ -247,7 +246,6 @@ bool ConfirmEquation(EquationDialog& dialog) {
     OpenRun(wave, dialog);
     for (std::int32_t i = 0; i < count; ++i)
         wave.DotArray[start + i] = {double(start + i), ClippedToRails(made[i].Y, wave.Vpp / 2.0)};
-    SelectDots(wave, start, start + count - 1);
     Remember(dialog.History, Trimmed(dialog.Text), true);
     SaveHistory(dialog.History);
     EndEdit(ActiveAnalogIndex);

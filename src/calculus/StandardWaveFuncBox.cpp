@@ -2,7 +2,7 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "calculus/InsertedRun.h"
+#include "calculus/RunEdit.h"
 #include "calculus/NumberField.h"
 #include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
@@ -204,33 +204,17 @@ void SaveWaveSettings(const WaveSegment& wave) {
     if (kind == Sinc) save("Overzero", std::to_string(wave.Overzero));
 }
 
-WaveSegment MadeSegment(const WaveSegment& fields, std::int32_t start) {
-    WaveSegment made = fields;
+// The wave stands in place of the selection, or behind the last dot.
+void PlaceWave(AnalogWaveRecord& wave, WaveSegment made) {
     made.Custom = false;
-    made.StartDot = made.RunStart = start;
-    made.EndDot = start + made.DotCount - 1;
-    return made;
-}
-
-void AppendWave(AnalogWaveRecord& wave, const WaveSegment& fields) {
-    const WaveSegment made = MadeSegment(fields, wave.Dots);
-    GenerateWave(made, wave.Vpp, wave.DotArray.data(), made.RunStart, made.DotCount);
-    AppendSegment(wave, made, made.RunStart);
-    wave.Dots += made.DotCount;
-    wave.LastDot = wave.Dots - 1;
-}
-
-void ReplaceSelection(AnalogWaveRecord& wave, const WaveSegment& fields) {
-    const WaveSegment made = MadeSegment(fields, wave.SelStart);
-    ReplaceRunSegments(wave, made);  // reads the bounds as they are before the dots move
-    MoveTail(wave, wave.SelEnd + 1, made.EndDot + 1);
-    GenerateWave(made, wave.Vpp, wave.DotArray.data(), made.RunStart, made.DotCount);
-    wave.LastDot = wave.Dots - 1;
-    if (wave.SegmentPicked) {
-        PickSegment(wave, wave.PickedSegment);
+    const std::int32_t start = wave.HasSelection ? wave.SelStart : wave.Dots;
+    if (wave.HasSelection) {
+        ReplaceRunSegments(wave, made);  // reads the bounds as they are before the dots move
+        ResizeSelection(wave, made.DotCount);
     } else {
-        SelectDots(wave, made.RunStart, made.EndDot);
+        AppendSegment(wave, made);
     }
+    GenerateWave(made, wave.Vpp, wave.DotArray.data(), start, made.DotCount);
 }
 
 }  // namespace
@@ -407,9 +391,7 @@ void GenerateWave(const WaveSegment& wave, double vpp, WaveDot* dots, std::int32
     drawcurves(dots, start, count, wave.Kind, static_cast<float>(wave.Amplitude / rail),
                static_cast<float>(wave.Offset / rail), wave.Cycles, wave.Phase, wave.Duty,
                wave.PWidthDots, wave.SlopeDots, wave.Symmetry, wave.Overzero, wave.Damp);
-    for (WaveDot* dot = dots + start; dot != dots + start + count; ++dot) {
-        dot->Y = std::clamp(dot->Y, -1.0, 1.0);
-    }
+    ClipDots({dots + start, static_cast<std::size_t>(count)});
 }
 
 void PreviewStandardWave(const StandardWaveDialog& dialog, std::vector<WaveDot>& dots) {
@@ -426,11 +408,7 @@ bool ConfirmStandardWave(StandardWaveDialog& dialog) {
     dialog.ReEdit = false;
     HoldWaveFields(dialog);
     BeginEdit(wave);
-    if (wave.HasSelection) {
-        ReplaceSelection(wave, dialog.Wave);
-    } else {
-        AppendWave(wave, dialog.Wave);
-    }
+    PlaceWave(wave, dialog.Wave);
     SaveWaveSettings(dialog.Wave);
     EndEdit(ActiveAnalogIndex, true);
     return true;

@@ -230,9 +230,7 @@ bool InsertAnalogFile(const std::string& path) {
     for (std::int32_t i = 0; i < count; ++i)
         wave.DotArray[start + i] = {double(start + i),
                                     std::clamp(content.DotArray[i].Y * ratio, -1.0, 1.0)};
-    AppendSegment(wave, WaveSegment{.DotCount = count}, start);
-    wave.Dots += count;
-    wave.LastDot = wave.Dots - 1;
+    AppendSegment(wave, {.DotCount = count});
     EndEdit(ActiveAnalogIndex);
     if (count < content.Dots) TellDropped(count, content.Dots);
     return true;

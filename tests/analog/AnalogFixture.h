@@ -45,13 +45,9 @@ protected:
         ResetDocumentState(wave);
         AllocateDots(wave, maxDots);
         wave.Modified = false;
-        for (const char run : runs) {
-            AppendSegment(wave, {.Custom = run == 'c', .Kind = run == 'g', .DotCount = count},
-                          wave.Dots);
-            wave.Dots += count;
-        }
+        for (const char run : runs)
+            AppendSegment(wave, {.Custom = run == 'c', .Kind = run == 'g', .DotCount = count});
         for (std::int32_t i = 0; i < wave.Dots; ++i) wave.DotArray[i] = {double(i), i / 1000.0};
-        wave.LastDot = std::max(wave.Dots - 1, 0);
         return wave;
     }
 

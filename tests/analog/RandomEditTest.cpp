@@ -33,7 +33,7 @@ protected:
         Begin();
         BeginEdit(*wave_);
         if (kind == 'a')
-            AppendSegment(*wave_, {.Custom = Pick(0, 2) == 0, .DotCount = count}, first);
+            AppendSegment(*wave_, {.Custom = Pick(0, 2) == 0, .DotCount = count});
         else if (kind == 'w')
             ReplaceRunSegments(*wave_, {.DotCount = count});
         else

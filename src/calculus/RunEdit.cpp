@@ -1,0 +1,77 @@
+#include "calculus/RunEdit.h"
+
+#include "analog/EditFuncBox.h"
+#include "analog/SegmentEngine.h"
+#include "frame/GlobalDefineCode.h"
+
+#include <algorithm>
+
+namespace {
+
+// Moves the dots from `from` to the end so that they begin at `to`, and counts them anew.
+void MoveTail(AnalogWaveRecord& wave, std::int32_t from, std::int32_t to) {
+    const auto dots = wave.DotArray.begin();
+    if (to > from) {
+        std::copy_backward(dots + from, dots + wave.Dots, dots + wave.Dots + (to - from));
+    } else if (to < from) {
+        std::copy(dots + from, dots + wave.Dots, dots + to);
+    } else {
+        return;
+    }
+    wave.Dots += to - from;
+    wave.LastDot = wave.Dots - 1;
+    for (std::int32_t dot = to; dot < wave.Dots; ++dot) dots[dot].X = dot;
+}
+
+}  // namespace
+
+std::int32_t SelectionLength(const AnalogWaveRecord& wave) {
+    return wave.HasSelection ? wave.SelEnd - wave.SelStart + 1 : 0;
+}
+
+std::int32_t RoomOf(const AnalogWaveRecord& wave) {
+    return wave.MaxDots - wave.Dots + SelectionLength(wave);
+}
+
+std::span<WaveDot> SelectedDots(AnalogWaveRecord& wave) {
+    return std::span(wave.DotArray).subspan(wave.SelStart, SelectionLength(wave));
+}
+std::span<const WaveDot> SelectedDots(const AnalogWaveRecord& wave) {
+    return std::span(wave.DotArray).subspan(wave.SelStart, SelectionLength(wave));
+}
+
+std::span<WaveDot> WholeWave(AnalogWaveRecord& wave) {
+    return std::span(wave.DotArray).first(wave.Dots);
+}
+std::span<const WaveDot> WholeWave(const AnalogWaveRecord& wave) {
+    return std::span(wave.DotArray).first(wave.Dots);
+}
+
+void ResizeSelection(AnalogWaveRecord& wave, std::int32_t count) {
+    MoveTail(wave, wave.SelEnd + 1, wave.SelStart + count);
+    const Flag picked = wave.SegmentPicked;
+    SelectDots(wave, wave.SelStart, wave.SelStart + count - 1);
+    wave.SegmentPicked = picked;  // it falls at the end of the edit where the run is no segment
+}
+
+void EditSelection(const DotTransform& transform) {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    if (!wave.HasSelection) return;
+    BeginEdit(wave);
+    transform(SelectedDots(wave));
+    MarkRunCustom(wave, SelectionLength(wave));
+    ResizeSelection(wave, SelectionLength(wave));
+    EndEdit(ActiveAnalogIndex);
+}
+
+void EditWholeWave(std::int16_t index, const DotTransform& transform) {
+    AnalogWaveRecord& wave = AnalogAt(index);
+    BeginEdit(wave);
+    transform(WholeWave(wave));
+    CollapseSegments(wave);
+    EndEdit(index);
+}
+
+void ClipDots(std::span<WaveDot> dots) {
+    for (WaveDot& dot : dots) dot.Y = std::clamp(dot.Y, -1.0, 1.0);
+}
