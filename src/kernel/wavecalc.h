@@ -81,6 +81,51 @@ WAVECALC_API void drawcurves(WaveDot* Dots, int32_t Start, int32_t Count, int32_
 WAVECALC_API void wavecalc_seed(uint32_t Seed);
 
 /*
+ * Stretches or squeezes a run of dots to another count and scales its amplitude.
+ *
+ * Source holds n = SourceCount dots. Target is the first of the m = SourceCount + Delta dots that
+ * are written, resampled over the same span: the first new dot is the first old one, the last the
+ * last. Dot i gets SelStart + i as X and the resampled Y times AmplPercent / 100 as Y. Y is not
+ * clipped; above 100 percent that is the caller's.
+ *
+ *   Delta > 0  new dot k stands at k (n - 1) / (m - 1) of the source. Between two source dots runs
+ *              the monotone cubic of Fritsch and Butland (1984): smooth, and never outside the two
+ *              dots, so that no new peak arises. Where k falls on a source dot, its Y is taken as
+ *              it is. A single source dot is repeated.
+ *   Delta < 0  new dot k is the average of the source over one step s = (n - 1) / (m - 1) around
+ *              k s, each source dot i filling i - 1/2 .. i + 1/2 and the steps of the first and
+ * last new dot being cut to the source. So each source dot counts in full, no spike is lost, and a
+ * constant stays what it is; m = 1 gives the average of all. Delta = 0  Y times AmplPercent / 100,
+ * at 100 percent bit by bit.
+ *
+ * Nothing is written if Target or Source is null, or n or m is below 1. Target and Source must not
+ * overlap. Needs no working memory.
+ */
+WAVECALC_API void resizewv(WaveDot* Target, const WaveDot* Source, int32_t SourceCount,
+                           int32_t Delta, int32_t AmplPercent, int32_t SelStart);
+
+/*
+ * Replaces the Y of Count dots by the same wave through a low-pass filter. X stays.
+ *
+ * The filter is a sinc of FilterLen taps under a Kaiser window for 60 dB of stopband attenuation.
+ * Its taps add up to 1, so a constant passes unchanged, bit by bit. It is symmetric about its dot
+ * and therefore delays nothing; an even FilterLen, which has no middle, counts as one less. Before
+ * the first and behind the last dot the wave goes on with that dot's value.
+ * CutOff is the frequency at which the gain is one half (-6 dB); 1.0 is half the sample rate, or a
+ * period of two dots. From there to the stopband the gain falls within about 3.6 / FilterLen.
+ * Negative or not finite it counts as 0, which leaves the bare window; above 1 it counts as 1.
+ * FftLength, the transform length of the caller's choice, has no effect: the routine finds the
+ * lengths that suit it.
+ *
+ * Y is not clipped: behind a steep edge the filtered wave swings beyond the dots that it came from,
+ * and clipping is the caller's. With one tap nothing changes, nor if null Dots are given, Count or
+ * FilterLen is below 1, or the working memory (about 3 numbers for each dot of a wave with a filter
+ * as long) cannot be had.
+ */
+WAVECALC_API void Fir_Calculate(WaveDot* Dots, int32_t Count, int32_t FilterLen, double CutOff,
+                                int32_t FftLength);
+
+/*
  * Spreads the codes of a short wave over an instrument's fixed length: sample and hold, no code is
  * invented between two others.
  *
