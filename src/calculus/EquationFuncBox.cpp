@@ -2,12 +2,13 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "calculus/RunEdit.h"
 #include "calculus/NumberField.h"
+#include "calculus/RunEdit.h"
 #include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
+#include "frame/StringFunc.h"
 #include "platform/Settings.h"
 
 #include <algorithm>
@@ -129,14 +130,6 @@ std::int32_t PreviewedDot(std::int32_t at, std::int32_t shown, std::int32_t dots
     return Narrow<std::int32_t>(begin + inside);
 }
 
-std::string WithNumbers(std::string_view pattern, std::initializer_list<std::int32_t> numbers) {
-    std::string text(pattern);
-    for (const std::int32_t number : numbers)
-        if (const std::size_t at = text.find('%'); at != std::string::npos)
-            text.replace(at, 1, std::to_string(number));
-    return text;
-}
-
 // Makes room for the dots, moves the segments with it, and selects the run.
 void OpenRun(AnalogWaveRecord& wave, const EquationDialog& dialog) {
     const std::int32_t count = dialog.Scales.Dots;
@@ -217,11 +210,7 @@ std::string EquationNote(const EquationDialog& dialog) {
         note = WithNumbers(PickText("% of % values are not numbers and count as 0 V. ",
                                     "% 个值（共 % 个）不是数值，按 0 V 处理。"),
                            {dialog.NotFinite, dialog.Scales.Dots});
-    if (dialog.Clipped > 0)
-        note += WithNumbers(PickText("% of % values lie beyond the rails and are clipped.",
-                                     "% 个值（共 % 个）超出幅度范围，将被限幅。"),
-                            {dialog.Clipped, dialog.Scales.Dots});
-    return note;
+    return note + ClippedNote(dialog.Clipped, dialog.Scales.Dots);
 }
 
 std::string EquationPlace(const EquationDialog& dialog) {

@@ -3,6 +3,8 @@
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
 #include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/StringFunc.h"
 
 #include <algorithm>
 
@@ -74,4 +76,11 @@ void EditWholeWave(std::int16_t index, const DotTransform& transform) {
 
 void ClipDots(std::span<WaveDot> dots) {
     for (WaveDot& dot : dots) dot.Y = std::clamp(dot.Y, -1.0, 1.0);
+}
+
+std::string ClippedNote(std::int32_t clipped, std::int32_t count) {
+    if (clipped == 0) return {};
+    return WithNumbers(PickText("% of % values lie beyond the rails and are clipped.",
+                                "% 个值（共 % 个）超出幅度范围，将被限幅。"),
+                       {clipped, count});
 }

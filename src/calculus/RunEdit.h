@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <span>
+#include <string>
 
 /// Fewest dots of a wave that the commands on the whole wave work on.
 inline constexpr std::int32_t LeastWholeWave = 2;
@@ -37,3 +38,6 @@ void EditWholeWave(std::int16_t index, const DotTransform& transform);
 
 /// Holds every Y to -1..1.
 void ClipDots(std::span<WaveDot> dots);
+
+/// Tells, in the current language, how many of the new values are clipped; empty for none.
+std::string ClippedNote(std::int32_t clipped, std::int32_t count);

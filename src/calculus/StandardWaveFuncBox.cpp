@@ -2,8 +2,8 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "calculus/RunEdit.h"
 #include "calculus/NumberField.h"
+#include "calculus/RunEdit.h"
 #include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
@@ -38,7 +38,8 @@ double OffsetLimit(const StandardWaveDialog& dialog) {
 }
 
 NumberField DotnumField(const StandardWaveDialog& dialog) {
-    return {double(dialog.Wave.DotCount), double(LowestWaveDots), double(dialog.Room), "0"};
+    const double lowest = dialog.Operand ? dialog.Room : LowestWaveDots;
+    return {double(dialog.Wave.DotCount), lowest, double(dialog.Room), "0"};
 }
 
 NumberField CyclesField(const StandardWaveDialog& dialog) {
@@ -175,33 +176,14 @@ bool HasPickedWave(const AnalogWaveRecord& wave) {
     return !wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].Custom;
 }
 
-void LoadFromSegment(StandardWaveDialog& dialog, const AnalogWaveRecord& wave) {
-    dialog.ReEdit = true;
-    dialog.Wave = wave.Segments[static_cast<std::size_t>(wave.PickedSegment)];
-    dialog.Wave.DotCount = SelectionLength(wave);
+void LoadFromSegment(StandardWaveDialog& dialog, const WaveSegment& fields, std::int32_t dots) {
+    dialog.Wave = fields;
+    dialog.Wave.DotCount = dots;
     dialog.Wave.Cycles = RoundToInt(Held(CyclesField(dialog)));
     const double percentPerDot = 100.0 * dialog.Wave.Cycles / dialog.Wave.DotCount;
     dialog.PWidthPercent = dialog.Wave.PWidthDots * percentPerDot;
     dialog.SlopePercent = dialog.Wave.SlopeDots * percentPerDot;
     HoldWaveFields(dialog);
-}
-
-void SaveWaveSettings(const WaveSegment& wave) {
-    const auto save = [](std::string_view key, const std::string& text) {
-        SaveSetting(ApplicationTitle, Section, key, text);
-    };
-    const std::int16_t kind = wave.Kind;
-    save("DotNum", std::to_string(wave.DotCount));
-    if (kind != Dc) save("Ampl", ShortestText(wave.Amplitude));
-    save("Offset", ShortestText(wave.Offset));
-    if (FieldsOf(kind).Cycles) {
-        save("Period", std::to_string(wave.Cycles));
-        save("Phase", ShortestText(wave.Phase));
-    }
-    if (kind == Square) save("Duty", std::to_string(wave.Duty));
-    if (kind == Ramp) save("symmetry", std::to_string(wave.Symmetry));
-    if (kind == ExpRise || kind == ExpFall) save("Damp", ShortestText(wave.Damp));
-    if (kind == Sinc) save("Overzero", std::to_string(wave.Overzero));
 }
 
 // The wave stands in place of the selection, or behind the last dot.
@@ -215,6 +197,17 @@ void PlaceWave(AnalogWaveRecord& wave, WaveSegment made) {
         AppendSegment(wave, made);
     }
     GenerateWave(made, wave.Vpp, wave.DotArray.data(), start, made.DotCount);
+}
+
+StandardWaveDialog EmptyDialog(const AnalogWaveRecord& wave, std::int32_t room,
+                               std::int32_t maxDots) {
+    StandardWaveDialog dialog;
+    dialog.Vpp = wave.Vpp;
+    dialog.MaxDots = maxDots;
+    dialog.Room = room;
+    dialog.Wave = InitialWave(wave.Vpp);
+    dialog.Wave.Kind = LastKind;
+    return dialog;
 }
 
 }  // namespace
@@ -242,20 +235,35 @@ KindFields FieldsOf(std::int16_t kind) {
 
 StandardWaveDialog OpenStandardWave(std::int16_t kind) {
     const AnalogWaveRecord& wave = ActiveAnalog();
-    StandardWaveDialog dialog;
-    dialog.Vpp = wave.Vpp;
-    dialog.MaxDots = wave.MaxDots;
-    dialog.Room = RoomOf(wave);
-    dialog.Wave = InitialWave(wave.Vpp);
-    dialog.Wave.Kind = LastKind;
+    StandardWaveDialog dialog = EmptyDialog(wave, RoomOf(wave), wave.MaxDots);
     if (HasPickedWave(wave)) {
-        LoadFromSegment(dialog, wave);
+        dialog.ReEdit = true;
+        const WaveSegment& picked = wave.Segments[static_cast<std::size_t>(wave.PickedSegment)];
+        LoadFromSegment(dialog, picked, SelectionLength(wave));
         if (kind >= 0) ChangeKind(dialog, kind);
         return dialog;
     }
     if (kind >= 0) ChangeKind(dialog, kind);  // first, for a DC offset has bounds of its own
     LoadFromSettings(dialog, wave);
     return dialog;
+}
+
+StandardWaveDialog OpenOperandWave(const WaveSegment* last) {
+    const AnalogWaveRecord& wave = ActiveAnalog();
+    const std::int32_t length = SelectionLength(wave);
+    StandardWaveDialog dialog = EmptyDialog(wave, length, length);
+    dialog.Operand = true;
+    if (last != nullptr)
+        LoadFromSegment(dialog, *last, length);
+    else
+        LoadFromSettings(dialog, wave);
+    return dialog;
+}
+
+KindFields OpenFields(const StandardWaveDialog& dialog) {
+    KindFields open = FieldsOf(dialog.Wave.Kind);
+    open.Dots = open.Dots && !dialog.Operand;
+    return open;
 }
 
 std::string WaveDotnumText(const StandardWaveDialog& dialog) {
@@ -284,7 +292,7 @@ std::string Para2Text(const StandardWaveDialog& dialog) {
 
 void ChangeKind(StandardWaveDialog& dialog, std::int16_t kind) {
     dialog.Wave.Kind = kind >= Sine && kind < WaveKindCount ? kind : std::int16_t{None};
-    if (dialog.Wave.Kind != None) LastKind = dialog.Wave.Kind;
+    if (dialog.Wave.Kind != None && !dialog.Operand) LastKind = dialog.Wave.Kind;
     HoldOffset(dialog);  // a DC offset may use the rails that another wave needs for itself
 }
 
@@ -353,8 +361,9 @@ void ChangeOffsetUnit(StandardWaveDialog& dialog, Flag volts, std::string_view t
 }
 
 void SpinWaveDots(StandardWaveDialog& dialog, std::int32_t tick, bool up) {
+    const std::int32_t lowest = dialog.Operand ? dialog.Room : LowestSpinDots;
     dialog.Wave.DotCount =
-        SpinValue(dialog.Wave.DotCount, StepAt(DotSteps, tick), up, LowestSpinDots, dialog.MaxDots);
+        SpinValue(dialog.Wave.DotCount, StepAt(DotSteps, tick), up, lowest, dialog.MaxDots);
     HoldCyclesAndPulse(dialog);
 }
 
@@ -403,8 +412,13 @@ void PreviewStandardWave(const StandardWaveDialog& dialog, std::vector<WaveDot>&
 
 bool ConfirmStandardWave(StandardWaveDialog& dialog) {
     AnalogWaveRecord& wave = ActiveAnalog();
+    if (!FieldsOf(dialog.Wave.Kind).Dots) return false;
+    if (dialog.Operand) {
+        HoldWaveFields(dialog);
+        return true;
+    }
     dialog.Room = RoomOf(wave);
-    if (!FieldsOf(dialog.Wave.Kind).Dots || dialog.Room < LowestWaveDots) return false;
+    if (dialog.Room < LowestWaveDots) return false;
     dialog.ReEdit = false;
     HoldWaveFields(dialog);
     BeginEdit(wave);
@@ -412,4 +426,22 @@ bool ConfirmStandardWave(StandardWaveDialog& dialog) {
     SaveWaveSettings(dialog.Wave);
     EndEdit(ActiveAnalogIndex, true);
     return true;
+}
+
+void SaveWaveSettings(const WaveSegment& wave) {
+    const auto save = [](std::string_view key, const std::string& text) {
+        SaveSetting(ApplicationTitle, Section, key, text);
+    };
+    const std::int16_t kind = wave.Kind;
+    save("DotNum", std::to_string(wave.DotCount));
+    if (kind != Dc) save("Ampl", ShortestText(wave.Amplitude));
+    save("Offset", ShortestText(wave.Offset));
+    if (FieldsOf(kind).Cycles) {
+        save("Period", std::to_string(wave.Cycles));
+        save("Phase", ShortestText(wave.Phase));
+    }
+    if (kind == Square) save("Duty", std::to_string(wave.Duty));
+    if (kind == Ramp) save("symmetry", std::to_string(wave.Symmetry));
+    if (kind == ExpRise || kind == ExpFall) save("Damp", ShortestText(wave.Damp));
+    if (kind == Sinc) save("Overzero", std::to_string(wave.Overzero));
 }

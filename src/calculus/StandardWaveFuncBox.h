@@ -22,7 +22,8 @@ struct StandardWaveDialog {
     double Vpp = 0.0;           // volts, of the document
     std::int32_t Room = 0;      // most dots that fit: free dots plus the selection's
     std::int32_t MaxDots = 0;
-    Flag ReEdit;  // a picked generated segment is edited again
+    Flag ReEdit;   // a picked generated segment is edited again
+    Flag Operand;  // a wave for wave math: DotNum is locked, OK leaves the document alone
 };
 
 /// Which boxes a wave type uses.
@@ -37,6 +38,13 @@ KindFields FieldsOf(std::int16_t kind);
 /// selection leaves the fields at their initial values, with no dot.
 StandardWaveDialog OpenStandardWave(std::int16_t kind);
 
+/// Fills the dialog for an operand of wave math over the active selection, whose length is locked:
+/// from `last`, the operand chosen before, or, with null, from the settings.
+StandardWaveDialog OpenOperandWave(const WaveSegment* last);
+
+/// Which boxes of the dialog are open.
+KindFields OpenFields(const StandardWaveDialog& dialog);
+
 // Texts that the boxes show.
 std::string WaveDotnumText(const StandardWaveDialog& dialog);
 std::string CyclesText(const StandardWaveDialog& dialog);
@@ -46,7 +54,7 @@ std::string OffsetText(const StandardWaveDialog& dialog);
 std::string Para1Text(const StandardWaveDialog& dialog);  // empty where the type has none
 std::string Para2Text(const StandardWaveDialog& dialog);
 
-/// Selects a type, remembered for the next opening unless it is None.
+/// Selects a type, remembered for the next opening unless it is None or an operand's.
 void ChangeKind(StandardWaveDialog& dialog, std::int16_t kind);
 
 // A box was left with `typed` in it: takes the number, held to its bounds, and then holds the
@@ -81,6 +89,9 @@ void GenerateWave(const WaveSegment& wave, double vpp, WaveDot* dots, std::int32
 void PreviewStandardWave(const StandardWaveDialog& dialog, std::vector<WaveDot>& dots);
 
 /// OK: appends the wave to the active document or replaces the selection by it, as one edit, and
-/// saves the settings. A selection then covers the new wave. False when nothing was done (type
-/// None, or no room for two dots).
+/// saves the settings. A selection then covers the new wave. An operand only has its fields held.
+/// False when nothing was done (type None, or no room for two dots).
 bool ConfirmStandardWave(StandardWaveDialog& dialog);
+
+/// Saves the fields that the wave's type uses, for the next insertion.
+void SaveWaveSettings(const WaveSegment& wave);

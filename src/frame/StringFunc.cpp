@@ -307,6 +307,14 @@ std::string TimeToTextFine(double seconds) {
     return TimeToTextFine(GeneralText(seconds));
 }
 
+std::string WithNumbers(std::string_view pattern, std::initializer_list<std::int64_t> numbers) {
+    std::string text(pattern);
+    for (const std::int64_t number : numbers)
+        if (const std::size_t at = text.find('%'); at != std::string::npos)
+            text.replace(at, 1, std::to_string(number));
+    return text;
+}
+
 char* WriteShortest(char* to, double value) {
     return WriteShortestReal(to, value);
 }

@@ -1,6 +1,8 @@
 #pragma once
 // Numbers to text and back: edit boxes, rulers, print-outs and files. The decimal point is "."
 // whatever the user's locale says. No state.
+#include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +33,9 @@ std::string TimeToText(double seconds);
 /// Seconds with six decimals and a unit, for the digital ruler. Text that is no number counts as 0.
 std::string TimeToTextFine(std::string_view text);
 std::string TimeToTextFine(double seconds);
+
+/// The pattern with each "%", from the left, replaced by the next number.
+std::string WithNumbers(std::string_view pattern, std::initializer_list<std::int64_t> numbers);
 
 // Bytes that a caller of the Write procedures keeps free.
 inline constexpr int NumberWidth = 32;

@@ -9,6 +9,9 @@
 #include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
+#include "calculus/RunEdit.h"
+#include "calculus/TransformFuncBox.h"
+#include "calculus/WindowMathFuncBox.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -47,6 +50,15 @@ bool CanPaste() {
 }
 bool HasDots() {
     return HasAnalog() && ActiveAnalog().Dots > 0;
+}
+bool HasWave() {
+    return HasAnalog() && ActiveAnalog().Dots >= LeastWholeWave;
+}
+bool CanCut() {
+    return HasSelectedDots() && ActiveAnalog().YLimitOn;
+}
+bool CanCombineWindows() {
+    return HasNoDigital() && HasWindowMath();
 }
 bool HasRoom() {
     return ActiveAnalog().HasSelection || !DotsFull(ActiveAnalog());
@@ -149,8 +161,22 @@ void InsertWave(std::int16_t kind) {
     TheHost().RunDialog("StandardWaveFrm", kind);
 }
 
-void EditEquation(std::int16_t replace) {
-    TheHost().RunDialog("EquationFrm", replace);
+constexpr std::string_view Equation = "EquationFrm", Resize = "ResizeWaveFrm",
+                           WaveMath = "WaveMathFrm", WindowMath = "WindowMathFrm",
+                           LowPass = "LowPassSetFrm", Smooth = "SmoothSetFrm";
+
+template <const std::string_view& Window>
+void OpenDialog(std::int16_t argument) {
+    TheHost().RunDialog(Window, argument);
+}
+
+template <void (*Transform)(std::span<WaveDot>)>
+void OnSelection(std::int16_t) {
+    EditSelection(Transform);
+}
+template <void (*Window)(std::span<WaveDot>)>
+void OnWholeWave(std::int16_t) {
+    ApplyWindow(Window);
 }
 
 template <WindowArrangement Kind>
@@ -223,9 +249,9 @@ constexpr CommandRow Rows[] = {
     {"WaveAresBtn6", {}, "Wave6", "", InsertWave, nullptr, CanPickWave, nullptr, 6},
     {"WaveAresBtn7", {}, "Wave7", "", InsertWave, nullptr, CanPickWave, nullptr, 7},
     {"WaveAresBtn8", {}, "Wave8", "", InsertWave, nullptr, CanPickWave, nullptr, 8},
-    {"", {"MnuDraw_InsertMathWave"}, "", "", EditEquation, nullptr, CanAppend, nullptr, 0},
+    {"", {"MnuDraw_InsertMathWave"}, "", "", OpenDialog<Equation>, nullptr, CanAppend, nullptr, 0},
     {"", {"MnuDraw_InsertfromFile"}, "", "", Run<InsertFromFile>, nullptr, HasAnalog, nullptr},
-    {"", {"MnuDraw_FunctionEdit"}, "", "", EditEquation, nullptr, CanInsert, nullptr, 1},
+    {"", {"MnuDraw_FunctionEdit"}, "", "", OpenDialog<Equation>, nullptr, CanInsert, nullptr, 1},
     {"MarkAresBtn", {"MNuDraw_AreaLimit"}, "Mark", "Ctrl+R",
      Run<ToggleAreaLimit>, nullptr, CanMoveLimits, IsOn<&AnalogWaveRecord::RegionLimitOn>},
     {"MarkXAresBtn", {"MnuDraw_XLimit"}, "MarkX", "",
@@ -271,20 +297,29 @@ constexpr CommandRow Rows[] = {
     // Rework
     {"", {"MnuRework_property"}, "Property", "Alt+Return", EditProperty, nullptr, HasAnalog,
      nullptr},
-    {"", {"MnuRework_Resize", "MnuSelect_Resize"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuRework_Invert", "MnuSelect_Invert"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuRework_Mirror", "MnuSelect_Mirror"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuRework_Resize", "MnuSelect_Resize"}, "", "",
+     OpenDialog<Resize>, nullptr, HasSelectedDots, nullptr},
+    {"", {"MnuRework_Invert", "MnuSelect_Invert"}, "", "",
+     OnSelection<InvertDots>, nullptr, HasSelectedDots, nullptr},
+    {"", {"MnuRework_Mirror", "MnuSelect_Mirror"}, "", "",
+     OnSelection<MirrorDots>, nullptr, HasSelectedDots, nullptr},
     // Math
-    {"", {"MnuMath_WaveMath", "MnuSelect_Wavemath"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_WinMath"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_MathCut", "MnuSelect_MathCut"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_ABS", "MnuSelect_Abs"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_WaveMath", "MnuSelect_Wavemath"}, "", "",
+     OpenDialog<WaveMath>, nullptr, HasSelectedDots, nullptr},
+    {"", {"MnuMath_WinMath"}, "", "", OpenDialog<WindowMath>, nullptr, CanCombineWindows, nullptr},
+    {"", {"MnuMath_MathCut", "MnuSelect_MathCut"}, "", "",
+     Run<CutSelection>, nullptr, CanCut, nullptr},
+    {"", {"MnuMath_ABS", "MnuSelect_Abs"}, "", "",
+     OnSelection<AbsoluteDots>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuMath_Mod"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_Filter_LowPass"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_Filter_Smooth", "Mnuselect_Smooth"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_Win_ExtendCos"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_Win_Raisedcos"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuMath_Win_Hamming"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuMath_Filter_LowPass"}, "", "", OpenDialog<LowPass>, nullptr, HasWave, nullptr},
+    {"", {"MnuMath_Filter_Smooth", "Mnuselect_Smooth"}, "", "",
+     OpenDialog<Smooth>, nullptr, HasWave, nullptr},
+    {"", {"MnuMath_Win_ExtendCos"}, "", "",
+     OnWholeWave<ExtendCosineDots>, nullptr, HasWave, nullptr},
+    {"", {"MnuMath_Win_Raisedcos"}, "", "",
+     OnWholeWave<RaisedCosineDots>, nullptr, HasWave, nullptr},
+    {"", {"MnuMath_Win_Hamming"}, "", "", OnWholeWave<HammingDots>, nullptr, HasWave, nullptr},
     // Tool
     {"", {"MnuTool_InstrumenuSel"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"ConnectAresBtn", {"MnuTool_Connect"}, "Connect", "", nullptr, nullptr, nullptr, nullptr},
