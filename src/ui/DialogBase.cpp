@@ -2,12 +2,21 @@
 
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
+#include "ui/PlotPreview.h"
+#include "ui/Theme.h"
 
+#include <algorithm>
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 
 namespace {
+
+constexpr int SignWidth = 20;  // pixels
+constexpr int ListWidth = DialogFieldWidth + DialogUnitGap + DialogUnitWidth;
+constexpr int ListFrame = 36;  // what a list's arrow and margins take of its width
+constexpr int KeyGap = 16;     // between the keys of two curves
+constexpr int KeyHeight = 16;  // whatever the script, whose fonts differ in height
 
 int WidestLabel(const std::string& window, const QFontMetrics& metrics) {
     int widest = 0;
@@ -110,24 +119,129 @@ void DialogBase::AddRow(QGridLayout* form, QLabel* label, QWidget* field, QWidge
     if (unit != nullptr) form->addWidget(unit, row, 4);
 }
 
-QLayout* DialogBase::MakeButtonRow() {
+QComboBox* DialogBase::AddList(QGridLayout* form, const char* name, const char* label,
+                               const QStringList& entries) {
+    auto* list = new QComboBox(this);
+    list->setObjectName(QLatin1String(name));
+    list->setFixedWidth(ListWidth);
+    for (const QString& entry : entries) {
+        const QString shown =
+            fontMetrics().elidedText(entry, Qt::ElideMiddle, ListWidth - ListFrame);
+        list->addItem(shown);
+        if (shown != entry) list->setItemData(list->count() - 1, entry, Qt::ToolTipRole);
+    }
+    const auto showWhole = [list] {
+        list->setToolTip(list->currentData(Qt::ToolTipRole).toString());
+    };
+    connect(list, &QComboBox::currentIndexChanged, list, showWhole);
+    showWhole();
+    AddRow(form, MakeLabel(label, list), list, nullptr);
+    return list;
+}
+
+QStringList DialogBase::EntryTexts(const char* list, int count) const {
+    QStringList texts;
+    for (int i = 0; i < count; ++i) texts << RowText(QLatin1String(list) + QString::number(i));
+    return texts;
+}
+
+void DialogBase::AddNote(QGridLayout* form, int lines) {
+    sign_ = new QLabel(this);
+    sign_->setFixedWidth(SignWidth);
+    sign_->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    note_ = new QLabel(this);
+    note_->setObjectName(QStringLiteral("NoteTxt"));
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    note_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    note_->setFixedHeight(lines * fontMetrics().lineSpacing());
+    note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // no text widens the window
+    const int row = form->rowCount();
+    form->addWidget(sign_, row, 0, Qt::AlignRight | Qt::AlignTop);
+    form->addWidget(note_, row, 2, 1, 3);
+}
+
+void DialogBase::ShowNote(const std::string& note, NoteSign sign) {
+    const bool fault = sign == NoteSign::Fault;
+    const ChromePalette& chrome = CurrentChrome();
+    const QColor colour = MixColours(fault ? chrome.fault : chrome.busy, chrome.text, 0.25);
+    sign_->setStyleSheet(QStringLiteral("color: %1; font-weight: bold;").arg(colour.name()));
+    const bool bare = note.empty() || sign == NoteSign::Nothing;
+    sign_->setText(bare ? QString() : QString(fault ? u'✕' : u'▲'));
+    note_->setText(ToQt(note));
+}
+
+QPushButton* DialogBase::MakeButton(const char* name) {
+    auto* button = new QPushButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    button->setFixedWidth(88);
+    return button;
+}
+
+QHBoxLayout* DialogBase::MakeButtonRow() {
+    QPushButton* confirm = MakeButton("OkAresBtn");
+    confirm->setDefault(true);
+    connect(confirm, &QPushButton::clicked, this, &DialogBase::accept);
+    QPushButton* cancel = MakeButton("CancelAresBtn");
+    connect(cancel, &QPushButton::clicked, this, &DialogBase::reject);
     auto* row = new QHBoxLayout;
     row->setSpacing(DialogRowGap);
     row->addStretch(1);
-    for (const char* name : {"OkAresBtn", "CancelAresBtn"}) {
-        auto* button = new QPushButton(this);
-        button->setObjectName(QLatin1String(name));
-        button->setAutoDefault(false);
-        button->setFixedWidth(88);
-        row->addWidget(button);
-        const bool confirms = row->count() == 2;  // behind the stretch
-        button->setDefault(confirms);
-        connect(button, &QPushButton::clicked, this,
-                confirms ? &DialogBase::accept : &DialogBase::reject);
-    }
+    row->addWidget(confirm);
+    row->addWidget(cancel);
     return row;
+}
+
+QLayout* DialogBase::MakePlot(PlotPreview* plot) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(DialogUnitGap);
+    column->addWidget(plot, 1);
+    auto* keys = new QHBoxLayout;
+    keys->setSpacing(DialogUnitGap);
+    for (const bool under : {false, true}) {
+        const QString name = plot->objectName() + QLatin1String(under ? "UnderInfo" : "Info");
+        if (RowText(name).isEmpty()) continue;
+        if (!keys->isEmpty()) keys->addSpacing(KeyGap - DialogUnitGap);
+        QLabel* text = MakeLabel(name.toLatin1().constData());
+        text->setStyleSheet(QStringLiteral("color: %1;").arg(CurrentChrome().dim.name()));
+        text->setFixedHeight(KeyHeight);
+        keys->addWidget(new CurveKey(under, this));
+        keys->addWidget(text);
+    }
+    keys->addStretch(1);
+    column->addLayout(keys);
+    return column;
+}
+
+QLayout* DialogBase::MakeHalves(QLayout* left, QLayout* right) {
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(DialogMargin);
+    halves->addLayout(left);
+    halves->addLayout(right, 1);
+    return halves;
+}
+
+void DialogBase::LayOut(QLayout* rows, QLayout* buttons) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+    column->setSpacing(DialogRowGap * 2);
+    column->addLayout(rows);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void DialogBase::LeaveFocusedBox() {
     if (auto* box = qobject_cast<NumberBox*>(focusWidget())) box->Leave();
+}
+
+void DialogBase::CloseAfter(bool changed) {
+    if (changed)
+        QDialog::accept();
+    else
+        QDialog::reject();
+}
+
+bool HasDigit(const QString& typed) {
+    return std::ranges::any_of(typed, [](QChar c) { return c.isDigit(); });
 }

@@ -1,7 +1,7 @@
 #pragma once
-// What all dialogs share: one grid of rows (label, field, unit), the two buttons at the bottom
-// right, and texts from the table of window texts by object name. All distances are multiples of
-// four pixels.
+// What all dialogs share: one grid of rows (label, field, unit), a plot at its right where there is
+// one, the two buttons at the bottom right, and texts from the table of window texts by object
+// name. All distances are multiples of four pixels.
 #include "frame/KeyFilter.h"
 #include "ui/NumberBox.h"
 #include "ui/SpinButton.h"
@@ -11,12 +11,18 @@
 #include <QLabel>
 #include <QPushButton>
 
+class PlotPreview;
 class QComboBox;
+class QHBoxLayout;
 
 inline constexpr int DialogMargin = 12;  // pixels around a dialog
 inline constexpr int DialogRowGap = 8;   // between rows, and between a label and its field
 inline constexpr int DialogUnitGap = 4;  // between a field and its unit or spin buttons
 inline constexpr int DialogUnitWidth = 72;
+inline constexpr int DialogFieldWidth = 136;  // of a number beside a plot, 12 digits
+
+// The sign before a note: nothing for a read-out.
+enum class NoteSign { Nothing, Warning, Fault };
 
 class DialogBase : public QDialog {
 public:
@@ -41,11 +47,40 @@ protected:
     /// Adds a row at the end of the form. Without a unit the field has its room too.
     void AddRow(QGridLayout* form, QLabel* label, QWidget* field, QWidget* unit);
 
+    /// Adds a row with a list of the entries, as wide as a number and its unit. Longer entries are
+    /// shortened in their middle; the list's tool tip then has the chosen one in full.
+    QComboBox* AddList(QGridLayout* form, const char* name, const char* label,
+                       const QStringList& entries);
+    /// The texts of list entries, rows such as "MathCmb0".
+    QStringList EntryTexts(const char* list, int count) const;
+
+    /// Adds a row for a note of `lines` lines. It keeps its place while there is nothing to tell,
+    /// so that the window stays still.
+    void AddNote(QGridLayout* form, int lines);
+    void ShowNote(const std::string& note, NoteSign sign);
+
+    QPushButton* MakeButton(const char* name);
     /// OK (the default) and Cancel in a row, at its right end.
-    QLayout* MakeButtonRow();
+    QHBoxLayout* MakeButtonRow();
+
+    /// A plot with a line that names its curves below it, where the window has texts for them: rows
+    /// such as "PicPreviewInfo" and, for the quiet curve, "PicPreviewUnderInfo".
+    QLayout* MakePlot(PlotPreview* plot);
+    /// The two side by side, the left one as narrow as it can be.
+    static QLayout* MakeHalves(QLayout* left, QLayout* right);
+    /// Lays the window out, rows above the buttons, and fixes its size.
+    void LayOut(QLayout* rows, QLayout* buttons);
 
     /// A default button or a mnemonic does not move the focus: hands over the box being typed in.
     void LeaveFocusedBox();
+    /// Ends the dialog, as cancelled where nothing has changed.
+    void CloseAfter(bool changed);
     /// The text of a row of this window, such as a list entry or an alternative label.
     QString RowText(const QString& control) const;
+
+private:
+    QLabel *sign_ = nullptr, *note_ = nullptr;
 };
+
+/// False while typing has emptied a number box, which changes nothing.
+bool HasDigit(const QString& typed);

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr int FieldWidth = 176;  // pixels
-constexpr int SignWidth = 20;
 constexpr int NoteLines = 2;
 
 }  // namespace
@@ -23,19 +22,12 @@ EquationFrm::EquationFrm(QWidget* parent, int replace)
     connect(&count_, &QTimer::timeout, this, &EquationFrm::CountMore);
     BuildForm();
     ApplyTexts();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
     ChooseExpression(ToQt(dialog_.Text));
     ShowDots();
     expression_->setFocus();
 }
 
 void EquationFrm::BuildForm() {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
-    column->setSpacing(DialogRowGap);
-    column->addLayout(BuildExpression());
-    column->addLayout(BuildNote());
-
     QGridLayout* form = MakeForm();
     AddLists(form);
     AddDots(form);
@@ -45,13 +37,11 @@ void EquationFrm::BuildForm() {
     left->addWidget(MakeLegend());
     left->addStretch(1);
     preview_ = new PlotPreview(this);
-    auto* halves = new QHBoxLayout;
-    halves->setSpacing(DialogMargin);
-    halves->addLayout(left);
-    halves->addWidget(preview_, 1);
-    column->addLayout(halves);
-    column->addSpacing(DialogRowGap);
-    column->addLayout(MakeButtonRow());
+    auto* rows = new QVBoxLayout;
+    rows->setSpacing(DialogRowGap);
+    rows->addLayout(BuildExpression());
+    rows->addLayout(MakeHalves(left, MakePlot(preview_)));
+    LayOut(rows, MakeButtonRow());
     ok_ = findChild<QPushButton*>(QStringLiteral("OkAresBtn"));
 }
 
@@ -71,23 +61,7 @@ QLayout* EquationFrm::BuildExpression() {
     connect(expression_, &QLineEdit::returnPressed, this, &EquationFrm::ShowFault);
     QGridLayout* row = MakeForm();
     AddRow(row, MakeLabel("ExpressionLab", expression_), expression_, nullptr);
-    return row;
-}
-
-// The note keeps its place while there is nothing to tell, so that the window stays still.
-QLayout* EquationFrm::BuildNote() {
-    sign_ = new QLabel(this);
-    sign_->setFixedWidth(SignWidth);
-    sign_->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    note_ = new QLabel(this);
-    note_->setObjectName(QStringLiteral("NoteTxt"));
-    note_->setTextFormat(Qt::PlainText);
-    note_->setWordWrap(true);
-    note_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    note_->setFixedHeight(NoteLines * fontMetrics().lineSpacing());
-    QGridLayout* row = MakeForm();
-    row->addWidget(sign_, 0, 0, Qt::AlignRight | Qt::AlignTop);
-    row->addWidget(note_, 0, 2, 1, 3);
+    AddNote(row, NoteLines);
     return row;
 }
 
@@ -171,17 +145,8 @@ void EquationFrm::ShowEquation() {
 
 void EquationFrm::CountMore() {
     if (!CountEquation(dialog_)) count_.start(0);
-    ShowNote();
-}
-
-void EquationFrm::ShowNote() {
-    const std::string note = EquationNote(dialog_);
     const bool fault = dialog_.Fault.Error != EquationError::None;
-    const ChromePalette& chrome = CurrentChrome();
-    const QColor colour = MixColours(fault ? chrome.fault : chrome.busy, chrome.text, 0.25);
-    sign_->setStyleSheet(QStringLiteral("color: %1; font-weight: bold;").arg(colour.name()));
-    sign_->setText(note.empty() ? QString() : QString(fault ? u'✕' : u'▲'));
-    note_->setText(ToQt(note));
+    ShowNote(EquationNote(dialog_), fault ? NoteSign::Fault : NoteSign::Warning);
 }
 
 void EquationFrm::ShowFault() {
@@ -203,8 +168,5 @@ void EquationFrm::accept() {
         ShowFault();
         return;
     }
-    if (ConfirmEquation(dialog_))
-        DialogBase::accept();
-    else
-        DialogBase::reject();
+    CloseAfter(ConfirmEquation(dialog_));
 }

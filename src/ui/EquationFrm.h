@@ -21,7 +21,6 @@ public:
 private:
     void BuildForm();
     QLayout* BuildExpression();
-    QLayout* BuildNote();
     QComboBox* MakeList(const char* name, const char* hint);
     void AddLists(QGridLayout* form);
     void AddDots(QGridLayout* form);
@@ -30,7 +29,6 @@ private:
     void ChooseExpression(const QString& text);
     void ShowDots();
     void ShowEquation();
-    void ShowNote();
     void ShowFault();
     void CountMore();
 
@@ -39,7 +37,6 @@ private:
     QComboBox *examples_, *history_;
     NumberBox* dots_;
     PlotPreview* preview_;
-    QLabel *sign_, *note_;
     QPushButton* ok_;
     QTimer count_;  // goes on counting between two keys
 };

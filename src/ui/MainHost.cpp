@@ -4,11 +4,16 @@
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/EquationFrm.h"
+#include "ui/LowPassSetFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
+#include "ui/ResizeWaveFrm.h"
+#include "ui/SmoothSetFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/StatusStrip.h"
 #include "ui/Theme.h"
+#include "ui/WaveMathFrm.h"
+#include "ui/WindowMathFrm.h"
 
 #include <QAbstractSpinBox>
 #include <QColorDialog>
@@ -21,6 +26,8 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QTranslator>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -126,11 +133,23 @@ std::optional<std::uint32_t> PickColour(Mainfrm& window, std::string_view title,
     return usual ? UsualColour : dialog.currentColor().rgb() & 0xFFFFFFU;
 }
 
+template <typename Frm>
+int RunModal(Mainfrm* parent, std::int16_t argument) {
+    if constexpr (std::is_constructible_v<Frm, QWidget*, int>)
+        return Frm(parent, argument).exec();
+    else
+        return Frm(parent).exec();
+}
+
 bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
-    if (name == "PropertyFrm") return PropertyFrm(&window).exec() == QDialog::Accepted;
-    if (name == "StandardWaveFrm")
-        return StandardWaveFrm(&window, argument).exec() == QDialog::Accepted;
-    if (name == "EquationFrm") return EquationFrm(&window, argument).exec() == QDialog::Accepted;
+    constexpr std::pair<std::string_view, int (*)(Mainfrm*, std::int16_t)> Windows[] = {
+        {"PropertyFrm", RunModal<PropertyFrm>},     {"StandardWaveFrm", RunModal<StandardWaveFrm>},
+        {"EquationFrm", RunModal<EquationFrm>},     {"ResizeWaveFrm", RunModal<ResizeWaveFrm>},
+        {"WaveMathFrm", RunModal<WaveMathFrm>},     {"WindowMathFrm", RunModal<WindowMathFrm>},
+        {"LowPassSetFrm", RunModal<LowPassSetFrm>}, {"SmoothSetFrm", RunModal<SmoothSetFrm>},
+    };
+    for (const auto& [known, run] : Windows)
+        if (known == name) return run(&window, argument) == QDialog::Accepted;
     return false;
 }
 

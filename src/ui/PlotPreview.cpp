@@ -5,23 +5,36 @@
 #include "platform/qt/SurfaceImage.h"
 #include "ui/Theme.h"
 
+#include <algorithm>
 #include <QPainter>
 
 namespace {
 
 constexpr std::int32_t BareSpan = 1000;  // dots of the grid that has no wave
 constexpr int Inset = 8;                 // pixels around the plot, so that the rails stand free
+constexpr double QuietShare = 0.7;       // of the labels' colour over the ground
+constexpr QSize KeySize = {24, 12};      // pixels
+
+// Grey, so that it stays behind a curve of any colour, and well brighter than grid and axes.
+Colour QuietColour() {
+    return MixColours(QColor(ScreenColours.Back), QColor(ScreenColours.Label), QuietShare).rgb() &
+           0xFFFFFFU;
+}
 
 }  // namespace
 
-PlotPreview::PlotPreview(QWidget* parent) : QWidget(parent) {
-    setObjectName(QStringLiteral("PicPreview"));
+PlotPreview::PlotPreview(QWidget* parent, const char* name, const QSize& least)
+    : QWidget(parent), least_(least) {
+    setObjectName(QLatin1String(name));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(sizeHint());
+    setMinimumSize(least);
 }
 
-void PlotPreview::ShowDots(std::vector<WaveDot> dots) {
+void PlotPreview::ShowDots(std::vector<WaveDot> dots, std::vector<WaveDot> under) {
     dots_ = std::move(dots);
+    under_ = std::move(under);
+    for (std::vector<WaveDot>* run : {&dots_, &under_})
+        for (std::size_t i = 0; i < run->size(); ++i) (*run)[i].X = static_cast<double>(i);
     stale_ = true;
     update();
 }
@@ -34,10 +47,11 @@ void PlotPreview::PaintSurface(const QSize& pixels) {
     }
     if (!stale_) return;
     stale_ = false;
-    const auto count = Narrow<std::int32_t>(dots_.size());
+    const auto count = Narrow<std::int32_t>(std::max(dots_.size(), under_.size()));
     const std::int32_t last = count > 1 ? count - 1 : BareSpan;
     const WaveView view = {0, last, 1.0, -1.0};
     DrawGridAndLabels(surface_, view, true, ScreenColours, nullptr, nullptr);
+    DrawWaveCurve(surface_, view, under_, true, QuietColour());
     DrawWaveCurve(surface_, view, dots_, true, ScreenColours.Curve);
 }
 
@@ -48,4 +62,15 @@ void PlotPreview::paintEvent(QPaintEvent* /*event*/) {
     const QRect inside = rect().adjusted(Inset, Inset, -Inset, -Inset);
     PaintSurface((QSizeF(inside.size()) * devicePixelRatioF()).toSize());
     if (!surface_.IsNull()) painter.drawImage(inside, ImageOf(surface_));
+}
+
+CurveKey::CurveKey(bool under, QWidget* parent) : QWidget(parent), under_(under) {
+    setFixedSize(KeySize);
+}
+
+void CurveKey::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(ScreenColours.Back));
+    const QColor curve(under_ ? QuietColour() : ScreenColours.Curve);
+    painter.fillRect(rect().adjusted(4, 5, -4, -5), curve);
 }

@@ -6,14 +6,12 @@
 
 #include <QComboBox>
 #include <QPixmap>
-#include <QVBoxLayout>
+#include <utility>
 
 // Boxes that a wave type does not use are dimmed; the two rows of parameters that only some types
 // have go blank but keep their place, so that the dialog stays still while types are tried.
 
 namespace {
-
-constexpr int FieldWidth = 136;  // pixels, 12 digits
 
 QIcon KindIcon(std::int16_t kind) {
     QIcon icon = ThemedIcon(QStringLiteral("Wave%1").arg(kind));
@@ -32,12 +30,13 @@ void KeepPlace(QWidget* widget) {
 }  // namespace
 
 StandardWaveFrm::StandardWaveFrm(QWidget* parent, int kind)
-    : DialogBase("StandardWaveFrm", parent),
-      dialog_(OpenStandardWave(static_cast<std::int16_t>(kind))) {
+    : StandardWaveFrm(parent, OpenStandardWave(static_cast<std::int16_t>(kind))) {}
+
+StandardWaveFrm::StandardWaveFrm(QWidget* parent, StandardWaveDialog dialog)
+    : DialogBase("StandardWaveFrm", parent), dialog_(std::move(dialog)) {
     BuildForm();
     ApplyTexts();
     ShowFields();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
     kinds_->setFocus();
 }
 
@@ -72,15 +71,7 @@ void StandardWaveFrm::BuildForm() {
     form->setRowStretch(form->rowCount(), 1);
 
     preview_ = new PlotPreview(this);
-    auto* halves = new QHBoxLayout;
-    halves->setSpacing(DialogMargin);
-    halves->addLayout(form);
-    halves->addWidget(preview_, 1);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
-    column->setSpacing(DialogRowGap * 2);
-    column->addLayout(halves);
-    column->addLayout(MakeButtonRow());
+    LayOut(MakeHalves(form, MakePlot(preview_)), MakeButtonRow());
 }
 
 QLabel* StandardWaveFrm::MakeUnitLabel(const char* name) {
@@ -104,7 +95,7 @@ void StandardWaveFrm::AddKinds(QGridLayout* form) {
 
 void StandardWaveFrm::AddField(QGridLayout* form, Field field) {
     field.Label->setBuddy(field.Box);
-    field.Box->setFixedWidth(FieldWidth);
+    field.Box->setFixedWidth(DialogFieldWidth);
     AddRow(form, field.Label, field.Box, field.Unit);
     connect(field.Box, &NumberBox::left, this, [this, field] { LeaveField(field); });
     connect(field.Box, &NumberBox::textEdited, this,
@@ -144,14 +135,14 @@ void StandardWaveFrm::LeaveField(const Field& field) {
 
 // Typing changes the picture at once and the dialog's value only when the box is left.
 void StandardWaveFrm::PreviewTyped(const Field& field, const QString& typed) {
-    if (!std::ranges::any_of(typed, [](QChar c) { return c.isDigit(); })) return;
+    if (!HasDigit(typed)) return;
     StandardWaveDialog tried = dialog_;
     field.Leave(tried, typed.toStdString());
     ShowPreview(tried);
 }
 
 void StandardWaveFrm::ShowFields() {
-    const KindFields used = FieldsOf(dialog_.Wave.Kind);
+    const KindFields used = OpenFields(dialog_);
     kinds_->setCurrentIndex(dialog_.Wave.Kind);
     amplUnit_->setCurrentIndex(dialog_.AmplInVolts ? 0 : 1);
     offsetUnit_->setCurrentIndex(dialog_.OffsetInVolts ? 0 : 1);
@@ -185,8 +176,5 @@ void StandardWaveFrm::ShowPreview(const StandardWaveDialog& dialog) {
 void StandardWaveFrm::accept() {
     LeaveFocusedBox();
     // The type None, or a document without room, leaves everything as it was.
-    if (ConfirmStandardWave(dialog_))
-        DialogBase::accept();
-    else
-        DialogBase::reject();
+    CloseAfter(ConfirmStandardWave(dialog_));
 }

@@ -157,25 +157,6 @@ TEST_F(DialogTest, EquationAtFaultIsShownAndHolds) {
     EXPECT_NEAR(ActiveAnalog().DotArray[10].Y, 10.0 / 11.0, 1e-4);  // 9 * 10 / 99 V of 1 V
 }
 
-// Every text stands in the table, in the language in use, and no two mnemonics meet.
-void ExpectTexts(const QDialog& dialog) {
-    const std::string window = dialog.objectName().toStdString();
-    EXPECT_EQ(dialog.windowTitle().toStdString(), TextOf(window, ""));
-    QStringList texts;
-    for (const QWidget* control : dialog.findChildren<QWidget*>()) {
-        QString text = control->accessibleName();
-        const auto* button = qobject_cast<const QAbstractButton*>(control);
-        if (const auto* label = qobject_cast<const QLabel*>(control)) text = label->text();
-        if (button && !qobject_cast<const SpinButton*>(control)) text = button->text();
-        const std::string name = control->objectName().toStdString();
-        EXPECT_TRUE(!text.isEmpty() || !(button || name.ends_with("unitCmb"))) << name;
-        if (text.isEmpty() || name.empty() || name.starts_with("para")) continue;
-        EXPECT_EQ(text.toStdString(), TextOf(window, name)) << window << ' ' << name;
-        texts << text;
-    }
-    ExpectUniqueMnemonics(dialog.objectName(), texts);
-}
-
 TEST_F(DialogTest, TextsComeFromTheTableInBothLanguages) {
     for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
         ExpectTexts(PropertyFrm());

@@ -6,6 +6,7 @@
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
 #include "ui/NumberBox.h"
+#include "ui/SpinButton.h"
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
@@ -58,6 +59,27 @@ inline void ExpectUniqueMnemonics(const QString& where, const QStringList& texts
         EXPECT_TRUE(letters.insert(text[mark + 1].toUpper()).second)
             << where.toStdString() << ": " << text.toStdString();
     }
+}
+
+// Every text stands in the table, in the language in use, and no two mnemonics meet.
+inline void ExpectTexts(const QDialog& dialog) {
+    const std::string window = dialog.objectName().toStdString();
+    EXPECT_EQ(dialog.windowTitle().toStdString(), TextOf(window, ""));
+    QStringList texts;
+    for (const QWidget* control : dialog.findChildren<QWidget*>()) {
+        QString text = control->accessibleName();
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        if (const auto* label = qobject_cast<const QLabel*>(control)) text = label->text();
+        if (button && !qobject_cast<const SpinButton*>(control)) text = button->text();
+        const std::string name = control->objectName().toStdString();
+        const bool speaks = button || name.ends_with("unitCmb") || name.starts_with("Pic");
+        EXPECT_TRUE(!text.isEmpty() || !speaks) << name;
+        if (text.isEmpty() || name.empty() || name.starts_with("para")) continue;
+        if (name == "NoteTxt") continue;  // tells of values
+        EXPECT_EQ(text.toStdString(), TextOf(window, name)) << window << ' ' << name;
+        texts << text;
+    }
+    ExpectUniqueMnemonics(dialog.objectName(), texts);
 }
 
 // The records as they stand after the start: no document, English.

@@ -1,0 +1,78 @@
+#pragma once
+// A dialog of a few numbers, each with its spin buttons, beside a plot of what they make. The plot
+// follows the keys; the dialog's values change when a box is left or a spin button ticks.
+#include "platform/qt/QtText.h"
+#include "ui/DialogBase.h"
+#include "ui/PlotPreview.h"
+
+#include <span>
+#include <utility>
+
+/// `Dialog` is the record of the numbers, whose rules stand in calculus.
+template <typename Dialog>
+class NumberForm : public DialogBase {
+protected:
+    struct Number {
+        const char *Box, *Label, *Up, *Down;  // names of the controls
+        std::string (*Text)(const Dialog&);
+        void (*Leave)(Dialog&, std::string_view);
+        void (*Spin)(Dialog&, std::int32_t tick, bool up);
+    };
+
+    NumberForm(const char* window, QWidget* parent, Dialog dialog)
+        : DialogBase(window, parent), dialog_(std::move(dialog)), form_(MakeForm()) {}
+
+    void AddNumber(const Number& number) {
+        NumberBox* box = MakeBox(number.Box, KeyKind::Whole);
+        box->setFixedWidth(DialogFieldWidth);
+        SpinButton* spins[] = {MakeSpin(number.Up, true), MakeSpin(number.Down, false)};
+        AddRow(form_, MakeLabel(number.Label, box), box, MakeSpinPair(spins[0], spins[1]));
+        connect(box, &NumberBox::left, this, [this, number](const QString& text) {
+            number.Leave(dialog_, text.toStdString());
+            ShowFields();
+        });
+        connect(box, &NumberBox::textEdited, this, [this, number](const QString& typed) {
+            if (!HasDigit(typed)) return;
+            Dialog tried = dialog_;
+            number.Leave(tried, typed.toStdString());
+            ShowPreview(tried);
+        });
+        for (SpinButton* spin : spins)
+            connect(spin, &SpinButton::tick, this,
+                    [this, number, up = spin == spins[0]](int count) {
+                        number.Spin(dialog_, count, up);
+                        ShowFields();
+                    });
+        fields_.emplace_back(box, number.Text);
+    }
+
+    /// Lays the window out once it has its rows, and fills it.
+    void Finish(QLayout* buttons) {
+        form_->setRowStretch(form_->rowCount(), 1);
+        preview_ = new PlotPreview(this);
+        LayOut(MakeHalves(form_, MakePlot(preview_)), buttons);
+        ApplyTexts();
+        ShowFields();
+        fields_.front().first->setFocus();
+    }
+
+    /// Shows what the numbers of a dialog make, which may be those of a box still being typed in.
+    virtual void ShowPreview(const Dialog& dialog) = 0;
+
+    /// The preview in front of the dots as they are.
+    void ShowOver(std::vector<WaveDot> dots, std::span<const WaveDot> before) {
+        preview_->ShowDots(std::move(dots), {before.begin(), before.end()});
+    }
+
+    Dialog dialog_;
+    QGridLayout* form_;
+
+private:
+    void ShowFields() {
+        for (const auto& [box, text] : fields_) box->setText(ToQt(text(dialog_)));
+        ShowPreview(dialog_);
+    }
+
+    PlotPreview* preview_ = nullptr;
+    std::vector<std::pair<NumberBox*, std::string (*)(const Dialog&)>> fields_;
+};

@@ -1,0 +1,247 @@
+#include "analog/AnalogDocument.h"
+#include "analog/DrawAnalogWave.h"
+#include "analog/ScreenColours.h"
+#include "analog/SegmentEngine.h"
+#include "ui/LowPassSetFrm.h"
+#include "ui/MainWindowFixture.h"
+#include "ui/PlotPreview.h"
+#include "ui/ResizeWaveFrm.h"
+#include "ui/SmoothSetFrm.h"
+#include "ui/WaveMathFrm.h"
+#include "ui/WindowMathFrm.h"
+
+namespace {
+
+// Two documents of 2 Vpp: 200 dots at 0.5, of which 50..149 are selected, and 100 dots at 0.75.
+class CalculusDialogTest : public RecordsTest {
+protected:
+    void SetUp() override {
+        RecordsTest::SetUp();
+        Make(0, 200, 0.5, "First");
+        Make(1, 100, 0.75, std::string(90, 'x'));
+        wave_.HasSelection = true;
+        wave_.SelStart = 50;
+        wave_.SelEnd = 149;
+    }
+    static void Make(std::int16_t slot, std::int32_t dots, double value, const std::string& name) {
+        AnalogWaveRecord& wave = AnalogAt(slot);
+        ResetDocumentState(wave);
+        AllocateDots(wave, 4096);
+        wave.Vpp = 2.0;
+        wave.Period = 1e-5;
+        wave.Name = name;
+        AppendSegment(wave, {.DotCount = dots});
+        for (std::int32_t i = 0; i < dots; ++i) wave.DotArray[i] = {double(i), value};
+        AnalogInUse[slot] = true;
+        ++AnalogDocCount;
+    }
+    static void Show(QWidget& dialog) {
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    double Y(int dot) const { return wave_.DotArray[dot].Y; }
+
+    AnalogWaveRecord& wave_ = AnalogDocs[0];
+};
+
+QImage Picture(const QWidget& dialog, const char* name = "PicPreview") {
+    return FindIn<QWidget>(dialog, name)->grab().toImage();
+}
+void PressIn(const QWidget& dialog, const char* list, Qt::Key key, int times = 1) {
+    for (int i = 0; i < times; ++i) QTest::keyClick(FindIn<QComboBox>(dialog, list), key);
+}
+
+TEST_F(CalculusDialogTest, PreviewDrawsBothRunsOnOneScaleFromTheLeft) {
+    PlotPreview preview(nullptr, "PicPreview", {416, 217});  // a plot of 400 by 201
+    preview.resize(416, 217);
+    std::vector<WaveDot> under(20, {0.0, -0.5});
+    for (std::size_t i = 0; i < under.size(); ++i) under[i].X = 500.0 + static_cast<double>(i);
+    preview.ShowDots(std::vector<WaveDot>(10, {0.0, 0.5}), under);
+    const QImage picture = preview.grab().toImage();
+    const auto contrast = [&](int x, int y) {
+        return ContrastOf(picture.pixel(x + 8, y + 8) & 0xFFFFFFU, ScreenColours.Back);
+    };
+    // Dot 9 of 0..19 stands at 189 of 400.
+    EXPECT_GT(contrast(170, 50), 10.0);
+    EXPECT_LT(contrast(230, 50), 2.5);  // the grid at most
+    for (const int x : {6, 394}) {
+        EXPECT_GT(contrast(x, 150), 3.0) << x;
+        EXPECT_LT(contrast(x, 150), contrast(170, 50) / 2.0) << x;
+    }
+}
+
+TEST_F(CalculusDialogTest, ResizeByKeyboard) {
+    ResizeWaveFrm dialog;
+    Show(dialog);
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "dottxt");
+    const QImage before = Picture(dialog);
+    QTest::keyClicks(dialog.focusWidget(), "51");
+    EXPECT_NE(Picture(dialog), before);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "ampltxt");
+    QTest::keyClicks(dialog.focusWidget(), "40");
+    for (int i = 0; i < 2; ++i) QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(wave_.Dots, 151);
+    for (const int dot : {50, 75, 100}) EXPECT_NEAR(Y(dot), 0.2, 1e-9) << dot;
+    for (const int dot : {49, 101, 150}) EXPECT_EQ(Y(dot), 0.5) << dot;
+}
+
+TEST_F(CalculusDialogTest, StandardWaveBecomesTheOperandUnlessCancelled) {
+    WaveMathFrm dialog;
+    Show(dialog);
+    const auto* source = FindIn<QComboBox>(dialog, "SourceCmb");
+    const auto* resume = FindIn<QPushButton>(dialog, "ResumeAresBtn");
+    const QSize size = dialog.size();
+    const QImage before = Picture(dialog, "PicSource");
+    const auto choose = [&](bool confirm) {
+        WithDialog([&] { PressIn(dialog, "SourceCmb", Qt::Key_Down); },
+                   [&](QWidget* wave) {
+                       EXPECT_FALSE(FindIn(*wave, "DotnumTxt")->isEnabled());
+                       EXPECT_EQ(FindIn(*wave, "DotnumTxt")->text(), "100");
+                       PressIn(*wave, "WaveTypeCmb", Qt::Key_End);
+                       PressIn(*wave, "WaveTypeCmb", Qt::Key_Up);  // DC
+                       Type(*wave, "offsettxt", "-0.75");
+                       FindIn<QPushButton>(*wave, confirm ? "OkAresBtn" : "CancelAresBtn")->click();
+                   });
+    };
+    choose(false);
+    EXPECT_EQ(source->currentIndex(), 0);
+    EXPECT_EQ(Picture(dialog, "PicSource"), before);
+    EXPECT_FALSE(FindIn<QLabel>(dialog, "NoteTxt")->text().isEmpty());  // no dot to clip in
+    choose(true);
+    EXPECT_EQ(source->currentIndex(), 1);
+    EXPECT_NE(Picture(dialog, "PicSource"), before);
+    const QImage alone = Picture(dialog, "PicResult");
+    PressIn(dialog, "MathCmb", Qt::Key_Down);
+    EXPECT_NE(Picture(dialog, "PicResult"), alone);
+    FindIn<QPushButton>(dialog, "ResumeAresBtn")->click();
+    EXPECT_FALSE(resume->isEnabled());
+    EXPECT_EQ(Picture(dialog, "PicResult"), alone);
+    PressIn(dialog, "MathCmb", Qt::Key_Down);
+    EXPECT_TRUE(resume->isEnabled());
+    EXPECT_EQ(dialog.size(), size);
+    EXPECT_EQ(Y(50), 0.5);
+    dialog.accept();
+    EXPECT_EQ(wave_.Dots, 200);
+    for (const int dot : {50, 149}) EXPECT_NEAR(Y(dot), -0.25, 1e-6) << dot;
+    for (const int dot : {49, 150}) EXPECT_EQ(Y(dot), 0.5) << dot;
+}
+
+TEST_F(CalculusDialogTest, WindowMathListsDocumentsAndResumes) {
+    WindowMathFrm dialog;
+    Show(dialog);
+    const auto* math = FindIn<QComboBox>(dialog, "MathCmb");
+    const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
+    const QSize size = dialog.size();
+    EXPECT_EQ(FindIn<QComboBox>(dialog, "SourceCmb")->currentText(), "First");
+    EXPECT_EQ(math->toolTip(), QString(90, 'x'));
+    EXPECT_LT(math->fontMetrics().horizontalAdvance(math->currentText()), math->width() - 24);
+    const QImage alone = Picture(dialog);
+    PressIn(dialog, "OperateCmb", Qt::Key_Down);
+    EXPECT_EQ(note->text(),
+              "Dots from 100 on stay as they are. "
+              "100 of 200 values lie beyond the rails and are clipped.");
+    EXPECT_EQ(dialog.size(), size);
+    FindIn<QPushButton>(dialog, "ResumeAresBtn")->click();
+    EXPECT_TRUE(note->text().isEmpty());
+    EXPECT_EQ(FindIn<QComboBox>(dialog, "OperateCmb")->currentIndex(), 0);
+    EXPECT_EQ(Picture(dialog), alone);
+    PressIn(dialog, "OperateCmb", Qt::Key_Down, 3);
+    dialog.accept();
+    EXPECT_EQ(Y(99), 0.375);  // 0.5 * 0.75
+    EXPECT_EQ(Y(100), 0.5);
+}
+
+// Notes that the message was painted, and whether the wave was still as before.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(const AnalogWaveRecord& wave) : wave_(wave) {}
+    int Early = 0, Late = 0;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++(wave_.DotArray[100].Y == 0.5 ? Early : Late);
+        return false;
+    }
+
+private:
+    const AnalogWaveRecord& wave_;
+};
+
+TEST_F(CalculusDialogTest, LowPassSaysSoBeforeTheWork) {
+    for (int dot = 1; dot < 200; dot += 2) wave_.DotArray[dot].Y = -0.5;
+    LowPassSetFrm dialog;
+    Show(dialog);
+    const QSize size = dialog.size();
+    auto* message = FindIn<QLabel>(dialog, "MessageLab");
+    const auto* ok = FindIn<QPushButton>(dialog, "OkAresBtn");
+    PaintWatch watch(wave_);
+    message->installEventFilter(&watch);
+    const QImage before = Picture(dialog);
+    for (int dot = 0; dot < 50; ++dot) wave_.DotArray[dot].Y = 0.9;  // seen when it filters anew
+    QTest::keyClicks(Type(dialog, "CutOffTxt", "9"), "0");
+    EXPECT_EQ(Picture(dialog), before);  // until the keys pause
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Picture(dialog) != before; }, 2000));
+    dialog.accept();
+    EXPECT_EQ(watch.Early, 1);
+    EXPECT_TRUE(message->isVisible());
+    EXPECT_FALSE(ok->isVisible());
+    EXPECT_EQ(dialog.size(), size);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    dialog.close();
+    dialog.accept();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Y(100), 0.5);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }, 2000));
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(watch.Late, 0);
+    EXPECT_NE(Y(100), 0.5);
+    EXPECT_EQ(FindIn<QTimer>(dialog, "Timer2")->isActive(), false);
+}
+
+TEST_F(CalculusDialogTest, SmoothRaisesAnEvenNumber) {
+    SmoothSetFrm dialog;
+    Show(dialog);
+    NumberBox* box = Type(dialog, "smoothdottxt", "4");
+    QTest::keyClick(box, Qt::Key_Tab);
+    EXPECT_EQ(box->text(), "5");
+    dialog.accept();
+    const std::pair<int, double> dots[] = {{49, 0.5}, {50, 0.3}, {51, 0.4}, {52, 0.5}};
+    for (const auto& [dot, value] : dots) EXPECT_NEAR(Y(dot), value, 1e-12) << dot;
+}
+
+TEST_F(CalculusDialogTest, TextsComeFromTheTableAndKeepTheSize) {
+    std::map<std::string, QSize> sizes;
+    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
+        const ResizeWaveFrm resize;
+        const WaveMathFrm waveMath;
+        const WindowMathFrm windowMath;
+        const LowPassSetFrm lowPass;
+        const SmoothSetFrm smooth;
+        for (const QDialog* dialog : std::initializer_list<const QDialog*>{
+                 &resize, &waveMath, &windowMath, &lowPass, &smooth}) {
+            ExpectTexts(*dialog);
+            const std::string name = dialog->objectName().toStdString();
+            const auto [first, isNew] = sizes.emplace(name, dialog->sizeHint());
+            EXPECT_EQ(first->second, dialog->sizeHint()) << name;
+            for (const QComboBox* list : dialog->findChildren<QComboBox*>())
+                EXPECT_FALSE(list->accessibleName().isEmpty()) << name;
+        }
+    }
+}
+
+using DialogNameTest = MainWindowTest;
+
+TEST_F(DialogNameTest, HostRunsEachWindowByItsName) {
+    NewSine();
+    AnalogWaveRecord& wave = ActiveAnalog();
+    wave.HasSelection = true;
+    wave.SelEnd = 99;
+    for (const char* name :
+         {"ResizeWaveFrm", "WaveMathFrm", "WindowMathFrm", "LowPassSetFrm", "SmoothSetFrm"})
+        WithDialog([&] { EXPECT_FALSE(TheHost().RunDialog(name, 0)); },
+                   [&](QWidget* dialog) { EXPECT_EQ(dialog->objectName(), name); });
+}
+
+}  // namespace
