@@ -200,6 +200,7 @@ int RunTour(const QString& folder) {
     OpenFile(tour, tour.Folder.filePath("waveform.txt"));
     Picture(tour, tour.Window.get(), "opened-again");
     DrawWithTheMouse(tour);
+    ComputeWaves(tour);
     ArrangeWindows(tour);
     SpeakChinese(tour);
     OpenTen(tour);

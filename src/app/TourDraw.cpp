@@ -8,7 +8,6 @@
 #include "ui/WavePic.h"
 
 #include <cmath>
-#include <QAbstractButton>
 
 // The drawing chapter works with mouse events at places given in dots and volts, as a user aims.
 
@@ -204,10 +203,6 @@ void DrawWithTheMouse(TourState& tour) {
     Click(Box(tour, "ZoomRegionAresBtn"));
     Picture(tour, tour.Window.get(), "chinese-zoom");
     Choose(tour, "MnuHelp_Lang_En");
-    WithDialog([&] { Click(Control(tour.Window->AnalogWindow(ActiveAnalogIndex), "ExtBtn")); },
-               [](QWidget* box) {
-                   for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                       if (button->text() == "&No") button->click();
-               });
+    DiscardDocument(tour);
     Step(tour, "the drawing is closed without saving", AnalogDocCount == open);
 }

@@ -1,10 +1,13 @@
 #include "app/TourSteps.h"
 
 #include "app/TourHands.h"
+#include "frame/GlobalDefineCode.h"
 #include "ui/ActionTable.h"
+#include "ui/WaveFrm.h"
 
 #include <cmath>
 #include <cstdio>
+#include <QAbstractButton>
 #include <QAction>
 
 void Step(TourState& tour, const char* what, bool good) {
@@ -48,6 +51,14 @@ void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
                    }
                    if (picture) Picture(tour, dialog, picture);
                    Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
+void DiscardDocument(TourState& tour) {
+    WithDialog([&] { Click(Control(tour.Window->AnalogWindow(ActiveAnalogIndex), "ExtBtn")); },
+               [](QWidget* box) {
+                   for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
+                       if (button->text() == "&No") button->click();
                });
 }
 

@@ -31,6 +31,9 @@ struct WaveValues {
 };
 void InsertWave(TourState& tour, const WaveValues& wave, const char* picture);
 
+/// Closes the active document and declines to save it.
+void DiscardDocument(TourState& tour);
+
 void AnswerFileDialog(QWidget* dialog, const QString& path);
 
 bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within);
@@ -38,3 +41,6 @@ std::vector<WaveDot> DotsOf(const AnalogWaveRecord& wave);
 
 /// The chapter on drawing, zoom and limits, on a document of its own.
 void DrawWithTheMouse(TourState& tour);
+
+/// The chapter on resize, transforms, math and filters, on documents of its own.
+void ComputeWaves(TourState& tour);
