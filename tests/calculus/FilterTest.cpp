@@ -8,66 +8,55 @@
 
 namespace {
 
-constexpr std::string_view LowPassSection = "Tidemark_LowPass", SmoothSection = "Tidemark_Smooth";
-
 class FilterTest : public RunFixture {
 protected:
-    static void Smooth(const char* typed) {
+    static SmoothDialog Length(const char* typed) {
         SmoothDialog dialog = OpenSmooth();
         LeaveSmoothDot(dialog, typed);
-        EXPECT_TRUE(ConfirmSmooth(dialog));
+        return dialog;
     }
-    static void LowPass(const char* typed) {
+    static LowPassDialog CutAt(const char* typed) {
         LowPassDialog dialog = OpenLowPass();
         LeaveCutOff(dialog, typed);
-        EXPECT_TRUE(PrepareLowPass(dialog));
-        RunLowPass(dialog);
+        return dialog;
+    }
+    static void LowPass(const char* typed) {
+        EXPECT_TRUE(PrepareLowPass(CutAt(typed)));
+        RunLowPass(CutAt(typed));
     }
 };
 
 TEST_F(FilterTest, LowPassFigures) {
-    InstrumentModel = 2;
-    SetInstrumentLimits();
-    const struct {
-        int Dots, MaxCut, FftLength;
-    } lengths[] = {{2, 1, 8},
-                   {3, 2, 16},
-                   {4, 2, 16},
-                   {5, 4, 16},
-                   {6, 3, 32},
-                   {7, 4, 32},  // 2.5, 3.5, 4.5 to even
-                   {1000, 500, 4096},
-                   {1365, 684, 4096},
-                   {1366, 683, 8192},
-                   {4096, 2048, 16384},
-                   {1048576, 524288, 4194304}};
+    const int lengths[][3] = {{2, 1, 8},
+                              {3, 2, 16},
+                              {4, 2, 16},
+                              {5, 4, 16},  // 2.5, 3.5 to even
+                              {1000, 500, 4096},
+                              {1365, 684, 4096},
+                              {1366, 683, 8192},
+                              {4096, 2048, 16384},
+                              {1048576, 524288, 4194304}};
     for (const auto& [dots, maxCut, fftLength] : lengths) {
-        MakeDocument("c", dots, std::max(dots, 8));
-        EXPECT_EQ(OpenLowPass().MaxCut, maxCut) << dots;
-        EXPECT_EQ(OpenLowPass().FftLength, fftLength) << dots;
+        MakeDocument("c", dots, dots);
+        EXPECT_TRUE(OpenLowPass().MaxCut == maxCut && OpenLowPass().FftLength == fftLength) << dots;
     }
     MakeDocument("c", 4096, 4096).Period = 1e-3;
     // taps 9.9 * 16384 / cut-off, below the dots; hertz cut-off / 16384 * 4096 / 1 ms
-    const std::tuple<const char*, const char*, int, const char*> cuts[] = {
-        {"0", "1", 4095, "Cut-off at 250.000 Hz, 4095 taps"},
-        {"1", "1", 4095, "Cut-off at 250.000 Hz, 4095 taps"},
-        {"39", "39", 4095, "Cut-off at 9.750 kHz, 4095 taps"},  // 4159.02
-        {"40", "40", 4055, "Cut-off at 10.000 kHz, 4055 taps"},
-        {"2048", "2048", 79, "Cut-off at 512.000 kHz, 79 taps"},
-        {"2049", "2048", 79, "Cut-off at 512.000 kHz, 79 taps"}};
-    for (const auto& [typed, shown, taps, note] : cuts) {
-        LowPassDialog dialog = OpenLowPass();
-        LeaveCutOff(dialog, typed);
-        EXPECT_EQ(CutOffText(dialog), shown);
-        EXPECT_EQ(dialog.FilterLen, taps) << typed;
-        EXPECT_EQ(LowPassNote(dialog), note);
+    const std::tuple<const char*, double, const char*> cuts[] = {
+        {"0", 1.0, "Cut-off at 250.000 Hz, 4095 taps"},
+        {"39", 39.0, "Cut-off at 9.750 kHz, 4095 taps"},  // 4159.02
+        {"40", 40.0, "Cut-off at 10.000 kHz, 4055 taps"},
+        {"2048", 2048.0, "Cut-off at 512.000 kHz, 79 taps"},
+        {"2049", 2048.0, "Cut-off at 512.000 kHz, 79 taps"}};
+    for (const auto& [typed, cut, note] : cuts) {
+        EXPECT_EQ(CutAt(typed).CutFreq, cut);
+        EXPECT_EQ(LowPassNote(CutAt(typed)), note);
     }
-    const std::tuple<int, bool, double> ticks[] = {
-        {10, true, 1001}, {11, true, 1010}, {21, false, 980}, {31, true, 1050},
-        {41, false, 900}, {51, true, 1200}, {400, true, 1200}};
+    const std::tuple<int, bool, double> ticks[] = {{10, true, 1001}, {11, true, 1010},
+                                                   {21, false, 980}, {31, true, 1050},
+                                                   {41, false, 900}, {51, true, 1200}};
     for (const auto& [tick, up, cut] : ticks) {
-        LowPassDialog dialog = OpenLowPass();
-        LeaveCutOff(dialog, "1000");
+        LowPassDialog dialog = CutAt("1000");
         SpinCutOff(dialog, tick, up);
         EXPECT_EQ(dialog.CutFreq, cut) << tick;
     }
@@ -84,86 +73,68 @@ TEST_F(FilterTest, LowPassOfTheWholeWave) {
     Edit([] { LowPass("400"); });
     EXPECT_EQ(Runs(wave), "c0-4095");
     for (int i = 400; i < 3696; i += 97) EXPECT_NEAR(wave.DotArray[i].Y, sine(4, i), 2e-3) << i;
-    EXPECT_EQ(Saved(LowPassSection, {"CutFreq"}), "400 ");
+    EXPECT_EQ(Saved("Tidemark_LowPass", {"CutFreq"}), "400 ");
     EXPECT_EQ(CutOffText(OpenLowPass()), "400");
-
-    for (const std::size_t dots : {2, 3, 1000}) {
-        AnalogWaveRecord& constant = MakeWave(Values(dots, 1.0), 1000);
-        Edit([] { LowPass("1"); });
-        EXPECT_EQ(ValuesOf(constant), Values(dots, 1.0)) << dots;
-    }
-    Values steps;  // overshoot at full-scale steps is clipped
-    for (int i = 0; i < 1000; ++i) steps.push_back(i / 100 % 2 == 0 ? 1.0 : -1.0);
-    AnalogWaveRecord& square = MakeWave(steps);
-    Edit([] { LowPass("300"); });
-    EXPECT_EQ(std::ranges::count(ValuesOf(square), 1.0) > 10, true);
-    for (const std::size_t dots : {0, 1}) {
-        MakeWave(Values(dots, 1.0));
-        ExpectNothing([] { EXPECT_FALSE(PrepareLowPass(OpenLowPass())); });
-    }
+    Values square;
+    for (int i = 0; i < 1000; ++i) square.push_back(i / 100 % 2 == 0 ? 1.0 : -1.0);
+    MakeWave(square);
+    Edit([] { LowPass("300"); });  // overshoot is clipped
+    EXPECT_EQ(std::ranges::max(ValuesOf(ActiveAnalog())), 1.0);
+    MakeWave({1.0});
+    ExpectNothing([] { EXPECT_FALSE(PrepareLowPass(OpenLowPass())); });
 }
 
 TEST_F(FilterTest, SmoothLengthIsOddAndHeld) {
     const std::tuple<int, const char*, const char*> rows[] = {
-        {200, "2", "3"}, {200, "4", "5"},  {200, "98", "99"}, {200, "100", "99"},
-        {200, "", "3"},  {10, "10", "11"}, {10, "12", "11"},  {10, "9", "9"},
-        {2, "99", "3"},  {3, "99", "3"},   {1, "3", "1"}};
+        {200, "2", "3"},  {200, "4", "5"},  {200, "98", "99"}, {200, "100", "99"}, {200, "", "3"},
+        {10, "10", "11"}, {10, "12", "11"}, {10, "9", "9"},    {2, "99", "3"},     {1, "3", "1"}};
     for (const auto& [selected, typed, shown] : rows) {
         SelectDots(MakeWave(Values(200, 0.5)), 0, selected - 1);
-        SmoothDialog dialog = OpenSmooth();
-        LeaveSmoothDot(dialog, typed);
-        EXPECT_EQ(SmoothDotText(dialog), shown) << selected << ' ' << typed;
+        EXPECT_EQ(SmoothDotText(Length(typed)), shown) << selected << ' ' << typed;
     }
     MakeWave(Values(98, 0.5));
-    SmoothDialog dialog = OpenSmooth();
-    LeaveSmoothDot(dialog, "97");
+    SmoothDialog dialog = Length("97");
     SpinSmoothDot(dialog, 60, true);
     EXPECT_EQ(dialog.SmoothDot, 99);  // 98 is the bound and even
-    LeaveSmoothDot(dialog, "3");
+    dialog = Length("3");
     SpinSmoothDot(dialog, 1, false);
     EXPECT_EQ(dialog.SmoothDot, 3);
-    Save(SmoothSection, {{"SmoothDot", "50"}});
+    Save("Tidemark_Smooth", {{"SmoothDot", "50"}});
     EXPECT_EQ(OpenSmooth().SmoothDot, 51);
 }
 
 TEST_F(FilterTest, SmoothByHand) {
-    const struct {
-        int First, Last;  // of the selection; none for -1
-        const char* Typed;
-        Values Before, After;
-        const char* Runs;
-    } rows[] = {{-1, 0, "3", {1, 1, 1, 1, 1}, {2.0 / 3, 1, 1, 1, 2.0 / 3}, "c0-4"},
-                {-1, 0, "3", {0.3, 0.9}, {0.4, 0.4}, "c0-1"},
-                {-1, 0, "5", {1, 0, 0, 0, 0, -1}, {0.2, 0.2, 0.2, -0.2, -0.2, -0.2}, "c0-5"},
-                {1, 3, "3", {1, 0.3, 0.6, 0.9, 1}, {1, 0.3, 0.6, 0.5, 1}, "c0-4"},
-                {1, 2, "2", {1, 0.3, 0.6, 1}, {1, 0.3, 0.3, 1}, "c0-3"},
-                {1, 1, "3", {1, 0.3, 1}, {1, 0.3, 1}, "c0-2"}};
-    for (const auto& row : rows) {
-        AnalogWaveRecord& wave = MakeWave(row.Before);
-        if (row.First >= 0) SelectDots(wave, row.First, row.Last);
-        Edit([&] { Smooth(row.Typed); });
-        ExpectNear(ValuesOf(wave), row.After, 1e-12);
-        EXPECT_EQ(Runs(wave), row.Runs);
+    const std::tuple<int, int, const char*, Values, Values> rows[] = {
+        // no selection for 0..-1
+        {0, -1, "3", {1, 1, 1, 1, 1}, {2.0 / 3, 1, 1, 1, 2.0 / 3}},
+        {0, -1, "3", {0.3, 0.9}, {0.4, 0.4}},
+        {0, -1, "5", {1, 0, 0, 0, 0, -1}, {0.2, 0.2, 0.2, -0.2, -0.2, -0.2}},
+        {1, 3, "3", {1, 0.3, 0.6, 0.9, 1}, {1, 0.3, 0.6, 0.5, 1}},
+        {1, 2, "2", {1, 0.3, 0.6, 1}, {1, 0.3, 0.3, 1}},
+        {1, 1, "3", {1, 0.3, 1}, {1, 0.3, 1}}};
+    for (const auto& [first, last, typed, before, after] : rows) {
+        AnalogWaveRecord& wave = MakeWave(before);
+        if (first <= last) SelectDots(wave, first, last);
+        Edit([typed = typed] { EXPECT_TRUE(ConfirmSmooth(Length(typed))); });
+        EXPECT_THAT(ValuesOf(wave), Near(after));
     }
-    EXPECT_EQ(Saved(SmoothSection, {"SmoothDot"}), "1 ");
+    EXPECT_EQ(Saved("Tidemark_Smooth", {"SmoothDot"}), "1 ");
     MakeWave({1.0});
     ExpectNothing([] { EXPECT_FALSE(ConfirmSmooth(OpenSmooth())); });
 }
 
 TEST_F(FilterTest, RunningSumAgreesWithTheDirectSum) {
     std::mt19937 random(7);
-    std::uniform_real_distribution<double> value(-1.0, 1.0);
     for (const int count : {1, 40, 192, 193, 255, 256, 257, 4097, 9000}) {
-        Values before(count);
-        for (double& y : before) y = value(random);
+        std::vector<WaveDot> before(count);
+        for (WaveDot& dot : before) dot.Y = std::uniform_real_distribution(-1.0, 1.0)(random);
         for (const int length : {1, 3, 5, 51, 99}) {
-            std::vector<WaveDot> dots(count);
-            for (int i = 0; i < count; ++i) dots[i] = {double(i), before[i]};
+            std::vector<WaveDot> dots = before;
             SmoothDots(dots, length);
             for (int i = 0; i < count; ++i) {
                 double sum = 0.0;
                 for (int j = i - length / 2; j <= i + length / 2; ++j)
-                    if (j >= 0 && j < count) sum += before[j];
+                    if (j >= 0 && j < count) sum += before[j].Y;
                 ASSERT_NEAR(dots[i].Y, sum / length, 1e-12) << count << ' ' << length << ' ' << i;
             }
         }

@@ -4,18 +4,24 @@
 #include "calculus/DialogFixture.h"
 #include "calculus/RunEdit.h"
 
-#include <functional>
+#include <gmock/gmock.h>
 
 using Values = std::vector<double>;
 
+/// All values lie near those expected.
+inline auto Near(const Values& expected, double within = 1e-12) {
+    return ::testing::Pointwise(::testing::DoubleNear(within), expected);
+}
+
 class RunFixture : public DialogFixture {
 protected:
-    /// An open document of one custom run with the given amplitudes.
-    static AnalogWaveRecord& MakeWave(const Values& values, std::int32_t maxDots = 1000,
+    /// An open document of one custom run with the given amplitudes; full, unless there is room.
+    static AnalogWaveRecord& MakeWave(const Values& values, std::int32_t maxDots = 0,
                                       std::int16_t slot = 0) {
+        const auto count = static_cast<int>(values.size());
         AnalogWaveRecord& wave =
-            AnalogFixture::MakeDocument("c", static_cast<int>(values.size()), maxDots, slot);
-        for (std::size_t i = 0; i < values.size(); ++i) wave.DotArray[i].Y = values[i];
+            AnalogFixture::MakeDocument("c", count, std::max(count, maxDots), slot);
+        for (int i = 0; i < count; ++i) wave.DotArray[i].Y = values[i];
         return wave;
     }
     static Values ValuesOf(const AnalogWaveRecord& wave) {
@@ -23,35 +29,28 @@ protected:
         for (const WaveDot& dot : WholeWave(wave)) values.push_back(dot.Y);
         return values;
     }
-    static void ExpectNear(const Values& values, const Values& expected, double within = 1e-6) {
-        ASSERT_EQ(values.size(), expected.size());
-        for (std::size_t i = 0; i < values.size(); ++i)
-            EXPECT_NEAR(values[i], expected[i], within) << i;
-    }
     /// Dots and segments of a wave, each field of them as text.
     static std::string Everything(const AnalogWaveRecord& wave) {
         std::ostringstream text;
         text << std::hexfloat << wave.Dots << ' ' << wave.LastDot << '\n';
         for (const WaveDot& dot : WholeWave(wave)) text << dot.X << ' ' << dot.Y << '\n';
-        for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
-            const WaveSegment& s = wave.Segments[i];
+        for (const WaveSegment& s : std::span(wave.Segments).first(wave.SegmentCount))
             text << bool(s.Custom) << ' ' << s.StartDot << ' ' << s.RunStart << ' ' << s.EndDot
                  << ' ' << s.Kind << ' ' << s.DotCount << ' ' << s.Amplitude << ' ' << s.Offset
                  << ' ' << s.Cycles << ' ' << s.Phase << ' ' << s.Duty << ' ' << s.PWidthDots << ' '
                  << s.SlopeDots << ' ' << s.Symmetry << ' ' << s.Overzero << ' ' << s.Damp << '\n';
-        }
         return text.str();
     }
-    /// Runs an edit of the active document that must change it, and undo and resume behind it.
-    static void Edit(const std::function<void()>& edit) {
+    /// Runs an edit of the active document, and undo and resume behind it.
+    template <typename Command>
+    static void Edit(Command edit) {
         AnalogWaveRecord& wave = ActiveAnalog();
-        const std::int32_t start = wave.ViewStart, end = wave.ViewEnd;
         const std::string before = Everything(wave);
         wave.Modified = wave.UndoAvailable = false;
         wave.ResumeAvailable = true;
         edit();
         EXPECT_TRUE(wave.Modified && wave.UndoAvailable && !wave.ResumeAvailable);
-        EXPECT_TRUE(wave.ViewStart == start && wave.ViewEnd == end);
+        EXPECT_TRUE(wave.ViewStart == 0 && wave.ViewEnd == wave.MaxDots - 1);
         ExpectSound(wave);
         const std::string after = Everything(wave);
         UndoAnalog();
@@ -60,11 +59,12 @@ protected:
         EXPECT_EQ(Everything(wave), after);
     }
     /// Runs something that must leave the active document alone, undo included.
-    static void ExpectNothing(const std::function<void()>& command) {
-        const AnalogWaveRecord& wave = ActiveAnalog();
-        const std::string before = Everything(wave);
+    template <typename Command>
+    static void ExpectNothing(Command command) {
+        const std::string before = Everything(ActiveAnalog());
+        ActiveAnalog().Modified = ActiveAnalog().UndoAvailable = false;
         command();
-        EXPECT_EQ(Everything(wave), before);
-        EXPECT_FALSE(wave.Modified || wave.UndoAvailable);
+        EXPECT_EQ(Everything(ActiveAnalog()), before);
+        EXPECT_FALSE(ActiveAnalog().Modified || ActiveAnalog().UndoAvailable);
     }
 };

@@ -49,7 +49,15 @@ TEST_F(CommandTableTest, StatesFollowTheDocument) {
                                                              {"MnuView_SetGrid", "nedsfFcur1i"},
                                                              {"MnuDraw_InsertFromClipBoard", "c"},
                                                              {"MnuDraw_InsertMathWave", "edscur1i"},
-                                                             {"MnuDraw_FunctionEdit", "edsFcur1i"}};
+                                                             {"MnuDraw_FunctionEdit", "edsFcur1i"},
+                                                             {"MnuSelect_Resize", "sF1"},
+                                                             {"MnuRework_Mirror", "sF1"},
+                                                             {"MnuSelect_Wavemath", "sF1"},
+                                                             {"MnuMath_MathCut", ""},
+                                                             {"MnuMath_WinMath", "dsfFcur1i"},
+                                                             {"MnuMath_Filter_LowPass", "dsfFcur"},
+                                                             {"Mnuselect_Smooth", "dsfFcur"},
+                                                             {"MnuMath_Win_Hamming", "dsfFcur"}};
     for (const char state : states) {
         SetUp();
         RefreshDotCommands();  // no document: forgets the state before
@@ -106,6 +114,20 @@ TEST_F(CommandTableTest, TheTagOfTheActiveWindowDecides) {
         RunCommand("MnuEdit_SelAll");
         EXPECT_TRUE(ActiveAnalogIndex == analog && ActiveDigitIndex == digital) << tag;
         EXPECT_EQ(bool(AnalogDocs[0].HasSelection), tag != 3) << tag;
+    }
+}
+
+TEST_F(CommandTableTest, MathCutNeedsTheHorizontalLines) {
+    AnalogWaveRecord& wave = MakeDocument("c", 50, 100);
+    wave.XLimitOn = true;
+    wave.PlotHeight = 100;
+    wave.YLimitBottom = 100.0F;
+    wave.YLimitTop = 49.0F;  // 0.02, dot 20
+    RunCommand("MnuEdit_SelAll");
+    for (const bool on : {false, true}) {
+        wave.YLimitOn = on;
+        RunCommand("MnuSelect_MathCut");
+        EXPECT_NEAR(wave.DotArray[49].Y, on ? 0.02 : 0.049, 1e-12);
     }
 }
 
