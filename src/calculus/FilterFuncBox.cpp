@@ -110,9 +110,9 @@ void RunLowPass(const LowPassDialog& dialog) {
 }
 
 SmoothDialog OpenSmooth() {
-    const AnalogWaveRecord& wave = ActiveAnalog();
+    const auto run = SmoothedRun(ActiveAnalog());
     SmoothDialog dialog;
-    dialog.Highest = std::min(LongestSmooth, wave.HasSelection ? SelectionLength(wave) : wave.Dots);
+    dialog.Highest = Narrow<std::int32_t>(std::min<std::ptrdiff_t>(LongestSmooth, std::ssize(run)));
     SetSmoothDot(dialog, ReadSettingNumber(SmoothSection, "SmoothDot", LeastSmooth, LeastSmooth,
                                            double(dialog.Highest)));
     return dialog;
@@ -130,9 +130,12 @@ void SpinSmoothDot(SmoothDialog& dialog, std::int32_t /*tick*/, bool up) {
     SetSmoothDot(dialog, SpinValue(dialog.SmoothDot, SmoothStep, up, LeastSmooth, dialog.Highest));
 }
 
+std::span<WaveDot> SmoothedRun(AnalogWaveRecord& wave) {
+    return wave.HasSelection ? SelectedDots(wave) : WholeWave(wave);
+}
+
 void PreviewSmooth(const SmoothDialog& dialog, std::vector<WaveDot>& dots) {
-    AnalogWaveRecord& wave = ActiveAnalog();
-    const auto run = wave.HasSelection ? SelectedDots(wave) : WholeWave(wave);
+    const auto run = SmoothedRun(ActiveAnalog());
     dots.assign(run.begin(), run.end());
     SmoothDots(dots, dialog.SmoothDot);
 }

@@ -3,6 +3,7 @@
 // average over the selection or, without one, over the whole wave.
 #include "frame/records/AnalogWaveRecord.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@ struct LowPassDialog {
     double CutFreq = 1.0;        // cut-off as typed: cycles in FftLength dots
     double FftLength = 0.0;      // smallest power of two that is not below three times the dots
     std::int32_t FilterLen = 0;  // taps, follows CutFreq
+    bool operator==(const LowPassDialog&) const = default;
 };
 
 /// Fills the dialog for the active document from the settings.
@@ -36,6 +38,7 @@ void RunLowPass(const LowPassDialog& dialog);
 struct SmoothDialog {
     std::int16_t SmoothDot = 3;  // length of the average, dots, odd
     std::int32_t Highest = 3;    // 99, or the length of the run that is smoothed
+    bool operator==(const SmoothDialog&) const = default;
 };
 
 /// Fills the dialog for the active document from the settings.
@@ -46,6 +49,9 @@ SmoothDialog OpenSmooth();
 std::string SmoothDotText(const SmoothDialog& dialog);
 void LeaveSmoothDot(SmoothDialog& dialog, std::string_view typed);
 void SpinSmoothDot(SmoothDialog& dialog, std::int32_t tick, bool up);
+
+/// The dots to be smoothed: the selection, or without one the whole wave.
+std::span<WaveDot> SmoothedRun(AnalogWaveRecord& wave);
 
 /// The run as it would become.
 void PreviewSmooth(const SmoothDialog& dialog, std::vector<WaveDot>& dots);

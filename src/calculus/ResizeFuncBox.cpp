@@ -33,7 +33,7 @@ void WriteResized(const ResizeDialog& dialog, std::span<const WaveDot> run, Wave
 ResizeDialog OpenResize() {
     const AnalogWaveRecord& wave = ActiveAnalog();
     ResizeDialog dialog;
-    dialog.NewDots = dialog.Length = SelectionLength(wave);
+    dialog.NewDots = SelectionLength(wave);
     dialog.Room = RoomOf(wave);
     return dialog;
 }
@@ -62,7 +62,7 @@ void SpinAmplPercent(ResizeDialog& dialog, std::int32_t /*tick*/, bool up) {
 
 void PreviewResize(const ResizeDialog& dialog, std::vector<WaveDot>& dots) {
     dots.resize(static_cast<std::size_t>(dialog.NewDots));
-    WriteResized(dialog, SelectedDots(std::as_const(ActiveAnalog())), dots.data(), 0);
+    WriteResized(dialog, SelectedDots(ActiveAnalog()), dots.data(), 0);
 }
 
 bool ConfirmResize(const ResizeDialog& dialog) {

@@ -10,8 +10,8 @@
 struct ResizeDialog {
     std::int32_t NewDots = 0;
     std::int32_t AmplPercent = 100;
-    std::int32_t Length = 0;  // dots of the selection
-    std::int32_t Room = 0;    // most dots that fit in its place
+    std::int32_t Room = 0;  // most dots that fit in its place
+    bool operator==(const ResizeDialog&) const = default;
 };
 
 /// Fills the dialog for the selection of the active document: its length, 100 percent.

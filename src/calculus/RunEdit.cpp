@@ -38,14 +38,8 @@ std::int32_t RoomOf(const AnalogWaveRecord& wave) {
 std::span<WaveDot> SelectedDots(AnalogWaveRecord& wave) {
     return std::span(wave.DotArray).subspan(wave.SelStart, SelectionLength(wave));
 }
-std::span<const WaveDot> SelectedDots(const AnalogWaveRecord& wave) {
-    return std::span(wave.DotArray).subspan(wave.SelStart, SelectionLength(wave));
-}
 
 std::span<WaveDot> WholeWave(AnalogWaveRecord& wave) {
-    return std::span(wave.DotArray).first(wave.Dots);
-}
-std::span<const WaveDot> WholeWave(const AnalogWaveRecord& wave) {
     return std::span(wave.DotArray).first(wave.Dots);
 }
 

@@ -17,10 +17,8 @@ std::int32_t RoomOf(const AnalogWaveRecord& wave);
 
 /// The selected dots; none without a selection.
 std::span<WaveDot> SelectedDots(AnalogWaveRecord& wave);
-std::span<const WaveDot> SelectedDots(const AnalogWaveRecord& wave);
 /// All dots of the wave.
 std::span<WaveDot> WholeWave(AnalogWaveRecord& wave);
-std::span<const WaveDot> WholeWave(const AnalogWaveRecord& wave);
 
 /// Makes the selection `count` dots long: the dots behind it move, Dots, LastDot and the bounds
 /// follow. The selection's own dots are left for the caller to write, as is the segment list, which

@@ -8,12 +8,11 @@
 #include "frame/StringFunc.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 void Combine(WaveMathDialog& dialog) {
-    dialog.Clipped = CombineDots(SelectedDots(std::as_const(ActiveAnalog())), dialog.MathSourceDots,
+    dialog.Clipped = CombineDots(SelectedDots(ActiveAnalog()), dialog.MathSourceDots,
                                  dialog.MathOperation, dialog.MathResultDots);
 }
 

@@ -7,7 +7,6 @@
 #include "frame/StringFunc.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 

@@ -25,7 +25,7 @@ LowPassSetFrm::LowPassSetFrm(QWidget* parent) : NumberForm("LowPassSetFrm", pare
     AddNumber(
         {"CutOffTxt", "CutOffLab", "CutOffUp", "CutOffDn", CutOffText, LeaveCutOff, SpinCutOff});
     AddNote(form_, NoteLines);
-    Finish(MakeButtons());
+    Finish(MakeButtons(), WholeWave(ActiveAnalog()));
     FilterPreview();
 }
 
@@ -48,11 +48,9 @@ void LowPassSetFrm::ShowPreview(const LowPassDialog& dialog) {
 
 void LowPassSetFrm::FilterPreview() {
     pause_.stop();
-    if (tried_.CutFreq == pictured_) return;
-    pictured_ = tried_.CutFreq;
     std::vector<WaveDot> dots;
     PreviewLowPass(tried_, dots);
-    ShowOver(std::move(dots), WholeWave(ActiveAnalog()));
+    preview_->ShowDots(std::move(dots));
 }
 
 void LowPassSetFrm::accept() {

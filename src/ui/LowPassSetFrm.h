@@ -24,10 +24,9 @@ private:
     void ShowWaiting();
     void Run();
 
-    LowPassDialog tried_;    // what the preview is to show
-    double pictured_ = 0.0;  // cut-off that it shows
-    QTimer pause_{this};     // from the last key or tick to the preview
-    QTimer timer2_{this};    // from OK to the filter
+    LowPassDialog tried_;  // what the preview is to show
+    QTimer pause_{this};   // from the last key or tick to the preview
+    QTimer timer2_{this};  // from OK to the filter
     bool waiting_ = false;
     QStackedLayout* buttons_ = nullptr;
 };

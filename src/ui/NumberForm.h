@@ -5,6 +5,7 @@
 #include "ui/DialogBase.h"
 #include "ui/PlotPreview.h"
 
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -35,7 +36,7 @@ protected:
             if (!HasDigit(typed)) return;
             Dialog tried = dialog_;
             number.Leave(tried, typed.toStdString());
-            ShowPreview(tried);
+            Preview(tried);
         });
         for (SpinButton* spin : spins)
             connect(spin, &SpinButton::tick, this,
@@ -46,33 +47,36 @@ protected:
         fields_.emplace_back(box, number.Text);
     }
 
-    /// Lays the window out once it has its rows, and fills it.
-    void Finish(QLayout* buttons) {
+    /// Lays the window out once it has its rows, and fills it. `before` are the dots as they are.
+    void Finish(QLayout* buttons, std::span<const WaveDot> before) {
         form_->setRowStretch(form_->rowCount(), 1);
         preview_ = new PlotPreview(this);
+        preview_->ShowUnder(before);
         LayOut(MakeHalves(form_, MakePlot(preview_)), buttons);
         ApplyTexts();
         ShowFields();
         fields_.front().first->setFocus();
     }
 
-    /// Shows what the numbers of a dialog make, which may be those of a box still being typed in.
+    /// Shows what new numbers make, which may be those of a box still being typed in.
     virtual void ShowPreview(const Dialog& dialog) = 0;
-
-    /// The preview in front of the dots as they are.
-    void ShowOver(std::vector<WaveDot> dots, std::span<const WaveDot> before) {
-        preview_->ShowDots(std::move(dots), {before.begin(), before.end()});
-    }
 
     Dialog dialog_;
     QGridLayout* form_;
+    PlotPreview* preview_ = nullptr;
 
 private:
     void ShowFields() {
         for (const auto& [box, text] : fields_) box->setText(ToQt(text(dialog_)));
-        ShowPreview(dialog_);
+        Preview(dialog_);
     }
 
-    PlotPreview* preview_ = nullptr;
+    void Preview(const Dialog& dialog) {
+        if (previewed_ == dialog) return;
+        previewed_ = dialog;
+        ShowPreview(dialog);
+    }
+
+    std::optional<Dialog> previewed_;
     std::vector<std::pair<NumberBox*, std::string (*)(const Dialog&)>> fields_;
 };

@@ -30,11 +30,17 @@ PlotPreview::PlotPreview(QWidget* parent, const char* name, const QSize& least)
     setMinimumSize(least);
 }
 
-void PlotPreview::ShowDots(std::vector<WaveDot> dots, std::vector<WaveDot> under) {
-    dots_ = std::move(dots);
-    under_ = std::move(under);
-    for (std::vector<WaveDot>* run : {&dots_, &under_})
-        for (std::size_t i = 0; i < run->size(); ++i) (*run)[i].X = static_cast<double>(i);
+void PlotPreview::ShowDots(std::vector<WaveDot> dots) {
+    Take(dots_, std::move(dots));
+}
+
+void PlotPreview::ShowUnder(std::span<const WaveDot> dots) {
+    Take(under_, {dots.begin(), dots.end()});
+}
+
+void PlotPreview::Take(std::vector<WaveDot>& run, std::vector<WaveDot> dots) {
+    run = std::move(dots);
+    for (std::size_t i = 0; i < run.size(); ++i) run[i].X = static_cast<double>(i);
     stale_ = true;
     update();
 }

@@ -5,6 +5,7 @@
 #include "platform/Surface.h"
 
 #include <QWidget>
+#include <span>
 #include <vector>
 
 class PlotPreview : public QWidget {
@@ -12,10 +13,11 @@ public:
     explicit PlotPreview(QWidget* parent, const char* name = "PicPreview",
                          const QSize& least = {420, 260});
 
-    /// Takes the dots over and repaints. No dots leave the bare grid. `under` is a second curve on
-    /// the same scale, quiet and behind the first; the longer one fills the width. Both begin at
-    /// the left, wherever in a document they come from.
-    void ShowDots(std::vector<WaveDot> dots, std::vector<WaveDot> under = {});
+    // Both take the dots over and repaint. They begin at the left, wherever in a document they come
+    // from, and the longer run fills the width. No dots leave the bare grid.
+    void ShowDots(std::vector<WaveDot> dots);
+    /// A second curve on the same scale, quiet and behind the first.
+    void ShowUnder(std::span<const WaveDot> dots);
 
     QSize sizeHint() const override { return least_; }
 
@@ -23,6 +25,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Take(std::vector<WaveDot>& run, std::vector<WaveDot> dots);
     void PaintSurface(const QSize& pixels);
 
     QSize least_;

@@ -7,13 +7,13 @@ ResizeWaveFrm::ResizeWaveFrm(QWidget* parent) : NumberForm("ResizeWaveFrm", pare
     AddNumber({"dottxt", "dotLab", "dotUp", "dotDn", NewDotsText, LeaveNewDots, SpinNewDots});
     AddNumber({"ampltxt", "amplLab", "amplUp", "amplDn", AmplPercentText, LeaveAmplPercent,
                SpinAmplPercent});
-    Finish(MakeButtonRow());
+    Finish(MakeButtonRow(), SelectedDots(ActiveAnalog()));
 }
 
 void ResizeWaveFrm::ShowPreview(const ResizeDialog& dialog) {
     std::vector<WaveDot> dots;
     PreviewResize(dialog, dots);
-    ShowOver(std::move(dots), SelectedDots(ActiveAnalog()));
+    preview_->ShowDots(std::move(dots));
 }
 
 void ResizeWaveFrm::accept() {

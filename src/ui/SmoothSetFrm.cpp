@@ -6,14 +6,13 @@
 SmoothSetFrm::SmoothSetFrm(QWidget* parent) : NumberForm("SmoothSetFrm", parent, OpenSmooth()) {
     AddNumber({"smoothdottxt", "smoothdotLab", "smoothdotUp", "smoothdotDn", SmoothDotText,
                LeaveSmoothDot, SpinSmoothDot});
-    Finish(MakeButtonRow());
+    Finish(MakeButtonRow(), SmoothedRun(ActiveAnalog()));
 }
 
 void SmoothSetFrm::ShowPreview(const SmoothDialog& dialog) {
     std::vector<WaveDot> dots;
     PreviewSmooth(dialog, dots);
-    AnalogWaveRecord& wave = ActiveAnalog();
-    ShowOver(std::move(dots), wave.HasSelection ? SelectedDots(wave) : WholeWave(wave));
+    preview_->ShowDots(std::move(dots));
 }
 
 void SmoothSetFrm::accept() {

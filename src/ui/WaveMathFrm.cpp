@@ -34,7 +34,10 @@ void WaveMathFrm::BuildForm() {
     result_ = new PlotPreview(this, "PicResult", PictureSize);
     auto* pictures = new QVBoxLayout;
     pictures->setSpacing(DialogRowGap);
-    for (PlotPreview* picture : {operand_, result_}) pictures->addLayout(MakePlot(picture));
+    for (PlotPreview* picture : {operand_, result_}) {
+        picture->ShowUnder(SelectedDots(ActiveAnalog()));
+        pictures->addLayout(MakePlot(picture));
+    }
     resume_ = MakeButton("ResumeAresBtn");
     QHBoxLayout* buttons = MakeButtonRow();
     buttons->insertWidget(0, resume_);
@@ -68,9 +71,8 @@ void WaveMathFrm::ShowFields() {
     operation_->setCurrentIndex(dialog_.MathOperation);
     resume_->setEnabled(dialog_.MathOperation != NoOperation);
     ShowNote(WaveMathNote(dialog_), NoteSign::Warning);
-    const std::span<const WaveDot> run = SelectedDots(ActiveAnalog());
-    operand_->ShowDots(dialog_.MathSourceDots, {run.begin(), run.end()});
-    result_->ShowDots(dialog_.MathResultDots, {run.begin(), run.end()});
+    operand_->ShowDots(dialog_.MathSourceDots);
+    result_->ShowDots(dialog_.MathResultDots);
 }
 
 void WaveMathFrm::accept() {

@@ -63,9 +63,9 @@ void WindowMathFrm::ShowFields() {
     resume_->setEnabled(dialog_.Operation != NoOperation);
     ShowNote(WindowMathNote(dialog_), NoteSign::Warning);
     if (dialog_.Documents.empty()) return;
-    const std::span<const WaveDot> before =
-        WholeWave(AnalogAt(dialog_.Documents[static_cast<std::size_t>(dialog_.Source)]));
-    preview_->ShowDots(dialog_.PreviewDots, {before.begin(), before.end()});
+    preview_->ShowUnder(
+        WholeWave(AnalogAt(dialog_.Documents[static_cast<std::size_t>(dialog_.Source)])));
+    preview_->ShowDots(dialog_.PreviewDots);
 }
 
 void WindowMathFrm::accept() {

@@ -24,13 +24,13 @@ protected:
         for (int i = 0; i < count; ++i) wave.DotArray[i].Y = values[i];
         return wave;
     }
-    static Values ValuesOf(const AnalogWaveRecord& wave) {
+    static Values ValuesOf(AnalogWaveRecord& wave) {
         Values values;
         for (const WaveDot& dot : WholeWave(wave)) values.push_back(dot.Y);
         return values;
     }
     /// Dots and segments of a wave, each field of them as text.
-    static std::string Everything(const AnalogWaveRecord& wave) {
+    static std::string Everything(AnalogWaveRecord& wave) {
         std::ostringstream text;
         text << std::hexfloat << wave.Dots << ' ' << wave.LastDot << '\n';
         for (const WaveDot& dot : WholeWave(wave)) text << dot.X << ' ' << dot.Y << '\n';

@@ -56,7 +56,8 @@ TEST_F(CalculusDialogTest, PreviewDrawsBothRunsOnOneScaleFromTheLeft) {
     preview.resize(416, 217);
     std::vector<WaveDot> under(20, {0.0, -0.5});
     for (std::size_t i = 0; i < under.size(); ++i) under[i].X = 500.0 + static_cast<double>(i);
-    preview.ShowDots(std::vector<WaveDot>(10, {0.0, 0.5}), under);
+    preview.ShowDots(std::vector<WaveDot>(10, {0.0, 0.5}));
+    preview.ShowUnder(under);
     const QImage picture = preview.grab().toImage();
     const auto contrast = [&](int x, int y) {
         return ContrastOf(picture.pixel(x + 8, y + 8) & 0xFFFFFFU, ScreenColours.Back);
