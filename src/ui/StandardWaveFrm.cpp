@@ -32,8 +32,8 @@ void KeepPlace(QWidget* widget) {
 StandardWaveFrm::StandardWaveFrm(QWidget* parent, int kind)
     : StandardWaveFrm(parent, OpenStandardWave(static_cast<std::int16_t>(kind))) {}
 
-StandardWaveFrm::StandardWaveFrm(QWidget* parent, StandardWaveDialog dialog)
-    : DialogBase("StandardWaveFrm", parent), dialog_(std::move(dialog)) {
+StandardWaveFrm::StandardWaveFrm(QWidget* parent, const StandardWaveDialog& dialog)
+    : DialogBase("StandardWaveFrm", parent), dialog_(dialog) {
     BuildForm();
     ApplyTexts();
     ShowFields();

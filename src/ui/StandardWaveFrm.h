@@ -11,7 +11,7 @@ public:
     /// `kind` preselects a wave type, -1 keeps the last one.
     explicit StandardWaveFrm(QWidget* parent = nullptr, int kind = -1);
     /// Shows a dialog filled by others, such as an operand's.
-    StandardWaveFrm(QWidget* parent, StandardWaveDialog dialog);
+    StandardWaveFrm(QWidget* parent, const StandardWaveDialog& dialog);
 
     /// The wave as it stands in the boxes that were left.
     const WaveSegment& Wave() const { return dialog_.Wave; }
