@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::int32_t Lanes = 4;
 constexpr std::int32_t RingDots = 128;  // a power of two, more than a window
-constexpr std::int32_t RestartDots = 1024;
+constexpr std::int32_t RestartDots = 2048;
 constexpr std::int32_t LeastLane = 64;  // more than half a window
 static_assert(LongestSmooth < RingDots && LongestSmooth / 2 < LeastLane);
 
@@ -70,32 +70,33 @@ void RestartSums(Average& average, std::int32_t i) {
 // Dots first..end-1 of every lane. Inside, the windows of all lanes end before their lanes do.
 template <bool Inside>
 void WalkLanes(Average& average, std::int32_t first, std::int32_t end) {
-    const std::int32_t count = CountOf(average), half = average.Half;
+    const std::int32_t count = CountOf(average), half = average.Half, length = average.Lane;
+    const double scale = average.Scale;
     WaveDot* const dots = average.Dots.data();
+    LaneValues sums = average.Sums;
     for (std::int32_t i = first; i < end; ++i) {
         LaneValues entering;
         for (std::int32_t lane = 0; lane < Lanes; ++lane) {
-            const std::int32_t at = i + half, dot = lane * average.Lane + at;
+            const std::int32_t at = i + half, dot = lane * length + at;
             if (Inside)
                 entering[lane] = dots[dot].Y;
             else
-                entering[lane] = at < average.Lane ? ValueAt(average, dot)
-                                                   : average.Tails[lane][at - average.Lane];
+                entering[lane] =
+                    at < length ? ValueAt(average, dot) : average.Tails[lane][at - length];
         }
         LaneValues means;
-        for (std::int32_t lane = 0; lane < Lanes; ++lane) {
-            const double mean = (average.Sums[lane] + entering[lane]) * average.Scale;
-            means[lane] = std::min(std::max(mean, -1.0), 1.0);
-        }
+        for (std::int32_t lane = 0; lane < Lanes; ++lane)
+            means[lane] = std::min(std::max((sums[lane] + entering[lane]) * scale, -1.0), 1.0);
         RingAt(average, i + half) = entering;
         const LaneValues& leaving = RingAt(average, i - half);
         for (std::int32_t lane = 0; lane < Lanes; ++lane)
-            average.Sums[lane] += entering[lane] - leaving[lane];
+            sums[lane] += entering[lane] - leaving[lane];
         for (std::int32_t lane = 0; lane < Lanes; ++lane) {
-            const std::int32_t dot = lane * average.Lane + i;
+            const std::int32_t dot = lane * length + i;
             if (Inside || dot < count) dots[dot].Y = means[lane];
         }
     }
+    average.Sums = sums;
 }
 
 }  // namespace
