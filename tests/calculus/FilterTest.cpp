@@ -125,13 +125,13 @@ TEST_F(FilterTest, SmoothByHand) {
 
 TEST_F(FilterTest, RunningSumAgreesWithTheDirectSum) {
     std::mt19937 random(7);
-    for (const int count : {1, 40, 192, 193, 255, 256, 257, 4097, 9000}) {
+    for (const int count : {1, 40, 192, 193, 255, 256, 257, 9000, 1048576}) {
         std::vector<WaveDot> before(count);
         for (WaveDot& dot : before) dot.Y = std::uniform_real_distribution(-1.0, 1.0)(random);
         for (const int length : {1, 3, 5, 51, 99}) {
             std::vector<WaveDot> dots = before;
             SmoothDots(dots, length);
-            for (int i = 0; i < count; ++i) {
+            for (int i = 0; i < count; i += 1 + count / 10000) {
                 double sum = 0.0;
                 for (int j = i - length / 2; j <= i + length / 2; ++j)
                     if (j >= 0 && j < count) sum += before[j].Y;
