@@ -1,5 +1,5 @@
 #pragma once
-// Documents of known runs under a scripted host that notes every message.
+// Documents of known runs under a KT1100's limits and a scripted host that notes every message.
 #include "analog/AnalogDocument.h"
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
@@ -30,6 +30,9 @@ protected:
         ActiveIsDigital = PropertyConfirmed = false;
         ClipDotCount = 0;
         UseEnglish = 1;
+        InstrumentModel = 0;
+        ModelVariant = false;
+        SetInstrumentLimits();
     }
     void TearDown() override { TheHost() = silent; }
 

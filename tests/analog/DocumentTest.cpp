@@ -2,35 +2,24 @@
 
 namespace {
 
-class DocumentTest : public AnalogFixture {
-protected:
-    void SetUp() override {
-        AnalogFixture::SetUp();
-        // The property dialog: turns to the first free slot and, on OK, sizes the dots.
-        TheHost().RunDialog = [this](std::string_view, std::int16_t) {
-            ActiveAnalogIndex = FirstFreeAnalogSlot();
-            if (confirms) AllocateDots(ActiveAnalog(), 500);
-            PropertyConfirmed = confirms;
-            return confirms;
-        };
-    }
-    bool confirms = true;
-};
-
-TEST_F(DocumentTest, NewDocumentHasItsDefaults) {
-    AnalogDocs[0].Modified = true;
-    AnalogDocs[0].PlotWidth = 1000;
-    AnalogDocs[0].PlotHeight = 800;
-    NewAnalogDocument();
-    const AnalogWaveRecord& wave = AnalogDocs[0];
-    EXPECT_EQ(wave.Name, "Waveform0");
-    EXPECT_TRUE(AnalogInUse[0] && !wave.Modified && wave.ViewEnd == 499);
-    EXPECT_TRUE(wave.XLimitLeft == 200 && wave.XLimitRight == 800);
-    EXPECT_TRUE(wave.YLimitTop == 100 && wave.YLimitBottom == 699);
-}
+using DocumentTest = AnalogFixture;
 
 TEST_F(DocumentTest, TenSlotsAreFilledAndFilledAgain) {
+    bool confirms = true;
+    // The property dialog: turns to the first free slot and, on OK, sizes the dots.
+    TheHost().RunDialog = [&](auto, auto) {
+        ActiveAnalogIndex = FirstFreeAnalogSlot();
+        if (confirms) AllocateDots(ActiveAnalog(), 500);
+        PropertyConfirmed = confirms;
+        return confirms;
+    };
+    AnalogWaveRecord& first = AnalogDocs[0];
+    first.Modified = true;
+    first.PlotWidth = 1000;
+    first.PlotHeight = 800;
     for (int i = 0; i < 10; ++i) NewAnalogDocument();
+    EXPECT_TRUE(first.XLimitLeft == 200 && first.XLimitRight == 800);
+    EXPECT_TRUE(first.YLimitTop == 100 && first.YLimitBottom == 699 && !first.Modified);
     ActiveAnalogIndex = 4;
     NewAnalogDocument();
     EXPECT_FALSE(CreateAnalogDocument());  // the way of opened files
@@ -48,31 +37,6 @@ TEST_F(DocumentTest, TenSlotsAreFilledAndFilledAgain) {
     EXPECT_EQ(status, ResText(8));
     for (std::int16_t slot = 0; slot < 10; ++slot) DocumentClosed(slot);
     EXPECT_EQ(status, "Please create a new analog waveform file");
-}
-
-TEST_F(DocumentTest, CloseAsksOnlyForChanges) {
-    NewAnalogDocument();
-    static bool saves, saved;
-    const auto save = [](std::int16_t) { return (saved = true) && saves; };
-    const struct {
-        bool modified, saves;
-        Answer answer;
-        bool closes, saved;
-    } rows[] = {{false, true, Answer::Cancel, true, false},
-                {true, true, Answer::Yes, true, true},
-                {true, false, Answer::Yes, false, true},
-                {true, true, Answer::No, true, false},
-                {true, true, Answer::Cancel, false, false}};
-    for (const auto& row : rows) {
-        asked.clear();
-        saved = false;
-        saves = row.saves;
-        answer = row.answer;
-        AnalogDocs[0].Modified = row.modified;
-        EXPECT_EQ(QueryCloseDocument(0, save), row.closes) << int(row.answer);
-        EXPECT_EQ(saved, row.saved) << int(row.answer);
-        EXPECT_EQ(asked, std::vector<std::string>(row.modified, "Save changes to Waveform0 ?"));
-    }
 }
 
 }  // namespace

@@ -3,18 +3,15 @@
 #include "analog/AnalogFixture.h"
 #include "analog/DrawAnalogWave.h"
 #include "platform/Settings.h"
-
-#include <unistd.h>
-#include <cstdio>
+#include "platform/TempFolder.h"
 
 namespace {
 
-class ScreenColoursTest : public AnalogFixture {
+class ScreenColoursTest : public AnalogFixture, protected TempFolder {
 protected:
     void SetUp() override {
         AnalogFixture::SetUp();
-        std::remove(store_.c_str());
-        UseSettingsStore(store_);
+        UseSettingsStore(PathOf("settings.ini"));
         LoadScreenColours();
         TheHost().ChooseColour = [this](auto text, auto colour) {
             title = text;
@@ -24,11 +21,10 @@ protected:
         TheHost().ShowPlot = [this](std::int16_t slot) { painted.push_back(slot); };
     }
     void TearDown() override {
-        std::remove(store_.c_str());
+        std::filesystem::remove(PathOf("settings.ini"));
         LoadScreenColours();
         AnalogFixture::TearDown();
     }
-    const std::string store_ = ::testing::TempDir() + "colours" + std::to_string(getpid()) + ".ini";
     std::optional<std::uint32_t> reply;
     std::string title;
     std::uint32_t offered = 0;

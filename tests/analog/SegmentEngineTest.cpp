@@ -59,16 +59,4 @@ TEST_F(SegmentEngineTest, RewrittenSelectionMovesWhatFollows) {
     }
 }
 
-TEST_F(SegmentEngineTest, TruncatedListEndsWithTheDots) {
-    const std::pair<std::int32_t, const char*> rows[] = {
-        {299, "g0-99 c100-199 c200-298"},
-        {100, "c0-99"},  // the last one left is custom, whole as it is
-        {8, "c0-7"}};
-    for (const auto& [dots, runs] : rows) {
-        AnalogWaveRecord& wave = MakeDocument("gcg");
-        TruncateSegments(wave.Segments, wave.SegmentCount, dots);
-        EXPECT_EQ(Runs(wave), runs) << dots;
-    }
-}
-
 }  // namespace

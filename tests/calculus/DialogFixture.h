@@ -1,10 +1,10 @@
 #pragma once
-// Documents under a KT1100's limits, and a store of settings for each test.
+// Documents of 4 V, and a store of settings for each test.
 #include "analog/AnalogFixture.h"
 #include "platform/Settings.h"
+#include "platform/TempFolder.h"
 
-#include <unistd.h>
-#include <cstdio>
+#include <functional>
 #include <initializer_list>
 #include <tuple>
 #include <utility>
@@ -15,24 +15,47 @@ inline constexpr std::string_view WaveSection = "Tidemark_InsertWave";
 /// Typed texts, each with what its box shows once it is left; keys of settings with their texts.
 using TextPairs = std::vector<std::pair<const char*, const char*>>;
 
-class DialogFixture : public AnalogFixture {
+/// A box of a dialog, under a key of the test's: its leaving, its text, and what is typed and
+/// shown.
+template <typename Dialog>
+struct BoxRow {
+    std::int16_t Key;
+    void (*Leave)(Dialog&, std::string_view);
+    std::string (*Text)(const Dialog&);
+    TextPairs Texts;
+};
+
+class DialogFixture : public AnalogFixture, protected TempFolder {
 protected:
     void SetUp() override {
         AnalogFixture::SetUp();
-        std::remove(store_.c_str());
-        UseSettingsStore(store_);
-        InstrumentModel = 0;
-        ModelVariant = false;
-        SetInstrumentLimits();
+        std::filesystem::remove(PathOf("settings.ini"));  // a test may set up again
+        UseSettingsStore(PathOf("settings.ini"));
         PropertyEditMode = true;
     }
-    ~DialogFixture() override { std::remove(store_.c_str()); }
 
     /// As the base's, in 4 V peak to peak.
     static AnalogWaveRecord& MakeDocument(std::string_view runs, int count, int maxDots) {
         AnalogWaveRecord& wave = AnalogFixture::MakeDocument(runs, count, maxDots);
         wave.Vpp = 4.0;
         return wave;
+    }
+    /// What an insertion owes: `made` dots at `start` in place of `removed` ones, the others as
+    /// MakeDocument wrote them, and one undo that brings all of these back.
+    static void ExpectInserted(const AnalogWaveRecord& wave, int start, int removed, int made,
+                               const std::function<double(int)>& valueOf) {
+        const int before = wave.Dots - made + removed;
+        ExpectSound(wave);
+        for (int i = 0; i < wave.Dots; ++i) {
+            const bool isNew = i >= start && i < start + made;
+            const int former = i < start ? i : i - made + removed;
+            EXPECT_DOUBLE_EQ(wave.DotArray[i].Y, isNew ? valueOf(i - start) : former / 1000.0) << i;
+        }
+        EXPECT_TRUE(wave.UndoAvailable && wave.Modified);
+        UndoAnalog();
+        EXPECT_EQ(wave.Dots, before);
+        ExpectSound(wave);
+        for (int i = 0; i < wave.Dots; ++i) EXPECT_EQ(wave.DotArray[i].Y, i / 1000.0);
     }
     static void Save(std::string_view section, const TextPairs& settings) {
         for (const auto& [key, text] : settings) SaveSetting(ApplicationTitle, section, key, text);
@@ -43,7 +66,4 @@ protected:
         for (const char* key : keys) text += GetSetting(ApplicationTitle, section, key, "-") + " ";
         return text;
     }
-
-private:
-    const std::string store_ = ::testing::TempDir() + std::to_string(getpid()) + ".ini";
 };

@@ -1,63 +1,43 @@
+#include "analog/AnalogFixture.h"
 #include "files/FileOptFuncCode.h"
-#include "frame/GlobalDefineCode.h"
 #include "GoldenFiles.h"
 #include "platform/Settings.h"
 #include "platform/TempFolder.h"
 
 #include <bit>
-#include <cmath>
 #include <regex>
 #include <tuple>
 
 namespace {
 
-class AnalogFormatTest : public TempFolderTest {
+class AnalogFormatTest : public AnalogFixture, protected TempFolder {
 protected:
-    void SetUp() override {
-        InstrumentModel = 0;
-        SetInstrumentLimits();
+    /// What a file is read as, in the text format, which shows every field to the last digit.
+    std::string ReadText(const char* name, std::string_view bytes) {
+        DocumentClosed(0);
+        EXPECT_TRUE(OpenAnalogFile(Put(name, bytes))) << bytes.substr(0, 200);
+        return WriteAnalogText(read);
     }
-    /// What was read, as a text file, which shows every field to the last digit.
-    std::string ReadText() const {
-        AnalogWaveRecord wave;
-        wave.MaxDots = content.MaxDots;
-        wave.Dots = content.Dots;
-        wave.LastDot = content.LastDot;
-        wave.Vpp = content.Vpp;
-        wave.Period = content.Period;
-        wave.Quantify = content.Quantify;
-        wave.DotArray = content.DotArray;
-        wave.Segments = content.Segments;
-        wave.SegmentCount = static_cast<std::int32_t>(std::ssize(content.Segments));
-        return WriteAnalogText(wave);
-    }
-    AnalogFileContent content;
+    const AnalogWaveRecord& read = AnalogDocs[0];
 };
 
 TEST_F(AnalogFormatTest, GoldenBytes) {
     EXPECT_EQ(WriteAnalogText(GoldenWave()), GoldenText);
     EXPECT_EQ(WriteAnalogCsv(GoldenWave()), GoldenCsv);
-    ASSERT_TRUE(ReadAnalogText(GoldenText, content));
-    EXPECT_EQ(ReadText(), GoldenText);
 }
 
 TEST_F(AnalogFormatTest, TextKeepsEveryBit) {
-    const double awkward[] = {0.1 + 0.2,     1.0 / 3,   -0.0,   5e-324, 2.2250738585072014e-308,
-                              -1e-300 / 3,   1 - 1e-16, 9.9e-5, 1e-4,   std::nextafter(1e-4, 0),
-                              -std::sqrt(.5)};
     AnalogWaveRecord wave = GoldenWave();
-    wave.Dots = wave.MaxDots = std::ssize(awkward);
-    wave.DotArray.clear();
-    for (const double y : awkward) wave.DotArray.push_back({double(wave.DotArray.size()), y});
+    const double awkward[] = {-0.0, 5e-324, -std::sqrt(.5)};
+    for (int i = 0; i < wave.Dots; ++i) wave.DotArray[i].Y = awkward[i];
     wave.Vpp = 1.0 / 3;
     wave.Period = std::nextafter(1e-5, 1);
-    wave.Segments[0].EndDot = wave.Dots - 1;
     wave.Segments[0].Phase = 1.0F / 3;
-    ASSERT_TRUE(ReadAnalogText(WriteAnalogText(wave), content));
-    EXPECT_TRUE(content.Vpp == wave.Vpp && content.Period == wave.Period);
-    EXPECT_EQ(content.Segments.at(0).Phase, 1.0F / 3);
+    ReadText("bits.txt", WriteAnalogText(wave));
+    EXPECT_TRUE(read.Vpp == wave.Vpp && read.Period == wave.Period);
+    EXPECT_EQ(read.Segments.at(0).Phase, 1.0F / 3);
     for (int i = 0; i < wave.Dots; ++i) {
-        const auto bits = std::bit_cast<std::uint64_t>(content.DotArray[i].Y);
+        const auto bits = std::bit_cast<std::uint64_t>(read.DotArray.at(i).Y);
         EXPECT_EQ(bits, std::bit_cast<std::uint64_t>(awkward[i])) << i;
     }
 }
@@ -70,10 +50,8 @@ TEST_F(AnalogFormatTest, EmptyDocumentAndExampleFilesGoThroughUnchanged) {
         std::ifstream file(std::string(TIDEMARK_SOURCE_DIR "/examples/") + name + ".txt");
         files.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }
-    for (const std::string& file : files) {
-        ASSERT_TRUE(ReadAnalogText(file, content)) << file.substr(0, 200);
-        EXPECT_TRUE(ReadText() == file) << file.substr(0, 200);
-    }
+    for (const std::string& file : files)
+        EXPECT_TRUE(ReadText("whole.txt", file) == file) << file.substr(0, 200);
 }
 
 // What spreadsheets and editors make of a file when they save it again.
@@ -90,10 +68,8 @@ TEST_F(AnalogFormatTest, ForeignEditorsKeepTheWave) {
         const auto change = [&, &from = from, &to = to](const std::string& file) {
             return std::regex_replace(file, std::regex(from), to);
         };
-        ASSERT_TRUE(ReadAnalogText(change(GoldenText), content)) << to;
-        EXPECT_EQ(ReadText(), GoldenText) << to;
-        ASSERT_TRUE(ReadAnalogCsv(change(GoldenCsv), content)) << to;
-        EXPECT_EQ(ReadText(), GoldenText) << to;
+        EXPECT_EQ(ReadText("foreign.txt", change(GoldenText)), GoldenText) << to;
+        EXPECT_EQ(ReadText("foreign.csv", change(GoldenCsv)), GoldenText) << to;
     }
 }
 
@@ -105,9 +81,9 @@ TEST_F(AnalogFormatTest, MendsValues) {
         {9, "77.5", " 0 "},          {10, "1.5", " 1 "}, {10, "-1e300", "-1 "},
         {10, "1e-400", " 0 "},       {15, "-1", " 1 "}};
     for (const auto& [line, text, mended] : rows) {
-        ASSERT_TRUE(ReadAnalogText(WithLine(GoldenText, line, text), content)) << line << text;
-        EXPECT_EQ(ReadText(), WithLine(GoldenText, line, mended));
-        EXPECT_TRUE(std::ssize(content.DotArray) == content.MaxDots && content.DotArray[0].X == 0);
+        const std::string expected = WithLine(GoldenText, line, mended);
+        EXPECT_EQ(ReadText("odd.txt", WithLine(GoldenText, line, text)), expected);
+        EXPECT_TRUE(std::ssize(read.DotArray) == read.MaxDots && read.DotArray.at(0).X == 0);
     }
 }
 
@@ -116,14 +92,12 @@ TEST_F(AnalogFormatTest, MendsSegments) {
     for (int line = 21; line <= 30; ++line) whole = WithLine(whole, line, " 0 ");
     const std::pair<int, const char*> uncovering[] = {
         {8, "0"}, {17, "1"}, {18, "1"}, {18, "2147483647"}, {18, "-1"}};
-    for (const auto& [line, text] : uncovering) {
-        ASSERT_TRUE(ReadAnalogText(WithLine(GoldenText, line, text), content)) << line << text;
-        EXPECT_EQ(ReadText(), whole) << line << text;
-    }
-    ASSERT_TRUE(ReadAnalogText(WithLine(GoldenText, 19, "10"), content));
-    EXPECT_TRUE(content.Segments[0].Custom && content.Segments[0].Kind == 0);
-    ASSERT_TRUE(ReadAnalogText(WithLine(GoldenText, 20, "2147483647"), content));
-    EXPECT_TRUE(content.Segments[0].Custom);
+    for (const auto& [line, text] : uncovering)
+        EXPECT_EQ(ReadText("odd.txt", WithLine(GoldenText, line, text)), whole) << line << text;
+    ReadText("kind.txt", WithLine(GoldenText, 19, "10"));
+    EXPECT_TRUE(read.Segments.at(0).Custom && read.Segments[0].Kind == 0);
+    ReadText("count.txt", WithLine(GoldenText, 20, "2147483647"));
+    EXPECT_TRUE(read.Segments.at(0).Custom);
 }
 
 TEST_F(AnalogFormatTest, RdfCodes) {
@@ -153,20 +127,18 @@ TEST_F(AnalogFormatTest, RdfReading) {
     SaveSetting(ApplicationTitle, "Tidemark_Property", "Ampltude", "50");  // above 20 V
     SaveSetting(ApplicationTitle, "Tidemark_Property", "Quanit", "no number");
     const std::string_view codes("\x00\x00\xFF\x3F\xFF\xFF\x55\x15\x07", 9);
-    ASSERT_TRUE(ReadAnalogRdf(codes, content));
-    UseSettingsStore("");
-    const char* read =
+    const std::string text = ReadText("codes.rdf", codes);
+    const char* expected =
         " 8 \r\n 4 \r\n 20 \r\n 1E-05 \r\n 12 \r\n 3 \r\n 1 \r\n"
         " 0 \r\n-1 \r\n 1 \r\n 1 \r\n 2 \r\n 1 \r\n 3 \r\n";
-    EXPECT_NE(ReadText().find(read), std::string::npos) << ReadText();
-    EXPECT_NEAR(content.DotArray[3].Y, -1.0 / 3, 1e-15);  // 5461 of 16383
-    EXPECT_TRUE(content.Segments.at(0).Custom);
-    ASSERT_TRUE(ReadAnalogRdf(std::string(8194, 'A'), content));
-    EXPECT_EQ(content.Dots, 4096);
+    EXPECT_NE(text.find(expected), std::string::npos) << text;
+    EXPECT_NEAR(read.DotArray.at(3).Y, -1.0 / 3, 1e-15);  // 5461 of 16383
+    EXPECT_TRUE(read.Segments.at(0).Custom);
+    ReadText("long.rdf", std::string(8194, 'A'));
+    EXPECT_EQ(read.Dots, 4096);
 }
 
 TEST_F(AnalogFormatTest, FormatFollowsTheName) {
-    EXPECT_EQ(FormatOfName("a.TXT"), AnalogFormat::Text);
     EXPECT_EQ(FormatOfName("a.b/c.Csv"), AnalogFormat::Csv);
     EXPECT_EQ(FormatOfName("df"), AnalogFormat::Text);
 }

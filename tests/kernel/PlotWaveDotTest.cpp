@@ -85,8 +85,8 @@ TEST(PlotWaveDot, CoversExactlyThePixelsOfTheFormula) {
             if (x >= 0 && x < v.width && y >= 0 && y < v.height) expected.emplace(x, y);
         }
         const int room = std::min(v.last - std::max(v.first, 0) + 1, v.width * v.height);
-        std::vector<std::int32_t> pixels(std::size_t(2) *
-                                         room);  // exactly what is promised to suffice
+        // exactly what is promised to suffice
+        std::vector<std::int32_t> pixels(std::size_t(2) * room);
         const int pairs = Plot(dots, pixels, v);
         ASSERT_EQ(pairs, std::ssize(expected)) << "width " << v.width;
         for (int k = 0; k < pairs; ++k)

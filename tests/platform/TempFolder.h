@@ -9,10 +9,10 @@
 #include <string>
 #include <string_view>
 
-class TempFolderTest : public ::testing::Test {
+class TempFolder {
 protected:
-    TempFolderTest() { mkdtemp(folder.data()); }
-    ~TempFolderTest() override { std::filesystem::remove_all(folder); }
+    TempFolder() { mkdtemp(folder.data()); }
+    ~TempFolder() { std::filesystem::remove_all(folder); }
 
     /// Makes a file and returns its path.
     std::string Put(std::string_view name, std::string_view bytes) {
@@ -27,6 +27,8 @@ protected:
 
     std::string folder = ::testing::TempDir() + "tidemark-XXXXXX";
 };
+
+class TempFolderTest : public ::testing::Test, protected TempFolder {};
 
 /// Runs `write` while no file grows past 4096 bytes, as on a disk that fills up meanwhile.
 template <typename Write>

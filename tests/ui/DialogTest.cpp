@@ -1,4 +1,3 @@
-#include "analog/AnalogDocument.h"
 #include "platform/Settings.h"
 #include "ui/EquationFrm.h"
 #include "ui/MainWindowFixture.h"
@@ -14,16 +13,7 @@ protected:
         RecordsTest::SetUp();
         PropertyEditMode = true;
         SaveSetting(ApplicationTitle, "Tidemark_Equation", "Count", "0");
-        AnalogWaveRecord& wave = ActiveAnalog();
-        ResetDocumentState(wave);
-        AllocateDots(wave, 4096);
-        wave.Vpp = 2.0;
-        wave.Period = 1e-5;
-        wave.Quantify = 12;
-    }
-    static void Show(QWidget& dialog) {
-        dialog.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        MakeDocument("").Quantify = 12;
     }
 };
 
@@ -37,16 +27,12 @@ TEST_F(DialogTest, TypedNumberIsHeldToItsBoundsOnLeaving) {
     const struct {
         bool Property;
         const char *Box, *Typed, *Shown;
-    } rows[] = {{true, "DotnumTxt", "7", "8"},
-                {true, "DotnumTxt", "1a.-2", "12"},  // keys dropped
-                {true, "ampltxt", "25", "20.0000"},
-                {true, "ampltxt", "1.5.5", "1.5500"},  // one point only
-                {true, "QuantTxt", "33", "32"},
-                {true, "Freqtxt", "6000", "5000.000000000"},  // KHz
-                {false, "DotnumTxt", "5000", "4096"},
-                {false, "phasetxt", "400", "359"},
-                {false, "ampltxt", "3", "2.0000"},
-                {false, "para1txt", "90", "80"}};
+    } rows[] = {
+        {true, "DotnumTxt", "7", "8"},        {true, "DotnumTxt", "1a.-2", "12"},  // keys dropped
+        {true, "ampltxt", "1.5.5", "1.5500"},                                      // one point only
+        {true, "QuantTxt", "33", "32"},       {true, "Freqtxt", "6000", "5000.000000000"},  // KHz
+        {false, "DotnumTxt", "5000", "4096"}, {false, "phasetxt", "400", "359"},
+        {false, "ampltxt", "3", "2.0000"},    {false, "para1txt", "90", "80"}};
     for (const auto& row : rows) {
         std::unique_ptr<QDialog> dialog = std::make_unique<PropertyFrm>();
         if (!row.Property) dialog = std::make_unique<StandardWaveFrm>(nullptr, Square);
@@ -55,7 +41,7 @@ TEST_F(DialogTest, TypedNumberIsHeldToItsBoundsOnLeaving) {
     }
 }
 
-TEST_F(DialogTest, UnitListReadsTheNumberInTheNewUnit) {
+TEST_F(DialogTest, UnitListReadsTheNumberInTheNewUnitAndCancelLeavesTheDocument) {
     PropertyFrm dialog;
     Show(dialog);
     QTest::keyClick(FindIn<QComboBox>(dialog, "amplunitCmb"), Qt::Key_Down);
@@ -65,6 +51,10 @@ TEST_F(DialogTest, UnitListReadsTheNumberInTheNewUnit) {
     FindIn<QAbstractButton>(dialog, "OptPer")->click();
     EXPECT_TRUE(FindIn(dialog, "Periodtxt")->isVisible());
     EXPECT_FALSE(FindIn(dialog, "Freqtxt")->isVisible());
+    QTest::keyClick(Type(dialog, "DotnumTxt", "100"), Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+    const AnalogWaveRecord& wave = ActiveAnalog();
+    EXPECT_TRUE(wave.MaxDots == 4096 && wave.Vpp == 2.0 && wave.Period == 1e-5);
 }
 
 TEST_F(DialogTest, EnterGoesFromBoxToBoxAndThenConfirms) {
@@ -82,15 +72,6 @@ TEST_F(DialogTest, EnterGoesFromBoxToBoxAndThenConfirms) {
     EXPECT_EQ(ActiveAnalog().Period, 1e-5);  // visited boxes lose no digit
     EXPECT_EQ(ActiveAnalog().Quantify, 14);
     EXPECT_TRUE(PropertyConfirmed);
-}
-
-TEST_F(DialogTest, CancelLeavesTheDocument) {
-    PropertyFrm property;
-    Show(property);
-    Type(property, "DotnumTxt", "100");
-    QTest::keyClick(property.focusWidget(), Qt::Key_Escape);
-    EXPECT_FALSE(property.isVisible());
-    EXPECT_EQ(ActiveAnalog().MaxDots, 4096);
 }
 
 TEST_F(DialogTest, HeldSpinButtonRepeatsAndCounts) {
@@ -155,18 +136,6 @@ TEST_F(DialogTest, EquationAtFaultIsShownAndHolds) {
     QTest::keyClick(text, Qt::Key_Return);
     EXPECT_EQ(ActiveAnalog().Dots, 100);
     EXPECT_NEAR(ActiveAnalog().DotArray[10].Y, 10.0 / 11.0, 1e-4);  // 9 * 10 / 99 V of 1 V
-}
-
-TEST_F(DialogTest, TextsComeFromTheTableInBothLanguages) {
-    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
-        ExpectTexts(PropertyFrm());
-        ExpectTexts(EquationFrm());
-        for (std::int16_t kind = 0; kind < WaveKindCount; ++kind) {
-            const StandardWaveFrm dialog(nullptr, kind);
-            ExpectTexts(dialog);
-            EXPECT_EQ(FindIn<QLabel>(dialog, "para1Lab")->text().isEmpty(), !FieldsOf(kind).Para1);
-        }
-    }
 }
 
 }  // namespace

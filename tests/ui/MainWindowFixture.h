@@ -1,8 +1,6 @@
 #pragma once
 // Real windows under scripted hands, for tests of whole flows.
-#include "frame/GlobalDefineCode.h"
-#include "frame/LoadLanguageCode.h"
-#include "platform/Host.h"
+#include "analog/AnalogFixture.h"
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
 #include "ui/NumberBox.h"
@@ -10,7 +8,6 @@
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
-#include <gtest/gtest.h>
 #include <functional>
 #include <memory>
 #include <QtTest>
@@ -72,7 +69,8 @@ inline void ExpectTexts(const QDialog& dialog) {
         if (const auto* label = qobject_cast<const QLabel*>(control)) text = label->text();
         if (button && !qobject_cast<const SpinButton*>(control)) text = button->text();
         const std::string name = control->objectName().toStdString();
-        const bool speaks = button || name.ends_with("unitCmb") || name.starts_with("Pic");
+        const bool list = name.ends_with("Cmb") && name != "WaveTypeCmb";  // has its label
+        const bool speaks = button || list || name.starts_with("Pic");
         EXPECT_TRUE(!text.isEmpty() || !speaks) << name;
         if (text.isEmpty() || name.empty() || name.starts_with("para")) continue;
         if (name == "NoteTxt") continue;  // tells of values
@@ -83,19 +81,25 @@ inline void ExpectTexts(const QDialog& dialog) {
 }
 
 // The records as they stand after the start: no document, English.
-class RecordsTest : public testing::Test {
+class RecordsTest : public AnalogFixture {
 protected:
     void SetUp() override {
-        UseEnglish = 1;
-        InstrumentModel = 0;
+        AnalogFixture::SetUp();
         InitialiseGlobals();
-        ActiveAnalogIndex = 0;
         PropertyEditMode = false;
-        for (AnalogWaveRecord& wave : AnalogDocs) wave = AnalogWaveRecord{};
-        AnalogInUse.fill(false);
-        AnalogDocCount = 0;
-        ClipDotCount = 0;
         ClipValues.clear();
+    }
+    /// An open document of 4096 dots at most, 2 V peak to peak, 10 us.
+    static AnalogWaveRecord& MakeDocument(std::string_view runs, std::int32_t count = 100,
+                                          std::int16_t slot = 0) {
+        AnalogWaveRecord& wave = AnalogFixture::MakeDocument(runs, count, 4096, slot);
+        wave.Vpp = 2.0;
+        wave.Period = 1e-5;
+        return wave;
+    }
+    static void Show(QWidget& dialog) {
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     }
 };
 
@@ -113,7 +117,7 @@ protected:
     }
     void TearDown() override {
         window_.reset();
-        TheHost() = host_;
+        RecordsTest::TearDown();
     }
 
     template <typename Control = QToolButton>
@@ -134,8 +138,8 @@ protected:
         New();
         InsertSine();
     }
-    void PressClose(std::int16_t slot) const {
-        FindIn<QToolButton>(*window_->AnalogWindow(slot), "ExtBtn")->click();
+    void Press(std::int16_t slot, const char* button) const {
+        FindIn<QToolButton>(*window_->AnalogWindow(slot), button)->click();
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) const {
         window_->activateWindow();  // no window manager does it after a dialog
@@ -144,14 +148,12 @@ protected:
     }
     /// Message boxes are answered in turn, with Cancel behind the last answer.
     void Script(const std::vector<Answer>& answers) {
-        asked_.clear();
-        TheHost().Ask = [this, answers](std::string_view text, Buttons, MessageIcon) {
-            asked_.emplace_back(text);
-            return asked_.size() <= answers.size() ? answers[asked_.size() - 1] : Answer::Cancel;
+        asked.clear();
+        TheHost().Ask = [this, answers](auto text, auto, auto) {
+            asked.emplace_back(text);
+            return asked.size() <= answers.size() ? answers[asked.size() - 1] : Answer::Cancel;
         };
     }
 
-    const Host host_ = TheHost();
     std::unique_ptr<Mainfrm> window_;
-    std::vector<std::string> asked_;
 };

@@ -50,9 +50,6 @@ protected:
     QWidget* Caption(std::int16_t slot) const {
         return FindIn<QLabel>(*window_->AnalogWindow(slot), "lblTitle")->parentWidget();
     }
-    void Press(std::int16_t slot, const char* button) const {
-        FindIn<QToolButton>(*window_->AnalogWindow(slot), button)->click();
-    }
     QRect Area() const { return Find<QMdiArea>("DocumentArea")->viewport()->rect(); }
     static QWidget* RightGrip(QWidget* window) {
         return window->childAt(window->width() - 2, window->height() / 2);
@@ -114,7 +111,7 @@ TEST_F(WindowArrangementTest, StatesFollowTheButtons) {
     EXPECT_EQ(Place(2), tiles[2]);
     New();  // the first place of a cascade is taken
     EXPECT_EQ(Place(3), PlaceWindows(Kind::Cascade, Area().size(), 2)[1]);
-    PressClose(3);
+    Press(3, "ExtBtn");
     EXPECT_EQ(window_->ActiveTag(), 0);
 }
 
@@ -168,7 +165,7 @@ TEST_F(WindowArrangementTest, TrayIconStandsWhileTheWindowIsMinimised) {
         EXPECT_FALSE(window_->isMinimized() || tray.Stands());
         EXPECT_TRUE(window_->isVisible());
     }
-    EXPECT_EQ(asked_.size(), 1U);  // Save changes? Cancel
+    EXPECT_EQ(asked.size(), 1U);  // Save changes? Cancel
 }
 
 }  // namespace
