@@ -19,10 +19,6 @@ double ValueAt(std::int32_t dot) {
     return Wave().DotArray[static_cast<std::size_t>(dot)].Y;
 }
 
-bool Near(double value, double wished, double within) {
-    return std::fabs(value - wished) <= within;
-}
-
 // Mean step from dot to dot.
 double Roughness() {
     double sum = 0.0;

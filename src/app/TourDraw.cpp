@@ -44,10 +44,6 @@ double PixelVolts() {
     return Wave().Vpp / 2 * (Wave().ViewTop - Wave().ViewBottom) / (Wave().PlotHeight - 1);
 }
 
-bool Near(double value, double wished, double within) {
-    return std::fabs(value - wished) <= within;
-}
-
 void DrawByHand(TourState& tour) {
     Click(Box(tour, "HandDrawAresBtn"));
     const auto curve = [](double dot) { return 0.8 * std::sin(dot / 60.0) * std::exp(-dot / 500); };

@@ -67,6 +67,10 @@ void AnswerFileDialog(QWidget* dialog, const QString& path) {
     PressKey(Control(dialog, "fileNameEdit"), Qt::Key_Return);
 }
 
+bool Near(double value, double wished, double within) {
+    return std::fabs(value - wished) <= within;
+}
+
 bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within) {
     if (wave.Dots != static_cast<std::int32_t>(dots.size())) return false;
     for (std::size_t i = 0; i < dots.size(); ++i)

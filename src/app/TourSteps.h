@@ -36,6 +36,7 @@ void DiscardDocument(TourState& tour);
 
 void AnswerFileDialog(QWidget* dialog, const QString& path);
 
+bool Near(double value, double wished, double within);
 bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within);
 std::vector<WaveDot> DotsOf(const AnalogWaveRecord& wave);
 

@@ -34,8 +34,8 @@ struct Average {
     double Scale;
     LaneValues Sums;                        // of the window but its last dot
     std::array<LaneValues, RingDots> Ring;  // entered values
-    std::array<std::array<double, LeastLane>, Lanes + 1>
-        Tails;  // what follows a lane's end, by lane
+    // What follows the end of each lane.
+    std::array<std::array<double, LeastLane>, Lanes> Tails;
 };
 
 std::int32_t CountOf(const Average& average) {

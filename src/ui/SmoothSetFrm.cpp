@@ -1,6 +1,5 @@
 #include "ui/SmoothSetFrm.h"
 
-#include "calculus/RunEdit.h"
 #include "frame/GlobalDefineCode.h"
 
 SmoothSetFrm::SmoothSetFrm(QWidget* parent) : NumberForm("SmoothSetFrm", parent, OpenSmooth()) {
