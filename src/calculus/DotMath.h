@@ -7,6 +7,7 @@
 #include <vector>
 
 enum DotOperation : std::int16_t { NoOperation, Add, Subtract, Multiply };
+inline constexpr std::int16_t DotOperationCount = 4;
 
 /// Fills `result` with `left` and, as far as `right` reaches, with left + right, left - right or
 /// left * right, clipped to -1..1. X is that of `left`. Returns how many results were clipped.

@@ -63,7 +63,6 @@ void SetSmoothDot(SmoothDialog& dialog, double length) {
 LowPassDialog OpenLowPass() {
     const std::int32_t dots = ActiveAnalog().Dots;
     LowPassDialog dialog;
-    if (dots < LeastWholeWave) return dialog;
     dialog.MaxCut = dots % 2 == 0 ? dots / 2 : RoundToInt(dots / 2.0 + 1.0);
     dialog.FftLength = std::bit_ceil(3U * static_cast<std::uint32_t>(dots));
     SetCutOff(dialog, RoundToInt(ReadSettingNumber(LowPassSection, "CutFreq", 1.0, 1.0,
@@ -86,7 +85,6 @@ void SpinCutOff(LowPassDialog& dialog, std::int32_t tick, bool up) {
 
 std::string LowPassNote(const LowPassDialog& dialog) {
     const AnalogWaveRecord& wave = ActiveAnalog();
-    if (wave.Dots < LeastWholeWave) return {};
     const double hertz = dialog.CutFreq / dialog.FftLength * wave.MaxDots / wave.Period;
     std::string note(PickText("Cut-off at ", "截止频率 "));
     note += FrequencyText(hertz);
@@ -96,7 +94,7 @@ std::string LowPassNote(const LowPassDialog& dialog) {
 void PreviewLowPass(const LowPassDialog& dialog, std::vector<WaveDot>& dots) {
     const auto whole = WholeWave(ActiveAnalog());
     dots.assign(whole.begin(), whole.end());
-    if (whole.size() >= LeastWholeWave) FilterDots(dialog, dots);
+    FilterDots(dialog, dots);
 }
 
 bool PrepareLowPass(const LowPassDialog& dialog) {

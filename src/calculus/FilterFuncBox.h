@@ -16,7 +16,7 @@ struct LowPassDialog {
     bool operator==(const LowPassDialog&) const = default;
 };
 
-/// Fills the dialog for the active document from the settings.
+/// Fills the dialog for the active document, which has dots, from the settings.
 LowPassDialog OpenLowPass();
 
 // The box of the cut-off, what was typed in it (held to 1..MaxCut), and a spin button's tick.

@@ -36,6 +36,7 @@ std::int32_t RoomOf(const AnalogWaveRecord& wave) {
 }
 
 std::span<WaveDot> SelectedDots(AnalogWaveRecord& wave) {
+    if (!wave.HasSelection) return {};  // the bounds are those of an earlier one
     return std::span(wave.DotArray).subspan(wave.SelStart, SelectionLength(wave));
 }
 

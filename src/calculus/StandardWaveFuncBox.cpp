@@ -248,12 +248,12 @@ StandardWaveDialog OpenStandardWave(std::int16_t kind) {
     return dialog;
 }
 
-StandardWaveDialog OpenOperandWave(const WaveSegment* last) {
+StandardWaveDialog OpenOperandWave(const std::optional<WaveSegment>& last) {
     const AnalogWaveRecord& wave = ActiveAnalog();
     const std::int32_t length = SelectionLength(wave);
     StandardWaveDialog dialog = EmptyDialog(wave, length, length);
     dialog.Operand = true;
-    if (last != nullptr)
+    if (last)
         LoadFromSegment(dialog, *last, length);
     else
         LoadFromSettings(dialog, wave);

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,8 +40,8 @@ KindFields FieldsOf(std::int16_t kind);
 StandardWaveDialog OpenStandardWave(std::int16_t kind);
 
 /// Fills the dialog for an operand of wave math over the active selection, whose length is locked:
-/// from `last`, the operand chosen before, or, with null, from the settings.
-StandardWaveDialog OpenOperandWave(const WaveSegment* last);
+/// from `last`, the operand chosen before, or, without one, from the settings.
+StandardWaveDialog OpenOperandWave(const std::optional<WaveSegment>& last);
 
 /// Which boxes of the dialog are open.
 KindFields OpenFields(const StandardWaveDialog& dialog);

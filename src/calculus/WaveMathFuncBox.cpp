@@ -36,7 +36,6 @@ void TakeClipboard(WaveMathDialog& dialog) {
 void TakeStandardWave(WaveMathDialog& dialog, const WaveSegment& wave) {
     dialog.Source = StandardWaveSource;
     dialog.Wave = wave;
-    dialog.HasWave = true;
     const std::int32_t length = SelectionLength(ActiveAnalog());
     dialog.MathSourceDots.resize(static_cast<std::size_t>(length));
     GenerateWave(wave, ActiveAnalog().Vpp, dialog.MathSourceDots.data(), 0, length);
@@ -56,16 +55,15 @@ std::string WaveMathNote(const WaveMathDialog& dialog) {
     std::string note;
     const std::int32_t length = SelectionLength(ActiveAnalog());
     if (dialog.Source == ClipBoardSource && ClipDotCount < length)
-        note = WithNumbers(PickText("The clipboard has % dots, the selection %; the rest counts as "
-                                    "0 V. ",
-                                    "剪贴板有 % 个点，选区有 % 个点；其余按 0 V 处理。"),
+        note = WithNumbers(PickText("The clipboard covers % of % dots; the rest counts as 0 V. ",
+                                    "剪贴板仅有 % 个点（共需 % 个），其余按 0 V 处理。"),
                            {ClipDotCount, length});
     return note + ClippedNote(dialog.Clipped, length);
 }
 
 bool ConfirmWaveMath(const WaveMathDialog& dialog) {
     if (dialog.MathOperation == NoOperation || !ActiveAnalog().HasSelection) return false;
-    if (dialog.Source == StandardWaveSource) SaveWaveSettings(dialog.Wave);
+    if (dialog.Source == StandardWaveSource && dialog.Wave) SaveWaveSettings(*dialog.Wave);
     EditSelection([&](std::span<WaveDot> dots) {
         std::copy_n(dialog.MathResultDots.begin(), dots.size(), dots.begin());
     });

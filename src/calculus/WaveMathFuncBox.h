@@ -4,6 +4,7 @@
 #include "calculus/DotMath.h"
 #include "frame/records/AnalogWaveRecord.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,7 @@ struct WaveMathDialog {
     std::int16_t MathOperation = NoOperation;
     std::vector<WaveDot> MathSourceDots;  // the operand, over the selection's length
     std::vector<WaveDot> MathResultDots;  // the selection, or what becomes of it
-    WaveSegment Wave;                     // the standard wave that was the operand last
-    Flag HasWave;                         // Wave was chosen
+    std::optional<WaveSegment> Wave;      // the standard wave that was the operand last
     std::int32_t Clipped = 0;             // results beyond the rails
 };
 

@@ -42,14 +42,13 @@ QLayout* LowPassSetFrm::MakeButtons() {
 
 void LowPassSetFrm::ShowPreview(const LowPassDialog& dialog) {
     ShowNote(LowPassNote(dialog), NoteSign::Nothing);
-    tried_ = dialog;
     pause_.start(KeyPause);
 }
 
 void LowPassSetFrm::FilterPreview() {
     pause_.stop();
     std::vector<WaveDot> dots;
-    PreviewLowPass(tried_, dots);
+    PreviewLowPass(*previewed_, dots);
     preview_->ShowDots(std::move(dots));
 }
 

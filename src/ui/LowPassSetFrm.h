@@ -24,7 +24,6 @@ private:
     void ShowWaiting();
     void Run();
 
-    LowPassDialog tried_;  // what the preview is to show
     QTimer pause_{this};   // from the last key or tick to the preview
     QTimer timer2_{this};  // from OK to the filter
     bool waiting_ = false;

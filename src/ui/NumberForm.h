@@ -64,6 +64,7 @@ protected:
     Dialog dialog_;
     QGridLayout* form_;
     PlotPreview* preview_ = nullptr;
+    std::optional<Dialog> previewed_;  // what the preview shows or is about to
 
 private:
     void ShowFields() {
@@ -77,6 +78,5 @@ private:
         ShowPreview(dialog);
     }
 
-    std::optional<Dialog> previewed_;
     std::vector<std::pair<NumberBox*, std::string (*)(const Dialog&)>> fields_;
 };

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr QSize PictureSize = {420, 132};  // pixels
-constexpr int OperationCount = Multiply + 1;
 constexpr int NoteLines = 7;
 
 }  // namespace
@@ -27,7 +26,7 @@ WaveMathFrm::WaveMathFrm(QWidget* parent)
 void WaveMathFrm::BuildForm() {
     QGridLayout* form = MakeForm();
     source_ = AddList(form, "SourceCmb", "SourceLab", EntryTexts("SourceCmb", MathSourceCount));
-    operation_ = AddList(form, "MathCmb", "MathLab", EntryTexts("MathCmb", OperationCount));
+    operation_ = AddList(form, "MathCmb", "MathLab", EntryTexts("MathCmb", DotOperationCount));
     AddNote(form, NoteLines);
     form->setRowStretch(form->rowCount(), 1);
     operand_ = new PlotPreview(this, "PicSource", PictureSize);
@@ -60,7 +59,7 @@ void WaveMathFrm::ChooseSource(int source) {
     if (source == ClipBoardSource) {
         TakeClipboard(dialog_);
     } else {
-        StandardWaveFrm wave(this, OpenOperandWave(dialog_.HasWave ? &dialog_.Wave : nullptr));
+        StandardWaveFrm wave(this, OpenOperandWave(dialog_.Wave));
         if (wave.exec() == Accepted) TakeStandardWave(dialog_, wave.Wave());
     }
     ShowFields();

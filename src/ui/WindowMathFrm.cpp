@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int OperationCount = Multiply + 1;
 constexpr int NoteLines = 8;
 
 }  // namespace
@@ -30,7 +29,7 @@ void WindowMathFrm::BuildForm() {
     source_ = AddList(form, "SourceCmb", "SourceLab", names);
     math_ = AddList(form, "MathCmb", "MathLab", names);
     operation_ =
-        AddList(form, "OperateCmb", "OperateLab", EntryTexts("OperateCmb", OperationCount));
+        AddList(form, "OperateCmb", "OperateLab", EntryTexts("OperateCmb", DotOperationCount));
     AddNote(form, NoteLines);
     form->setRowStretch(form->rowCount(), 1);
     preview_ = new PlotPreview(this);

@@ -23,7 +23,7 @@ TEST_F(MathTest, SelectionWithTheClipboard) {
          2,
          {0.5},
          {0.25, 0.0, 0.0, -1.0, 0.25},
-         "The clipboard has 1 dots, the selection 3; the rest counts as 0 V. "}};
+         "The clipboard covers 1 of 3 dots; the rest counts as 0 V. "}};
     for (const auto& [operation, first, last, clip, after, note] : rows) {
         AnalogWaveRecord& wave = MakeWave({0.5, -0.5, 1.0, -1.0, 0.25}, 5);
         ClipValues = clip;
@@ -49,7 +49,7 @@ TEST_F(MathTest, StandardWaveAsOperandWorksApart) {
     Save(WaveSection, {{"DotNum", "20"}, {"Ampl", "1"}, {"Offset", "0.25"}});
     WaveMathDialog dialog = OpenWaveMath();
     ExpectNothing([&] {
-        StandardWaveDialog operand = OpenOperandWave(nullptr);
+        StandardWaveDialog operand = OpenOperandWave({});
         EXPECT_EQ(operand.Wave.Offset, 0.25F);
         ChangeKind(operand, None);
         EXPECT_FALSE(ConfirmStandardWave(operand));
@@ -61,7 +61,7 @@ TEST_F(MathTest, StandardWaveAsOperandWorksApart) {
         EXPECT_TRUE(ConfirmStandardWave(operand));
         TakeStandardWave(dialog, operand.Wave);
         EXPECT_TRUE(dialog.MathSourceDots.size() == 10 && dialog.MathSourceDots[9].Y == 0.5);
-        EXPECT_EQ(OpenOperandWave(&dialog.Wave).Wave.Offset, 1.0F);
+        EXPECT_EQ(OpenOperandWave(dialog.Wave).Wave.Offset, 1.0F);
         EXPECT_FALSE(ConfirmWaveMath(dialog));  // no operation
     });
     EXPECT_EQ(Saved(WaveSection, {"DotNum", "Offset"}), "20 0.25 ");
