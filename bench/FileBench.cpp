@@ -41,7 +41,7 @@ void WriteTextBase(benchmark::State& state) {
 void ReadText(benchmark::State& state) {
     const std::string text = WriteAnalogText(OpenMillionDots(Shape::Noise));
     for (auto _ : state) {
-        AnalogFileContent content;
+        LoadedWave content;
         if (!ReadAnalogText(text, content) || content.Dots != MillionDots) {
             state.SkipWithError("the text could not be read back");
             break;

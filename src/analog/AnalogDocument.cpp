@@ -5,6 +5,7 @@
 #include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/Narrow.h"
 #include "frame/StatusText.h"
 #include "platform/Host.h"
 
@@ -22,6 +23,18 @@ void SetDefaultLimits(AnalogWaveRecord& wave) {
     wave.XLimitRight = width / 10.0F * 8.0F;
     wave.YLimitTop = height / 8.0F * 1.0F;
     wave.YLimitBottom = height / 8.0F * 7.0F - 1.0F;
+}
+
+void FillRecord(AnalogWaveRecord& wave, LoadedWave loaded) {
+    AllocateDots(wave, loaded.MaxDots);
+    wave.DotArray = std::move(loaded.DotArray);
+    wave.Dots = loaded.Dots;
+    wave.LastDot = loaded.LastDot;
+    wave.SegmentCount = Narrow<std::int32_t>(std::ssize(loaded.Segments));
+    wave.Segments = std::move(loaded.Segments);
+    wave.Vpp = loaded.Vpp;
+    wave.Period = loaded.Period;
+    wave.Quantify = loaded.Quantify;
 }
 
 }  // namespace
@@ -140,6 +153,16 @@ bool CreateAnalogDocument() {
     ShowTool(slot);
     RepaintAnalog(slot, true);
     DocBuilding = false;
+    return true;
+}
+
+bool OpenLoadedWave(LoadedWave loaded) {
+    if (!RoomForDocument()) return false;
+    ActiveAnalogIndex = FirstFreeAnalogSlot();
+    FillRecord(ActiveAnalog(), std::move(loaded));
+    CreateAnalogDocument();
+    ShowWholeWave(ActiveAnalog());
+    RepaintAnalog(ActiveAnalogIndex, true);
     return true;
 }
 

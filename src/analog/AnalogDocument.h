@@ -31,6 +31,18 @@ void NewAnalogDocument();
 /// Vpp, Period, Quantify and allocated dots. False, with a message, when ten are open.
 bool CreateAnalogDocument();
 
+// A waveform from a file or from the instrument, on its way into a document.
+struct LoadedWave {
+    std::int32_t MaxDots = 0, Dots = 0, LastDot = 0;
+    double Vpp = 0.0, Period = 0.0;
+    std::int16_t Quantify = 0;
+    std::vector<WaveDot> DotArray;  // size MaxDots
+    std::vector<WaveSegment> Segments;
+};
+/// Makes the waveform the document of the first free slot, with its whole capacity in view. False,
+/// with a message, when ten are open.
+bool OpenLoadedWave(LoadedWave loaded);
+
 /// Reads the tag of the active child window into ActiveAnalogIndex or ActiveDigitIndex and sets
 /// ActiveIsDigital. -1 when there is no child window.
 std::int16_t ActiveDocumentIndex();

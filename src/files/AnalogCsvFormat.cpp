@@ -39,7 +39,7 @@ char* WriteDot(char* to, std::int32_t index, double volts) {
     return std::ranges::copy(LineEnd, WriteExponent2(to, volts)).out;
 }
 
-bool TakeHeader(NumberLines& in, AnalogFileContent& content, std::int32_t& segmentCount) {
+bool TakeHeader(NumberLines& in, LoadedWave& content, std::int32_t& segmentCount) {
     return TakeCaption(in) && TakeNumberLine(in, content.Vpp) &&      //
            TakeCaption(in) && TakeNumberLine(in, content.Period) &&   //
            TakeCaption(in) && TakeWholeLine(in, content.Quantify) &&  //
@@ -50,7 +50,7 @@ bool TakeHeader(NumberLines& in, AnalogFileContent& content, std::int32_t& segme
            TakeLineEnd(in) && TakeTitle(in, Columns);
 }
 
-bool TakeDots(NumberLines& in, AnalogFileContent& content) {
+bool TakeDots(NumberLines& in, LoadedWave& content) {
     const FileProgress progress(content.Dots);
     const double half = content.Vpp / 2;
     for (std::int32_t i = 0; i < content.Dots; ++i) {
@@ -86,7 +86,7 @@ std::string WriteAnalogCsv(const AnalogWaveRecord& wave) {
     return text;
 }
 
-bool ReadAnalogCsv(std::string_view bytes, AnalogFileContent& content) {
+bool ReadAnalogCsv(std::string_view bytes, LoadedWave& content) {
     NumberLines in = OpenNumberLines(bytes);
     std::int32_t segmentCount = 0;
     return TakeTitle(in, Title) && TakeHeader(in, content, segmentCount) &&

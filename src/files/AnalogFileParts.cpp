@@ -50,7 +50,7 @@ bool TakeSegment(NumberLines& in, WaveSegment& segment) {
     return read;
 }
 
-bool CoverDots(const AnalogFileContent& content) {
+bool CoverDots(const LoadedWave& content) {
     std::int32_t next = 0;
     for (const WaveSegment& segment : content.Segments) {
         if (segment.RunStart != next || segment.EndDot < next || segment.EndDot >= content.Dots)
@@ -96,8 +96,7 @@ void AppendSegments(std::string& to, const AnalogWaveRecord& wave) {
     }
 }
 
-bool PrepareContent(AnalogFileContent& content, std::int32_t segmentCount,
-                    const NumberLines& rest) {
+bool PrepareContent(LoadedWave& content, std::int32_t segmentCount, const NumberLines& rest) {
     if (content.MaxDots < 1 || content.MaxDots > LargestCapacity) return false;
     if (content.Dots < 0 || content.Dots > content.MaxDots || segmentCount < 0) return false;
     if (!IsScale(content.Vpp) || !IsScale(content.Period)) return false;
@@ -112,7 +111,7 @@ bool PrepareContent(AnalogFileContent& content, std::int32_t segmentCount,
     return true;
 }
 
-bool TakeSegments(NumberLines& in, std::int32_t count, AnalogFileContent& content) {
+bool TakeSegments(NumberLines& in, std::int32_t count, LoadedWave& content) {
     content.Segments.resize(count);
     for (WaveSegment& segment : content.Segments)
         if (!TakeSegment(in, segment)) return false;
@@ -123,7 +122,7 @@ bool TakeSegments(NumberLines& in, std::int32_t count, AnalogFileContent& conten
     return true;
 }
 
-void CoverWithOneSegment(AnalogFileContent& content) {
+void CoverWithOneSegment(LoadedWave& content) {
     content.Segments.clear();
     if (content.Dots == 0) return;
     WaveSegment whole;

@@ -55,7 +55,7 @@ std::string WriteAnalogRdf(const AnalogWaveRecord& wave) {
     return bytes;
 }
 
-bool ReadAnalogRdf(std::string_view bytes, AnalogFileContent& content) {
+bool ReadAnalogRdf(std::string_view bytes, LoadedWave& content) {
     const std::int64_t held = std::min<std::int64_t>(std::ssize(bytes) / 2, MaxWaveDots);
     if (held == 0) return false;
     content.Dots = Narrow<std::int32_t>(held);

@@ -40,14 +40,14 @@ char* WriteDot(char* to, std::int32_t index, double y) {
     return WriteLineEnd(WriteField(WriteLineEnd(to), y));
 }
 
-bool TakeHeader(NumberLines& in, AnalogFileContent& content, std::int32_t& segmentCount) {
+bool TakeHeader(NumberLines& in, LoadedWave& content, std::int32_t& segmentCount) {
     return TakeWholeLine(in, content.MaxDots) && TakeWholeLine(in, content.Dots) &&
            TakeNumberLine(in, content.Vpp) && TakeNumberLine(in, content.Period) &&
            TakeWholeLine(in, content.Quantify) && TakeWholeLine(in, content.LastDot) &&
            TakeWholeLine(in, segmentCount);
 }
 
-bool TakeDots(NumberLines& in, AnalogFileContent& content) {
+bool TakeDots(NumberLines& in, LoadedWave& content) {
     const FileProgress progress(content.Dots);
     for (std::int32_t i = 0; i < content.Dots; ++i) {
         ReportDot(progress, i);
@@ -81,7 +81,7 @@ std::string WriteAnalogText(const AnalogWaveRecord& wave) {
     return text;
 }
 
-bool ReadAnalogText(std::string_view bytes, AnalogFileContent& content) {
+bool ReadAnalogText(std::string_view bytes, LoadedWave& content) {
     NumberLines in = OpenNumberLines(bytes);
     std::int32_t segmentCount = 0;
     return TakeTitle(in, Title) && TakeHeader(in, content, segmentCount) &&

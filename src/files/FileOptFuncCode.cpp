@@ -19,7 +19,7 @@ namespace {
 struct FormatRow {
     std::string_view Extension;
     std::string (*Write)(const AnalogWaveRecord& wave);
-    bool (*Read)(std::string_view bytes, AnalogFileContent& content);
+    bool (*Read)(std::string_view bytes, LoadedWave& content);
 };
 
 // In the order of AnalogFormat and of the dialogs' filter.
@@ -118,7 +118,7 @@ bool ChooseAndSave(std::int16_t index, std::string_view title) {
     return !path.empty() && SaveTo(index, path);
 }
 
-bool ReadContent(const std::string& path, AnalogFileContent& content) {
+bool ReadContent(const std::string& path, LoadedWave& content) {
     std::string bytes;
     if (const int error = ReadWholeFile(path, LargestFile, bytes)) {
         Complain("The file could not be opened: ", "文件无法打开：", FileErrorText(error));
@@ -127,18 +127,6 @@ bool ReadContent(const std::string& path, AnalogFileContent& content) {
     if (RowOf(FormatOfName(path)).Read(bytes, content)) return true;
     Complain("The file format is invalid！", "文件格式不正确！");
     return false;
-}
-
-void FillRecord(AnalogWaveRecord& wave, AnalogFileContent content) {
-    AllocateDots(wave, content.MaxDots);
-    wave.DotArray = std::move(content.DotArray);
-    wave.Dots = content.Dots;
-    wave.LastDot = content.LastDot;
-    wave.SegmentCount = Narrow<std::int32_t>(std::ssize(content.Segments));
-    wave.Segments = std::move(content.Segments);
-    wave.Vpp = content.Vpp;
-    wave.Period = content.Period;
-    wave.Quantify = content.Quantify;
 }
 
 // The user picks a file to read; `folder` is where the dialog opens.
@@ -185,23 +173,11 @@ void OpenAnalog() {
 }
 
 bool OpenAnalogFile(const std::string& path) {
-    AnalogFileContent content;
+    LoadedWave content;
     if (!RoomForDocument() || !ReadContent(path, content)) return false;
-
-    const std::int16_t formerIndex = ActiveAnalogIndex;
-    const std::int16_t slot = FirstFreeAnalogSlot();
-    AnalogWaveRecord& wave = AnalogAt(slot);
-    ActiveAnalogIndex = slot;
-    FillRecord(wave, std::move(content));
-    if (!CreateAnalogDocument()) {
-        wave = AnalogWaveRecord();
-        ActiveAnalogIndex = formerIndex;
-        return false;
-    }
-    SetFile(wave, path);
-    ShowWholeWave(wave);
-    RepaintAnalog(slot, true);
-    TheHost().ShowTitle(slot);
+    if (!OpenLoadedWave(std::move(content))) return false;
+    SetFile(ActiveAnalog(), path);
+    TheHost().ShowTitle(ActiveAnalogIndex);
     TheHost().RefreshCommands();
     return true;
 }
@@ -215,7 +191,7 @@ void InsertFromFile() {
 }
 
 bool InsertAnalogFile(const std::string& path) {
-    AnalogFileContent content;
+    LoadedWave content;
     if (!ReadContent(path, content)) return false;
     if (content.Dots == 0) {
         Complain("The file holds no dots.", "文件中没有波形点。");

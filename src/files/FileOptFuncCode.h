@@ -2,7 +2,7 @@
 // Analog documents to and from files: text (everything, exact), CSV (everything, volts to three
 // digits) and RDF (the instrument's 14-bit codes only). A save writes a temporary file beside the
 // target and renames it; a reader checks everything before a document is made.
-#include "frame/records/AnalogWaveRecord.h"
+#include "analog/AnalogDocument.h"
 
 #include <string>
 #include <string_view>
@@ -35,16 +35,8 @@ std::string WriteAnalogText(const AnalogWaveRecord& wave);
 std::string WriteAnalogCsv(const AnalogWaveRecord& wave);
 std::string WriteAnalogRdf(const AnalogWaveRecord& wave);
 
-/// What a reader found; moved into the record of a new slot.
-struct AnalogFileContent {
-    std::int32_t MaxDots = 0, Dots = 0, LastDot = 0;
-    double Vpp = 0.0, Period = 0.0;
-    std::int16_t Quantify = 0;
-    std::vector<WaveDot> DotArray;  // size MaxDots
-    std::vector<WaveSegment> Segments;
-};
 /// False when the bytes are not of the format, or counts and values contradict each other or the
 /// limits; `content` is then undefined.
-bool ReadAnalogText(std::string_view bytes, AnalogFileContent& content);
-bool ReadAnalogCsv(std::string_view bytes, AnalogFileContent& content);
-bool ReadAnalogRdf(std::string_view bytes, AnalogFileContent& content);
+bool ReadAnalogText(std::string_view bytes, LoadedWave& content);
+bool ReadAnalogCsv(std::string_view bytes, LoadedWave& content);
+bool ReadAnalogRdf(std::string_view bytes, LoadedWave& content);

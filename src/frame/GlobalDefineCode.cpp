@@ -47,10 +47,18 @@ constexpr ModelLimits Models[] = {
 };
 constexpr double VariantMinPeriod = 2.5e-07;  // early KT1100: 4 MHz in place of 5 MHz
 
+const ModelLimits& LimitsOf(std::uint8_t model) {
+    return Models[model < std::size(Models) ? model : 0];
+}
+
 }  // namespace
 
+std::int32_t MostDotsOf(std::uint8_t model) {
+    return LimitsOf(model).MaxDots;
+}
+
 void SetInstrumentLimits() {
-    const ModelLimits& model = Models[InstrumentModel < 3 ? InstrumentModel : 0];
+    const ModelLimits& model = LimitsOf(InstrumentModel);
     MaxWaveDots = model.MaxDots;
     MinWaveDots = 8;
     MaxVpp = 20.0;

@@ -44,6 +44,9 @@ extern std::int32_t ClipDotCount;
 extern std::vector<double> ClipValues;
 extern Flag ClipAvailable;
 
+/// The dots that a model can have: 0 KT1100, 1 KT2200, 2 KT3300.
+std::int32_t MostDotsOf(std::uint8_t model);
+
 /// Sets the limits for `InstrumentModel` and `ModelVariant`.
 void SetInstrumentLimits();
 

@@ -12,10 +12,15 @@ bool IsHexDigit(char c) {
     return IsDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
 
+bool IsNameCharacter(char c) {
+    return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+}
+
 }  // namespace
 
 bool AcceptsText(KeyKind kind, std::string_view text) {
     if (kind == KeyKind::Hex) return std::ranges::all_of(text, IsHexDigit);
+    if (kind == KeyKind::WaveName) return std::ranges::all_of(text, IsNameCharacter);
     const bool isSigned = kind == KeyKind::SignedWhole || kind == KeyKind::SignedReal;
     if (isSigned && text.starts_with('-')) text.remove_prefix(1);
     const std::ptrdiff_t pointsAllowed = kind == KeyKind::Real || kind == KeyKind::SignedReal;

@@ -10,6 +10,7 @@ enum class KeyKind : std::uint8_t {
     Real,         // digits and at most one point
     SignedReal,   // the same behind at most one "-"
     Hex,          // 0-9, A-F, a-f
+    WaveName,     // letters, digits and "_": the name of a stored waveform
 };
 
 /// True for a complete or half-typed number of the kind; "", "-", "." and "-." pass where their

@@ -2,7 +2,8 @@
 
 Host& TheHost() {
     static Host host = {
-        .Ask = [](std::string_view, Buttons, MessageIcon) { return Answer::Cancel; },
+        .ShowBox = [](std::string_view, Buttons, MessageIcon,
+                      std::string_view) { return Answer::Cancel; },
         .ChooseFile = [](const FileChoice&) { return std::string(); },
         .ChooseColour = [](std::string_view, std::uint32_t) -> std::optional<std::uint32_t> {
             return std::nullopt;
@@ -19,6 +20,10 @@ Host& TheHost() {
         .PopupMenu = [](std::string_view) {},
         .ShowProgress = [](std::int64_t, std::int64_t) {},
         .Wait = [](std::int32_t) {},
+        .Pump = [] {},
+        .AwaitEvent = [] {},
+        .HoldInput = [](bool) {},
+        .ShowLink = [] {},
         .ArrangeWindows = [](WindowArrangement) {},
         .ShowEditor = [] {},
         .CloseMainWindow = [] {},

@@ -8,7 +8,7 @@
 #include <string_view>
 
 enum class Answer { Ok, Yes, No, Cancel };
-enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class MessageIcon { Information, Exclamation, Question };
 enum class WindowArrangement { Cascade, Horizontal, Vertical, Icons };
 
@@ -26,9 +26,9 @@ struct FileChoice {
 inline constexpr std::uint32_t UsualColour = 0xFF000000;
 
 struct Host {
-    /// Shows a message box and returns the button pressed; closing the box is Cancel (Ok where
-    /// that is the only button, No where there is no Cancel).
-    std::function<Answer(std::string_view text, Buttons, MessageIcon)> Ask;
+    /// Shows a message box, see Ask.
+    std::function<Answer(std::string_view text, Buttons, MessageIcon, std::string_view title)>
+        ShowBox;
     /// Lets the user pick a file; empty when cancelled. Overwriting is asked by the caller.
     std::function<std::string(const FileChoice&)> ChooseFile;
     /// Lets the user pick a colour, 0xRRGGBB or UsualColour; `colour` is preselected. Nothing when
@@ -59,14 +59,31 @@ struct Host {
     std::function<void(std::string_view menu)> PopupMenu;
     /// Progress of long work, 0..total; total 0 ends it.
     std::function<void(std::int64_t done, std::int64_t total)> ShowProgress;
-    /// Waits, letting windows repaint but taking no input.
+    /// Waits, letting windows repaint but taking no input. The button that cancels the work of the
+    /// link ends the wait.
     std::function<void(std::int32_t milliseconds)> Wait;
+    /// Lets pending events run and returns.
+    std::function<void()> Pump;
+    /// Lets events run until there was one; returns after a tenth of a second at the latest.
+    std::function<void()> AwaitEvent;
+    /// Work of the link begins or ends: meanwhile input reaches only the button that cancels it,
+    /// and message boxes.
+    std::function<void(bool begins)> HoldInput;
+    /// Shows the state of the link anew: connection, progress, what is awaited, the open dialog.
+    std::function<void()> ShowLink;
     /// Arranges the open document windows, or the minimised ones (Icons). Nothing happens without.
     std::function<void(WindowArrangement)> ArrangeWindows;
     /// Brings the minimised main window back and removes the tray icon.
     std::function<void()> ShowEditor;
     /// Ends the program by closing the main window.
     std::function<void()> CloseMainWindow;
+
+    /// Shows a message box and returns the button pressed; closing the box is Cancel (Ok where
+    /// that is the only button, No where there is no Cancel).
+    Answer Ask(std::string_view text, Buttons buttons, MessageIcon icon,
+               std::string_view title = "TideMark") const {
+        return ShowBox(text, buttons, icon, title);
+    }
 };
 
 /// The installed table; every entry does nothing (answers Cancel, empty, false) until start-up

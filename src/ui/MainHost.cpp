@@ -50,17 +50,20 @@ const char* IconName(MessageIcon icon) {
     }
 }
 
-Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageIcon icon) {
+Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageIcon icon,
+               std::string_view title) {
     QMessageBox box(&window);
     box.setObjectName("MessageBox");
-    box.setWindowTitle("TideMark");
+    box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text));
     const QIcon picture = ThemedIcon(IconName(icon));
     box.setIconPixmap(
         picture.pixmap(QSize(40, 40), window.devicePixelRatioF(), QIcon::Normal, QIcon::On));
-    if (buttons == Buttons::Ok) {
+    if (buttons == Buttons::Ok || buttons == Buttons::OkCancel) {
         AddButton(box, QMessageBox::AcceptRole, Answer::Ok, "OK", "确定");
+        if (buttons == Buttons::OkCancel)
+            AddButton(box, QMessageBox::RejectRole, Answer::Cancel, "Cancel", "取消");
     } else {
         AddButton(box, QMessageBox::YesRole, Answer::Yes, "&Yes", "是(&Y)");
         AddButton(box, QMessageBox::NoRole, Answer::No, "&No", "否(&N)");
@@ -173,8 +176,9 @@ void WaitFor(std::int32_t milliseconds) {
 void InstallHost(Mainfrm& window) {
     Mainfrm* main = &window;
     Host& host = TheHost();
-    host.Ask = [main](std::string_view text, Buttons buttons, MessageIcon icon) {
-        return AskUser(*main, text, buttons, icon);
+    host.ShowBox = [main](std::string_view text, Buttons buttons, MessageIcon icon,
+                          std::string_view title) {
+        return AskUser(*main, text, buttons, icon, title);
     };
     host.ChooseFile = [main](const FileChoice& choice) { return PickFile(*main, choice); };
     host.ChooseColour = [main](std::string_view title, std::uint32_t colour) {

@@ -18,7 +18,7 @@
 class AnalogFixture : public ::testing::Test {
 protected:
     void SetUp() override {
-        TheHost().Ask = [this](auto text, auto, auto) {
+        TheHost().ShowBox = [this](auto text, auto, auto, auto) {
             asked.emplace_back(text);
             return answer;
         };

@@ -149,7 +149,7 @@ protected:
     /// Message boxes are answered in turn, with Cancel behind the last answer.
     void Script(const std::vector<Answer>& answers) {
         asked.clear();
-        TheHost().Ask = [this, answers](auto text, auto, auto) {
+        TheHost().ShowBox = [this, answers](auto text, auto, auto, auto) {
             asked.emplace_back(text);
             return asked.size() <= answers.size() ? answers[asked.size() - 1] : Answer::Cancel;
         };

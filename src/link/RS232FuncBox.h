@@ -1,0 +1,25 @@
+#pragma once
+// The serial transport: commands end with a carriage return, replies with a line feed.
+#include "link/LinkWork.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Opens the port of the settings; a failure speaks and clears RS232Ready.
+void RS232Init();
+/// Sends a line and pauses until it has drained. A failure speaks and sets CommError.
+void RS232SendText(std::string_view text);
+/// Sends a line and waits for the reply line. Four seconds of silence speak, set CommError and
+/// return an empty text.
+std::string RS232QueryText(std::string_view text);
+
+/// What the port tells: input (code 2) is taken in, other codes go to the transcript.
+void RS232OnEvent(std::int16_t code, std::string_view fragment);
+/// A tenth of a second has passed.
+void CountReadTick();
+
+/// The number of a port name, its last character: 1..9, 0 for anything else.
+std::int16_t PortNumber(std::string_view port);
+/// The device path of a port number 1..9: the one in the settings, else /dev/ttyS0 and so on.
+std::string DeviceOfPort(std::int16_t number);
