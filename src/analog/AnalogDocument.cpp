@@ -156,6 +156,15 @@ bool CreateAnalogDocument() {
     return true;
 }
 
+void CoverWithOneSegment(LoadedWave& loaded) {
+    loaded.Segments.clear();
+    if (loaded.Dots == 0) return;
+    WaveSegment whole;
+    whole.EndDot = loaded.Dots - 1;
+    whole.DotCount = loaded.Dots;
+    loaded.Segments.push_back(whole);
+}
+
 bool OpenLoadedWave(LoadedWave loaded) {
     if (!RoomForDocument()) return false;
     ActiveAnalogIndex = FirstFreeAnalogSlot();

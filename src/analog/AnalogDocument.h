@@ -39,6 +39,8 @@ struct LoadedWave {
     std::vector<WaveDot> DotArray;  // size MaxDots
     std::vector<WaveSegment> Segments;
 };
+/// One custom segment over all dots; none when there are no dots.
+void CoverWithOneSegment(LoadedWave& loaded);
 /// Makes the waveform the document of the first free slot, with its whole capacity in view. False,
 /// with a message, when ten are open.
 bool OpenLoadedWave(LoadedWave loaded);

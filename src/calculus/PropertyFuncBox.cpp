@@ -82,10 +82,9 @@ void TakeFrequency(PropertyDialog& dialog, double old, double hertz) {
 void ReadPropertySettings(PropertyDialog& dialog) {
     dialog.MaxDots =
         RoundToInt(ReadSettingNumber(Section, "MaxDots", 4096.0, MinWaveDots, MaxWaveDots));
-    dialog.Vpp = ReadSettingNumber(Section, "Ampltude", 2.0, MinVpp, MaxVpp);
-    dialog.Quantify = Narrow<std::int16_t>(
-        RoundToInt(ReadSettingNumber(Section, "Quanit", 12.0, MinQuantify, MaxQuantify)));
-    dialog.Period = ReadSettingNumber(Section, "Period", 1e-5, MinPeriod, MaxPeriod);
+    dialog.Vpp = StoredVpp();
+    dialog.Quantify = StoredQuantify();
+    dialog.Period = StoredPeriod();
 }
 
 void SavePropertySettings(const PropertyDialog& dialog) {
@@ -156,6 +155,19 @@ void PrepareNewDocument(AnalogWaveRecord& wave, const PropertyDialog& dialog) {
 }
 
 }  // namespace
+
+double StoredVpp() {
+    return ReadSettingNumber(Section, "Ampltude", 2.0, MinVpp, MaxVpp);
+}
+
+double StoredPeriod() {
+    return ReadSettingNumber(Section, "Period", 1e-5, MinPeriod, MaxPeriod);
+}
+
+std::int16_t StoredQuantify() {
+    return Narrow<std::int16_t>(
+        RoundToInt(ReadSettingNumber(Section, "Quanit", 12.0, MinQuantify, MaxQuantify)));
+}
 
 PropertyDialog OpenPropertyDialog() {
     SetInstrumentLimits();

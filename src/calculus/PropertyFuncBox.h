@@ -28,6 +28,11 @@ struct PropertyDialog {
     std::int16_t PeriodUnit = 0;     // index of PeriodUnits
 };
 
+// What the dialog's OK has last stored, held to the limits: volts, seconds, bits.
+double StoredVpp();
+double StoredPeriod();
+std::int16_t StoredQuantify();
+
 /// Fills the dialog: from the settings for a new document (and ActiveAnalogIndex becomes the
 /// first free slot), from the active record where PropertyEditMode is set. Sets the limits anew and
 /// clears PropertyConfirmed. The values of an open document are shown as they are, even where the

@@ -121,12 +121,3 @@ bool TakeSegments(NumberLines& in, std::int32_t count, LoadedWave& content) {
         if (segment.DotCount != segment.EndDot - segment.RunStart + 1) segment.Custom = true;
     return true;
 }
-
-void CoverWithOneSegment(LoadedWave& content) {
-    content.Segments.clear();
-    if (content.Dots == 0) return;
-    WaveSegment whole;
-    whole.EndDot = content.Dots - 1;
-    whole.DotCount = content.Dots;
-    content.Segments.push_back(whole);
-}

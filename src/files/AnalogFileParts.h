@@ -26,6 +26,3 @@ bool PrepareContent(LoadedWave& content, std::int32_t segmentCount, const Number
 /// Reads the segment blocks behind the dots. Segments of another writer that do not cover the
 /// dots are replaced by one custom segment. False for text that is no number.
 bool TakeSegments(NumberLines& in, std::int32_t count, LoadedWave& content);
-
-/// One custom segment over all dots; none when there are no dots.
-void CoverWithOneSegment(LoadedWave& content);

@@ -1,9 +1,9 @@
+#include "analog/DacCode.h"
+#include "calculus/PropertyFuncBox.h"
 #include "files/AnalogFileParts.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
-#include "frame/StringFunc.h"
 #include "kernel/wavecalc.h"
-#include "platform/Settings.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr double FullCode = 16383.0;
 constexpr std::int32_t ShortLength = 4096, LongLength = 524288;  // codes
 
 std::int32_t CodeCount(std::int32_t dots) {
@@ -26,15 +25,6 @@ std::int32_t CodeCount(std::int32_t dots) {
         length = LongLength;
     // A document may hold more than the model now selected; codes are left out then.
     return dots > MaxWaveDots ? MaxWaveDots : length;
-}
-
-std::uint16_t CodeOf(double y) {
-    return Narrow<std::uint16_t>(RoundToInt((std::clamp(y, -1.0, 1.0) + 1) / 2 * FullCode));
-}
-
-double SettingOr(std::string_view key, double fallback) {
-    const std::string text = GetSetting(ApplicationTitle, "Tidemark_Property", key, "");
-    return text.empty() ? fallback : TextToNumber(text).value_or(fallback);
 }
 
 }  // namespace
@@ -61,16 +51,15 @@ bool ReadAnalogRdf(std::string_view bytes, LoadedWave& content) {
     content.Dots = Narrow<std::int32_t>(held);
     content.MaxDots = std::max(content.Dots, MinWaveDots);
     content.LastDot = content.Dots - 1;
-    content.Vpp = std::clamp(SettingOr("Ampltude", 2.0), MinVpp, MaxVpp);
-    content.Period = std::clamp(SettingOr("Period", 1e-5), MinPeriod, MaxPeriod);
-    content.Quantify = Narrow<std::int16_t>(RoundToInt(
-        std::clamp(SettingOr("Quanit", 12.0), double(MinQuantify), double(MaxQuantify))));
+    content.Vpp = StoredVpp();
+    content.Period = StoredPeriod();
+    content.Quantify = StoredQuantify();
     content.DotArray.assign(content.MaxDots, WaveDot{});
     for (std::int32_t i = 0; i < content.Dots; ++i) {
         const auto at = std::size_t{2} * static_cast<std::size_t>(i);
         const int low = static_cast<unsigned char>(bytes[at]);
         const int high = static_cast<unsigned char>(bytes[at + 1]);
-        const double y = (high * 256 + low) / FullCode * 2 - 1;
+        const double y = (high * 256 + low) / double(LargestCode) * 2 - 1;
         content.DotArray[i] = {static_cast<double>(i), std::clamp(y, -1.0, 1.0)};
     }
     CoverWithOneSegment(content);

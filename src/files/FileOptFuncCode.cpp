@@ -4,6 +4,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "frame/FileBoxes.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
@@ -47,11 +48,6 @@ const FormatRow& RowOf(AnalogFormat format) {
     return Formats[static_cast<std::size_t>(format)];
 }
 
-void Complain(std::string_view english, std::string_view chinese, std::string_view reason = "") {
-    const std::string text = std::string(PickText(english, chinese)).append(reason);
-    TheHost().Ask(text, Buttons::Ok, MessageIcon::Exclamation);
-}
-
 // What stands behind the last separator; files come from systems with either.
 std::string NameOfPath(const std::string& path) {
     return path.substr(path.find_last_of("\\/") + 1);  // npos + 1 is 0
@@ -74,7 +70,7 @@ bool SaveTo(std::int16_t index, const std::string& path) {
     CloseStroke(wave);  // its dots have no segment before
     const std::string bytes = RowOf(FormatOfName(path)).Write(wave);
     if (const int error = WriteFileSafely(path, bytes)) {
-        Complain("The file could not be saved: ", "文件无法保存：", FileErrorText(error));
+        TellSaveFault(error);
         return false;
     }
     SetFile(wave, path);
@@ -90,13 +86,6 @@ void CompleteName(std::string& path, std::int32_t filterIndex) {
     path += Formats[known ? filterIndex : 0].Extension;
 }
 
-bool MayReplace(const AnalogWaveRecord& wave, const std::string& path) {
-    std::error_code error;
-    if (path == wave.FileName || !std::filesystem::exists(path, error)) return true;
-    return TheHost().Ask(PickText("This file is existed,overwrite?", "该文件已存在，是否覆盖？"),
-                         Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
-}
-
 // The file to save to; empty when the user changed his mind.
 std::string ChooseTarget(const AnalogWaveRecord& wave, std::string_view title) {
     const FileChoice choice = {
@@ -110,7 +99,7 @@ std::string ChooseTarget(const AnalogWaveRecord& wave, std::string_view title) {
     std::string path = TheHost().ChooseFile(choice);
     if (path.empty()) return path;
     CompleteName(path, choice.FilterIndex);
-    return MayReplace(wave, path) ? path : std::string();
+    return path == wave.FileName || MayReplaceFile(path) ? path : std::string();
 }
 
 bool ChooseAndSave(std::int16_t index, std::string_view title) {
@@ -121,11 +110,12 @@ bool ChooseAndSave(std::int16_t index, std::string_view title) {
 bool ReadContent(const std::string& path, LoadedWave& content) {
     std::string bytes;
     if (const int error = ReadWholeFile(path, LargestFile, bytes)) {
-        Complain("The file could not be opened: ", "文件无法打开：", FileErrorText(error));
+        Complain(PickText("The file could not be opened: ", "文件无法打开："),
+                 FileErrorText(error));
         return false;
     }
     if (RowOf(FormatOfName(path)).Read(bytes, content)) return true;
-    Complain("The file format is invalid！", "文件格式不正确！");
+    Complain(PickText("The file format is invalid！", "文件格式不正确！"));
     return false;
 }
 
@@ -194,7 +184,7 @@ bool InsertAnalogFile(const std::string& path) {
     LoadedWave content;
     if (!ReadContent(path, content)) return false;
     if (content.Dots == 0) {
-        Complain("The file holds no dots.", "文件中没有波形点。");
+        Complain(PickText("The file holds no dots.", "文件中没有波形点。"));
         return false;
     }
     AnalogWaveRecord& wave = ActiveAnalog();

@@ -92,13 +92,6 @@ std::size_t CountDigits(std::string_view text) {
     return count;
 }
 
-std::string_view TrimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-// Unsigned number: digits, point, digits, at least one digit in all; exponent.
 bool IsNumberText(std::string_view text) {
     std::size_t digits = CountDigits(text);
     text.remove_prefix(digits);
@@ -227,6 +220,25 @@ char* WriteShortestReal(char* to, Real value) {
 }
 
 }  // namespace
+
+std::string_view TrimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// Unsigned number: digits, point, digits, at least one digit in all; exponent.
+
+double LeadingNumber(std::string_view text) {
+    text = TrimBlanks(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    const std::size_t first = text.starts_with('-') ? 1 : 0;
+    const std::size_t digit = text.substr(first).starts_with('.') ? first + 1 : first;
+    if (digit >= text.size() || !IsDigit(text[digit])) return 0.0;
+    double value = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
 
 std::optional<double> TextToNumber(std::string_view text) {
     if (text.empty() || text == "-" || text == "." || text == "-.") return 0.0;

@@ -7,6 +7,13 @@
 #include <string>
 #include <string_view>
 
+/// The text without the blanks around it.
+std::string_view TrimBlanks(std::string_view text);
+
+/// The number that a text begins with, as instruments write it: what follows is left alone. 0 when
+/// no digit leads it, or past the range of 64 bits.
+double LeadingNumber(std::string_view text);
+
 /// The number of an edit box. The half-typed texts "", "-", "." and "-." are 0.0. Otherwise the
 /// whole text, blanks around it aside, must read sign, digits with at most one point, exponent;
 /// anything else, or a number past the range of 64 bits, gives nothing. One too small to hold is 0.

@@ -37,6 +37,3 @@ std::span<const std::string_view> ReservedAnalogNames();
 enum class NameFault { None, Empty, TooLong, Reserved };
 /// Tests a name without its outer blanks.
 NameFault CheckWaveName(std::string_view name, std::span<const std::string_view> reserved);
-
-/// Text without leading and trailing blanks.
-std::string TrimBlanks(std::string_view text);

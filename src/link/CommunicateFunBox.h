@@ -1,12 +1,13 @@
 #pragma once
-// The four operations of the link, whatever the transport. A failure sets Link.CommError, after the
-// transport's own message.
+// The operations of the link, whatever the transport; blocks are read over USB only (USB_FuncBox).
+// A failure sets Link.CommError, after the transport's own message.
 #include "link/LinkWork.h"
 
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Sends a command.
 void SendText(std::string_view text);
@@ -15,16 +16,8 @@ void SendBlock(std::span<const std::uint8_t> bytes);
 /// Sends a query and returns the reply: on USB always 200 characters with zero bytes behind, on
 /// RS232 the line, on GPIB and after a failure an empty text.
 std::string QueryText(std::string_view text);
-/// Reads a binary block into `bytes` and returns the number read; USB only, 0 on the others.
-std::int32_t ReadBlock(std::span<std::uint8_t> bytes);
-
-inline constexpr std::int32_t LargestBlock = 1048576;  // bytes asked for by a block read
-
 /// True for a reply that holds nothing but zero bytes.
 bool IsEmptyReply(std::string_view reply);
-
-/// The number that a reply begins with, 0 when no digit leads it.
-double ReplyNumber(std::string_view reply);
 
 /// The names of a quoted list, in order, `most` at the most; empty ones and one without its closing
 /// quote are left out.

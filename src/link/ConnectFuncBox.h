@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-inline constexpr std::string_view LinkApplication = "KT3300Arb";  // in the store of settings
-
 /// Reads the settings and clears the state of the link; at start-up.
 void LoadLinkSettings();
 void SaveLinkSettings();

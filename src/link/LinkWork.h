@@ -8,6 +8,8 @@
 
 extern LinkState Link;
 
+inline constexpr std::string_view LinkApplication = "KT3300Arb";  // its settings in the store
+
 class LinkWork {
 public:
     /// Begins a flow, or joins the one under way. `awaited` tells the user what goes on.

@@ -10,6 +10,8 @@
 void RS232Init();
 /// Sends a line and pauses until it has drained. A failure speaks and sets CommError.
 void RS232SendText(std::string_view text);
+/// Milliseconds that a line needs to drain, its carriage return included.
+std::int32_t DrainTime(std::string_view text);
 /// Sends a line and waits for the reply line. Four seconds of silence speak, set CommError and
 /// return an empty text.
 std::string RS232QueryText(std::string_view text);

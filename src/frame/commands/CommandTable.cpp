@@ -16,6 +16,10 @@
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
+#include "link/ConnectFuncBox.h"
+#include "link/LinkWork.h"
+#include "link/SendAnalogFuncBox.h"
+#include "link/UploadFuncBox.h"
 #include "platform/Host.h"
 
 #include <string_view>
@@ -82,6 +86,12 @@ bool HasLimits() {
 }
 bool IsZoomed() {
     return HasAnalog() && (ActiveAnalog().XZoomed || ActiveAnalog().YZoomed);
+}
+bool IsConnected() {
+    return bool(Link.IsConnected);
+}
+bool IsIdle() {
+    return !Link.IsConnected;
 }
 bool CanUndoZoom() {
     return HasAnalog() && ActiveAnalog().ZoomUndoAvailable;
@@ -163,7 +173,9 @@ void InsertWave(std::int16_t kind) {
 
 constexpr std::string_view Equation = "EquationFrm", Resize = "ResizeWaveFrm",
                            WaveMath = "WaveMathFrm", WindowMath = "WindowMathFrm",
-                           LowPass = "LowPassSetFrm", Smooth = "SmoothSetFrm";
+                           LowPass = "LowPassSetFrm", Smooth = "SmoothSetFrm",
+                           InstrumentSel = "InstrumentSelFrm",
+                           Communicate = "CommunicateSettingFrm", Transcript = "LinkTranscriptFrm";
 
 template <const std::string_view& Window>
 void OpenDialog(std::int16_t argument) {
@@ -321,13 +333,18 @@ constexpr CommandRow Rows[] = {
      OnWholeWave<RaisedCosineDots>, nullptr, HasWave, nullptr},
     {"", {"MnuMath_Win_Hamming"}, "", "", OnWholeWave<HammingDots>, nullptr, HasWave, nullptr},
     // Tool
-    {"", {"MnuTool_InstrumenuSel"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"ConnectAresBtn", {"MnuTool_Connect"}, "Connect", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuTool_Disconnect"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"TransAresBtn", {"MnuTool_Send"}, "Trans", "", nullptr, nullptr, nullptr, nullptr},
-    {"LoadAresBtn", {"MnuTool_Load"}, "Load", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuTool_InstrumenuSel"}, "", "", OpenDialog<InstrumentSel>, nullptr, nullptr, nullptr},
+    {"ConnectAresBtn", {}, "Connect", "Ctrl+K",
+     Run<ToggleConnection>, nullptr, nullptr, IsConnected},
+    {"", {"MnuTool_Connect"}, "Connect", "", Run<ConnectInstrument>, nullptr, IsIdle, nullptr},
+    {"", {"MnuTool_Disconnect"}, "", "", Run<DisconnectInstrument>, nullptr, IsConnected, nullptr},
+    {"TransAresBtn", {"MnuTool_Send"}, "Trans", "Ctrl+Return",
+     Run<SendAnalogWaveform>, nullptr, nullptr, nullptr},
+    {"LoadAresBtn", {"MnuTool_Load"}, "Load", "Ctrl+D",
+     Run<UploadAnalogWave>, nullptr, UploadAllowed, nullptr},
     {"LoadDigitAresBtn", {}, "LoadDigit", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuTool_Com"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuTool_Com"}, "", "", OpenDialog<Communicate>, nullptr, nullptr, nullptr},
+    {"", {"MnuTool_Transcript"}, "", "", OpenDialog<Transcript>, nullptr, nullptr, nullptr},
     // Digital
     {"ZoomInAresBtn", {}, "ZoomIn", "", nullptr, nullptr, nullptr, nullptr},
     {"ZoomOutAresBtn", {}, "ZoomOut", "", nullptr, nullptr, nullptr, nullptr},

@@ -7,10 +7,11 @@
 #include <string>
 
 inline constexpr std::int16_t MaxUsbResources = 11;
+inline constexpr std::uint8_t UsbLink = 0, GpibLink = 1, SerialLink = 2;  // IOType
 
 struct LinkState {
     // Settings, saved by the OK of the communication dialog
-    std::uint8_t IOType = 0;           // 0 USB, 1 GPIB, 2 RS232; any other value means USB
+    std::uint8_t IOType = 0;           // UsbLink and so on; any other value means USB
     std::string PrimaryAddress = "1";  // GPIB
     std::string Port = "COM1";         // RS232: the last character is the number
     std::int32_t BaudRate = 9600;      // RS232, bits per second

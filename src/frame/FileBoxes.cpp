@@ -1,0 +1,22 @@
+#include "frame/FileBoxes.h"
+
+#include "frame/LoadLanguageCode.h"
+#include "platform/Host.h"
+#include "platform/SafeFile.h"
+
+#include <filesystem>
+
+void Complain(std::string_view text, std::string_view reason) {
+    TheHost().Ask(std::string(text).append(reason), Buttons::Ok, MessageIcon::Exclamation);
+}
+
+void TellSaveFault(int error) {
+    Complain(PickText("The file could not be saved: ", "文件无法保存："), FileErrorText(error));
+}
+
+bool MayReplaceFile(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::exists(path, error)) return true;
+    return TheHost().Ask(PickText("This file is existed,overwrite?", "该文件已存在，是否覆盖？"),
+                         Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
+}

@@ -1,0 +1,11 @@
+#pragma once
+// Message boxes that every reader and writer of files shows.
+#include <string>
+#include <string_view>
+
+/// Shows a message with its reason behind it.
+void Complain(std::string_view text, std::string_view reason = "");
+/// Tells that a file could not be written; `error` is the system's number.
+void TellSaveFault(int error);
+/// True where no file stands at the path, or the user lets it be replaced.
+bool MayReplaceFile(const std::string& path);

@@ -1,0 +1,39 @@
+#include "link/AnalogPackets.h"
+
+#include "analog/DacCode.h"
+#include "frame/Narrow.h"
+#include "link/CommandfDefBox.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t FieldWidth = 16;  // marker and count
+
+}  // namespace
+
+std::vector<std::uint16_t> SamplesOf(std::span<const WaveDot> dots) {
+    std::vector<std::uint16_t> samples(dots.size());
+    std::ranges::transform(dots, samples.begin(), [](const WaveDot& dot) { return CodeOf(dot.Y); });
+    return samples;
+}
+
+void MakeBinaryPacket(std::string_view head, std::span<const std::uint16_t> samples, bool more,
+                      std::vector<std::uint8_t>& packet) {
+    static_assert(std::endian::native == std::endian::little, "samples are copied as they lie");
+    std::string start(head);
+    start.append(more ? "CON," : Command::LastPacket);
+    start.append(std::to_string(samples.size())).append(",");
+    start.resize(head.size() + FieldWidth, ' ');
+    packet.resize(start.size() + samples.size_bytes());
+    std::memcpy(packet.data(), start.data(), start.size());
+    if (!samples.empty())
+        std::memcpy(packet.data() + start.size(), samples.data(), samples.size_bytes());
+}
+
+std::int32_t TextPacketRoom(std::int32_t baudRate) {
+    const auto reserve = Command::DacText.size() + Command::MoreFollows.size();
+    return RoundToInt(baudRate / 4.0) - static_cast<std::int32_t>(reserve);
+}

@@ -1,0 +1,214 @@
+#include "link/UploadFuncBox.h"
+
+#include "analog/AnalogDocument.h"
+#include "analog/DacCode.h"
+#include "calculus/PropertyFuncBox.h"
+#include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/StringFunc.h"
+#include "link/CatalogueFuncBox.h"
+#include "link/CommandfDefBox.h"
+#include "link/CommunicateFunBox.h"
+#include "link/ConnectFuncBox.h"
+#include "link/USB_FuncBox.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+// The instrument answers each load command with one block. The first is text, with the number of
+// dots behind its last comma; the later ones are samples, 16 bits each, little-endian. Waveforms
+// read back span 20 volts: amplitude and offset of the output are folded into their shape.
+
+namespace {
+
+constexpr std::int32_t MostWords = 524289;  // of a load
+constexpr double FullScale = 20.0;          // volts, peak to peak
+constexpr std::uint8_t SampleMask = 0x3F;   // upper byte of a 14-bit sample
+
+constexpr std::string_view BuiltInNames[] = {"EXP_RISE", "EXP_FALL", "NEG_RAMP", "SINC", "CARDIAC"};
+
+using Words = std::vector<std::uint16_t>;
+
+// Output settings behind the samples.
+struct OutputState {
+    double Frequency = 0.0, Amplitude = 0.0, Offset = 0.0;  // hertz, volts, volts
+};
+
+bool MayGoOn() {
+    return Link.IsConnected && !Link.CommError;
+}
+
+void AskForPacket(std::string_view name) {
+    UsbSendText(std::string(Command::Load).append(" ").append(name));
+}
+
+// Reads one block into `buffer`; empty when the instrument has gone silent.
+std::span<const std::uint8_t> ReadPacket(std::vector<std::uint8_t>& buffer) {
+    if (!MayGoOn()) return {};
+    const std::int32_t read = ReadBlock(buffer);
+    return Link.CommError ? std::span<const std::uint8_t>() : std::span(buffer).first(read);
+}
+
+double CountBehindComma(std::span<const std::uint8_t> block) {
+    std::string_view text(reinterpret_cast<const char*>(block.data()), block.size());
+    text.remove_prefix(text.rfind(',') + 1);  // npos + 1 is 0
+    return LeadingNumber(text);
+}
+
+// The number of dots that the instrument announces. A variant that announces none is asked again
+// until it has them, or the user cancels.
+std::optional<double> AskDotCount(std::string_view name, std::vector<std::uint8_t>& buffer) {
+    double count = 0.0;
+    do {
+        if (!RoomForDocument()) return std::nullopt;
+        ShowTransfer(1);
+        AskForPacket(name);
+        Pump();
+        Sleep(4000);
+        Pump();
+        if (!MayGoOn()) return std::nullopt;
+        Sleep(200);
+        const std::span<const std::uint8_t> block = ReadPacket(buffer);
+        if (block.empty()) return std::nullopt;
+        count = CountBehindComma(block);
+    } while (count == 0.0 && ModelVariant);
+    return count;
+}
+
+// Adds the whole words of a block, as many as `words` has room for, behind `received`.
+std::int32_t TakeWords(std::span<const std::uint8_t> block, std::int32_t received, Words& words) {
+    const auto count = static_cast<std::int32_t>(block.size() / 2);
+    const std::int32_t taken = std::min(count, static_cast<std::int32_t>(words.size()) - received);
+    for (std::int32_t i = 0; i < taken; ++i)
+        words[received + i] =
+            static_cast<std::uint16_t>(block[2 * i] | (block[2 * i + 1] & SampleMask) << 8);
+    return count;
+}
+
+bool ReadWords(std::string_view name, std::vector<std::uint8_t>& buffer, Words& words) {
+    const auto dots = static_cast<std::int32_t>(words.size());
+    for (std::int32_t received = 0; received < dots;) {
+        AskForPacket(name);
+        Sleep(200);
+        const std::int32_t count = TakeWords(ReadPacket(buffer), received, words);
+        if (count == 0) return false;
+        received += count;
+        ShowTransfer(std::int64_t{100} * received / dots);
+        Sleep(200);
+        Pump();
+    }
+    return true;
+}
+
+// A query whose reply is a number; an empty reply is a failure.
+bool QueryNumber(std::string_view query, double& number) {
+    const std::string reply = QueryText(query);
+    number = LeadingNumber(reply);
+    return MayGoOn() && !IsEmptyReply(reply);
+}
+
+bool ReadOutput(OutputState& output) {
+    return QueryNumber(Command::FrequencyQuery, output.Frequency) &&
+           QueryNumber(Command::OffsetQuery, output.Offset) &&
+           QueryNumber(Command::VoltageQuery, output.Amplitude) &&
+           std::isnormal(output.Frequency) && output.Frequency > 0.0;
+}
+
+LoadedWave MakeWave(const Words& words, const OutputState& output) {
+    LoadedWave wave;
+    wave.MaxDots = wave.Dots = static_cast<std::int32_t>(words.size());
+    wave.LastDot = wave.Dots - 1;
+    wave.Vpp = FullScale;
+    wave.Period = 1.0 / output.Frequency;
+    wave.Quantify = StoredQuantify();
+    wave.DotArray.resize(words.size());
+    for (std::int32_t i = 0; i < wave.Dots; ++i) {
+        const double y = (2.0 * words[i] / LargestCode - 1.0) * output.Amplitude / FullScale +
+                         2.0 * output.Offset / FullScale;
+        wave.DotArray[i] = {double(i), std::clamp(y, -1.0, 1.0)};
+    }
+    CoverWithOneSegment(wave);
+    return wave;
+}
+
+// Reads a whole waveform; false, with the reason for the user in `note`, when that fails.
+bool LoadWave(std::string_view name, LoadedWave& wave, std::string& note) {
+    std::vector<std::uint8_t> buffer(LargestBlock);
+    note = PickText("The instrument has not sent the waveform.", "仪器没有送出该波形。");
+    const std::optional<double> count = AskDotCount(name, buffer);
+    if (!count) return false;
+    const std::int32_t most = std::min(MaxWaveDots, MostWords);
+    if (!(*count >= 1.0 && *count <= most)) {
+        note = WithNumbers(
+            PickText("Waveforms of 1 to % dots can be read.", "只能读取 1 至 % 点的波形。"),
+            {most});
+        return false;
+    }
+    Words words(static_cast<std::size_t>(*count));
+    OutputState output;
+    if (!ReadWords(name, buffer, words) || !ReadOutput(output)) return false;
+    wave = MakeWave(words, output);
+    note.clear();
+    return true;
+}
+
+}  // namespace
+
+void OpenDownLoad(DownLoadDialog& dialog) {
+    const LinkWork work(PickText("Reading the catalogue...", "正在读取波形目录..."));
+    EndTransfer();
+    dialog.CloseAsked = true;
+    SendText(Command::Catalogue);
+    if (Link.CommError) return;
+    const std::string reply = QueryText(Command::Catalogue);
+    if (Link.CommError) return;
+    Sleep(1000);
+    if (IsEmptyReply(reply)) {
+        TheHost().Ask("  通讯失败！  ", Buttons::Ok, MessageIcon::Exclamation);
+        return;
+    }
+    dialog.AllWaveName = QuotedNames(reply, MostWaveNames);
+    dialog.CloseAsked = false;
+}
+
+void PickUploadWave(DownLoadDialog& dialog, std::int16_t index) {
+    dialog.AllIndex = index;
+}
+
+bool CanLoadWave(const DownLoadDialog& dialog) {
+    if (dialog.AllIndex < 0 || dialog.AllIndex >= std::ssize(dialog.AllWaveName)) return false;
+    return std::ranges::find(BuiltInNames, dialog.AllWaveName[dialog.AllIndex]) ==
+           std::end(BuiltInNames);
+}
+
+void LoadChosenWave(DownLoadDialog& dialog) {
+    if (Link.SendBusy || !CanLoadWave(dialog)) return;
+    if (!RoomForDocument()) {
+        dialog.CloseAsked = true;
+        return;
+    }
+    const std::string& name = dialog.AllWaveName[dialog.AllIndex];
+    LoadedWave wave;
+    {
+        const LinkWork work(PickText("Reading the waveform...", "正在读取波形..."));
+        Link.SendBusy = true;
+        const bool loaded = LoadWave(name, wave, dialog.Note);
+        EndTransfer();
+        if (!loaded) return;
+    }
+    dialog.CloseAsked = true;
+    if (!OpenLoadedWave(std::move(wave))) return;
+    ActiveAnalog().Name = name;
+    TheHost().ShowTitle(ActiveAnalogIndex);
+    TheHost().RefreshCommands();
+}
+
+void UploadAnalogWave() {
+    if (!Link.IsConnected) {
+        TheHost().Ask(ResText(25), Buttons::Ok, MessageIcon::Exclamation);
+        return;
+    }
+    if (RoomForDocument()) TheHost().RunDialog("DownLoadWaveFrm", 0);
+}
