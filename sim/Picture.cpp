@@ -1,0 +1,156 @@
+// Layout in pixels: a plot of ten by ten divisions, with the scales left and below. The amplitude
+// takes the eight divisions in the middle of the height. Few dots are joined by lines; many become
+// a stroke from the smallest to the largest voltage of each column, reaching back to the last dot
+// of the column before.
+#include "Picture.h"
+
+#include <unistd.h>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+
+namespace sim {
+
+namespace {
+
+constexpr int Left = 90, Top = 60, Columns = 800, Rows = 400;
+constexpr int Width = Left + Columns + 40, Height = Top + Rows + 60;
+constexpr int Divisions = 10;
+constexpr int SwingDivisions = 8;  // of the height, for the amplitude
+constexpr std::size_t FirstSamples = 8;
+
+template <typename... Values>
+std::string Format(const char* form, Values... values) {
+    char text[400];
+    std::snprintf(text, sizeof text, form, values...);
+    return text;
+}
+
+double RowOfCode(double code) {
+    const double swing = double{Rows} * SwingDivisions / Divisions;
+    return Top + (Rows - swing) / 2 + (1.0 - code / MaxCode) * swing;
+}
+
+double VoltsOfDivision(const Instrument& instrument, int fromMiddle) {
+    const double volts = instrument.Offset + fromMiddle * instrument.Amplitude / SwingDivisions;
+    return std::abs(volts) < instrument.Amplitude * 1e-9 ? 0.0 : volts;  // rounding, no volts
+}
+
+std::string JoinedDots(const Samples& codes) {
+    std::string points;
+    const double step = double{Columns} / static_cast<double>(codes.size());
+    for (std::size_t dot = 0; dot <= codes.size(); ++dot) {  // the period ends where it began
+        points += Format("%c%.2f %.2f", dot ? 'L' : 'M', Left + static_cast<double>(dot) * step,
+                         RowOfCode(codes[dot % codes.size()]));
+    }
+    return points;
+}
+
+std::string ColumnStrokes(const Samples& codes) {
+    std::string strokes;
+    for (std::size_t column = 0; column < Columns; ++column) {
+        const std::size_t first = column * codes.size() / Columns;
+        const std::size_t end = (column + 1) * codes.size() / Columns;
+        const auto from = codes.begin() + static_cast<std::ptrdiff_t>(first ? first - 1 : 0);
+        const auto [low, high] =
+            std::minmax_element(from, codes.begin() + static_cast<std::ptrdiff_t>(end));
+        const double x = Left + static_cast<double>(column) + 0.5;
+        // A flat run is drawn as high as the line is wide.
+        strokes += Format("M%.1f %.2fV%.2f", x, RowOfCode(*high) - 0.75, RowOfCode(*low) + 0.75);
+    }
+    return strokes;
+}
+
+std::string GridAndScales(const Instrument& instrument) {
+    std::string lines, texts;
+    for (int across = 0; across <= Divisions; ++across) {
+        const int x = Left + across * Columns / Divisions;
+        lines += Format("M%d %dv%d", x, Top, Rows);
+        const std::string time = WithUnit(across / instrument.Frequency / Divisions, "s");
+        if (across % 2 == 0) {
+            texts += Format("<text x='%d' y='%d' text-anchor='middle'>%s</text>\n", x,
+                            Top + Rows + 22, time.c_str());
+        }
+    }
+    for (int down = 0; down <= Divisions; ++down) {
+        const int y = Top + down * Rows / Divisions;
+        lines += Format("M%d %dh%d", Left, y, Columns);
+        const int fromMiddle = Divisions / 2 - down;
+        if (fromMiddle % 2 != 0) continue;
+        const double volts = VoltsOfDivision(instrument, fromMiddle);
+        texts += Format("<text x='%d' y='%d' text-anchor='end'>%s</text>\n", Left - 10, y + 4,
+                        WithUnit(volts, "V").c_str());
+    }
+    const int middle = Top + Rows / 2, centre = Left + Columns / 2;
+    return "<path d='" + lines + "' stroke='#2b3542'/>\n" +
+           Format("<path d='M%d %dh%dM%d %dv%d' stroke='#4a5868'/>\n", Left, middle, Columns,
+                  centre, Top, Rows) +
+           "<g fill='#93a1b1' font-size='13'>\n" + texts + "</g>\n";
+}
+
+}  // namespace
+
+std::string WithUnit(double value, std::string_view unit) {
+    constexpr const char* Prefixes[] = {"n", "u", "m", "", "k", "M"};
+    const double size = std::abs(value);
+    std::size_t prefix = size == 0.0 ? 3 : 0;
+    double scale = size == 0.0 ? 1.0 : 1e-9;
+    while (prefix + 1 < std::size(Prefixes) && size >= 999.95 * scale) {
+        scale *= 1000.0;
+        ++prefix;
+    }
+    return Format("%.4g %s", value / scale, Prefixes[prefix]) + std::string(unit);
+}
+
+std::string PictureOf(const Instrument& instrument) {
+    const Samples codes = OutputSamples(instrument);
+    const bool sparse = codes.size() <= 2 * std::size_t{Columns};
+    const std::string title =
+        RowOf(instrument.Id.Model).Name + std::string(" output: ") + instrument.ActiveWave;
+    const std::string values = WithUnit(instrument.Frequency, "Hz") + ", " +
+                               WithUnit(instrument.Amplitude, "V peak to peak") + ", offset " +
+                               WithUnit(instrument.Offset, "V") + ", " +
+                               std::to_string(codes.size()) + " dots";
+    std::string svg = Format(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='%d' height='%d' viewBox='0 0 %d %d' "
+        "font-family='sans-serif'>\n<rect width='%d' height='%d' fill='#161b22'/>\n"
+        "<rect x='%d' y='%d' width='%d' height='%d' fill='#0c1014'/>\n",
+        Width, Height, Width, Height, Width, Height, Left, Top, Columns, Rows);
+    svg += Format("<text x='%d' y='36' font-size='18' fill='#e6edf3'>", Left) + title + "</text>\n";
+    svg += Format("<text x='%d' y='36' font-size='13' fill='#93a1b1' text-anchor='end'>",
+                  Left + Columns) +
+           values + "</text>\n";
+    svg += GridAndScales(instrument);
+    svg += "<path fill='none' stroke='#ffc83d' stroke-linejoin='round' stroke-width='1.5' d='" +
+           (sparse ? JoinedDots(codes) : ColumnStrokes(codes)) + "'/>\n</svg>\n";
+    return svg;
+}
+
+bool WritePicture(const Instrument& instrument, const std::string& path) {
+    const std::string fresh = path + "." + std::to_string(getpid());
+    std::ofstream file(fresh, std::ios::binary);
+    file << PictureOf(instrument);
+    file.close();
+    if (file && std::rename(fresh.c_str(), path.c_str()) == 0) return true;
+    std::remove(fresh.c_str());
+    return false;
+}
+
+std::string NumbersOf(const Instrument& instrument) {
+    const Samples codes = OutputSamples(instrument);
+    const auto [low, high] = std::minmax_element(codes.begin(), codes.end());
+    const auto volts = [&](std::uint16_t code) { return WithUnit(VoltsOf(instrument, code), "V"); };
+    std::string text = "wave       " + instrument.ActiveWave + ", " + std::to_string(codes.size()) +
+                       " dots\nfrequency  " + WithUnit(instrument.Frequency, "Hz") +
+                       "\namplitude  " + WithUnit(instrument.Amplitude, "V") + "\noffset     " +
+                       WithUnit(instrument.Offset, "V") + "\nrange      " + volts(*low) + " to " +
+                       volts(*high) + "\nfirst     ";
+    for (std::size_t dot = 0; dot < std::min(FirstSamples, codes.size()); ++dot) {
+        text +=
+            " " + volts(codes[dot]) + (dot + 1 < std::min(FirstSamples, codes.size()) ? "," : "");
+    }
+    return text + "\n";
+}
+
+}  // namespace sim

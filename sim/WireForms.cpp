@@ -1,0 +1,138 @@
+#include "WireForms.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace sim {
+
+namespace {
+
+constexpr std::string_view More = "CON", Last = "END";
+
+Packet Refused(std::string reason) {
+    Packet packet;
+    packet.Error = std::move(reason);
+    return packet;
+}
+
+// Plain decimal: no sign, no blank, no leading zero.
+std::optional<unsigned> ReadPlain(std::string_view text) {
+    unsigned value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    if (!whole || (text.size() > 1 && text[0] == '0')) return {};
+    return value;
+}
+
+std::optional<std::uint16_t> ReadCode(std::string_view text) {
+    const auto value = ReadPlain(text);
+    if (!value || *value > MaxCode) return {};
+    return static_cast<std::uint16_t>(*value);
+}
+
+std::optional<std::uint16_t> ReadReal(std::string_view text) {
+    const auto value = ReadNumber(text);
+    if (!value || std::abs(*value) > 1.0) return {};
+    return CodeOf(*value);
+}
+
+template <typename ReadItem>
+Packet ReadItems(std::string_view text, ReadItem readItem) {
+    Packet packet;
+    auto items = SplitItems(text, ',');
+    packet.More = items.back() == More;
+    if (packet.More) items.pop_back();
+    if (items.empty()) return Refused("no samples");
+    packet.Codes.reserve(items.size());
+    for (const std::string_view item : items) {
+        const auto code = readItem(item);
+        if (!code) return Refused("not a sample: \"" + std::string(item.substr(0, 20)) + "\"");
+        packet.Codes.push_back(*code);
+    }
+    return packet;
+}
+
+}  // namespace
+
+Packet ReadBinaryPacket(std::string_view bytes) {
+    if (bytes.size() < PacketField) return Refused("field shorter than 16 characters");
+    const std::string_view field = bytes.substr(0, PacketField), data = bytes.substr(PacketField);
+    const std::string_view marker = field.substr(0, 3);
+    if (marker != More && marker != Last) return Refused("neither CON nor END");
+    const auto comma = field.find(',', 4);
+    if (field[3] != ',' || comma == field.npos) return Refused("no count between commas");
+    if (field.find_first_not_of(' ', comma + 1) != field.npos) {
+        return Refused("no blanks behind the count");
+    }
+    const auto count = ReadPlain(field.substr(4, comma - 4));
+    if (!count || *count == 0) return Refused("not a count");
+    if (data.size() != std::size_t{*count} * 2) {
+        return Refused("count " + std::to_string(*count) + ", but " + std::to_string(data.size()) +
+                       " bytes of samples");
+    }
+    Packet packet;
+    packet.More = marker == More;
+    packet.Codes.reserve(*count);
+    for (std::size_t at = 0; at < data.size(); at += 2) {
+        const auto low = static_cast<unsigned char>(data[at]);
+        const auto high = static_cast<unsigned char>(data[at + 1]);
+        packet.Codes.push_back(static_cast<std::uint16_t>(low | high << 8));
+    }
+    if (*std::max_element(packet.Codes.begin(), packet.Codes.end()) > MaxCode) {
+        return Refused("a sample above 16383");
+    }
+    return packet;
+}
+
+Packet ReadTextPacket(std::string_view text) {
+    return ReadItems(text, ReadCode);
+}
+
+Packet ReadRealPacket(std::string_view text) {
+    return ReadItems(text, ReadReal);
+}
+
+bool IsWaveName(std::string_view name) {
+    constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
+    return !name.empty() && name.size() <= 12 && name.find_first_not_of(alphabet) == name.npos;
+}
+
+std::optional<double> ReadNumber(std::string_view text) {
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    if (!whole || !std::isfinite(value)) return {};
+    return value;
+}
+
+std::vector<std::string_view> SplitItems(std::string_view text, char separator) {
+    std::vector<std::string_view> items;
+    for (;;) {
+        const auto end = text.find(separator);
+        items.push_back(text.substr(0, end));
+        if (end == text.npos) return items;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string NumberText(double value) {
+    char text[32];
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
+std::uint16_t CodeOf(double amplitude) {
+    return static_cast<std::uint16_t>(std::nearbyint((amplitude + 1.0) / 2.0 * MaxCode));
+}
+
+std::string BytesOf(const Samples& codes, std::size_t first, std::size_t count) {
+    std::string bytes;
+    bytes.reserve(count * 2);
+    for (std::size_t at = first; at < first + count; ++at) {
+        bytes += static_cast<char>(codes[at] & 0xFF);
+        bytes += static_cast<char>(codes[at] >> 8);
+    }
+    return bytes;
+}
+
+}  // namespace sim
