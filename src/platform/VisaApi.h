@@ -17,6 +17,8 @@ inline constexpr auto VisaBusy = static_cast<ViStatus>(0xBFFF0072U);  // another
 inline constexpr auto VisaNotSupported = static_cast<ViStatus>(0xBFFF0067U);
 inline constexpr auto VisaIoError = static_cast<ViStatus>(0xBFFF003EU);
 inline constexpr auto VisaConnectionLost = static_cast<ViStatus>(0xBFFF00A6U);
+inline constexpr auto VisaNoPermission =
+    static_cast<ViStatus>(0xBFFF00A8U);  // the user has no rights
 
 inline constexpr std::uint32_t VisaTimeOutValue = 0x3FFF001AU;  // attribute, milliseconds
 inline constexpr std::size_t VisaNameLength = 256;              // of a resource, closing zero too

@@ -1,0 +1,19 @@
+#pragma once
+// Resource names, "USB0::0x1234::0xABCD::SERIAL::INSTR", and the expressions that select them.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The name of a USB instrument. Leading and trailing blanks of the serial number are dropped;
+/// what could be taken for a separator or is not printable becomes '_', and none at all "NOSERIAL".
+std::string UsbResourceName(std::uint16_t vendor, std::uint16_t product, std::string_view serial);
+
+/// Whether a search expression selects a name: '?' is any character, '*' any number of the one
+/// before it, so "?*" selects all. Letters compare without case, as in all resource names.
+bool MatchesExpression(std::string_view expression, std::string_view name);
+
+/// Equal without case.
+bool IsSameResource(std::string_view one, std::string_view other);
+
+/// Into a buffer of VisaNameLength bytes, closing zero included; a longer name is cut.
+void CopyResourceName(std::string_view name, char* buffer);
