@@ -200,6 +200,7 @@ constexpr WindowText Rows[] = {
     {"Mnufrm", "MnuTool_Send", "&Send Wave...", "发送波形(&S)..."},
     {"Mnufrm", "MnuTool_Load", "&Upload Wave...", "上传波形(&U)..."},
     {"Mnufrm", "MnuTool_Com", "Co&mmunication Settings...", "通讯设置(&M)..."},
+    {"Mnufrm", "MnuTool_Transcript", "Link &Transcript...", "通讯记录(&T)..."},
 
     // The entries of the open windows stand in front of the documents' names.
     {"Mnufrm", "MnuWindow", "&Window", "窗口(&W)"},

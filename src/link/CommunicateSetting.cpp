@@ -55,6 +55,17 @@ void OpenCommunicateDialog(CommunicateDialog& dialog) {
     dialog.ParityDataBits = Link.ParityDataBits;
 }
 
+void RescanDevices(CommunicateDialog& dialog) {
+    const std::string instrument = dialog.Devices[dialog.DeviceIndex];
+    const auto chosen = dialog.DeviceOfPort;
+    ListDevices(dialog);
+    ListSerialDevices(dialog);
+    dialog.DeviceOfPort = chosen;
+    const auto here = std::ranges::find(dialog.Devices, instrument);
+    const auto index = here == dialog.Devices.end() ? 0 : here - dialog.Devices.begin();
+    PickUsbDevice(dialog, static_cast<std::int16_t>(index));
+}
+
 void PickUsbDevice(CommunicateDialog& dialog, std::int16_t index) {
     dialog.DeviceIndex = index;
     Link.UsbResourceIndex = index;

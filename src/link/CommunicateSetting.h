@@ -29,6 +29,8 @@ inline constexpr std::array<std::string_view, 5> HandShakes = {"None", "DTR", "M
 
 /// Scans for instruments and ports and fills the fields from the settings.
 void OpenCommunicateDialog(CommunicateDialog& dialog);
+/// Scans anew. What was chosen stays so; an instrument that has gone is replaced by the first.
+void RescanDevices(CommunicateDialog& dialog);
 /// Picks an entry of Devices: it is the instrument from now on.
 void PickUsbDevice(CommunicateDialog& dialog, std::int16_t index);
 /// Picks a device path for the port in `Port`.

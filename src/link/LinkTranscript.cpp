@@ -17,6 +17,7 @@ constexpr std::size_t MostBlockBytes = 64;  // shown behind the head
 
 bool recording = false;
 std::deque<std::string> lines;
+std::uint64_t noted = 0;  // lines since the program's start
 
 std::string ClockText() {
     const auto now = std::chrono::system_clock::now();
@@ -49,8 +50,9 @@ void AppendShown(std::string& to, char c) {
 }
 
 void AddLine(LinkWay way, std::string_view text) {
-    constexpr std::string_view Signs[] = {"  >  ", "  <  ", "  --  "};
+    constexpr std::string_view Signs[] = {"  >  ", "  <  ", "  -  "};
     lines.push_back(ClockText().append(Signs[static_cast<int>(way)]).append(text));
+    ++noted;
     if (lines.size() > MostTranscriptLines) lines.pop_front();
 }
 
@@ -70,6 +72,10 @@ void ClearTranscript() {
 
 const std::deque<std::string>& TranscriptLines() {
     return lines;
+}
+
+std::uint64_t FirstTranscriptLine() {
+    return noted - lines.size();
 }
 
 void NoteText(LinkWay way, std::string_view text) {

@@ -18,6 +18,8 @@ void ClearTranscript();
 
 /// Lines such as "10:31:07.204  >  *IDN?"; unprintable bytes as <0A>, closing zero bytes left out.
 const std::deque<std::string>& TranscriptLines();
+/// How many lines stood before the first of these since the program's start, dropped or cleared.
+std::uint64_t FirstTranscriptLine();
 
 void NoteText(LinkWay way, std::string_view text);
 /// A block: its size, its head as text and the first bytes behind it in hexadecimal.

@@ -3,7 +3,10 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/CommunicateSettingFrm.h"
 #include "ui/EquationFrm.h"
+#include "ui/InstrumentSelFrm.h"
+#include "ui/LinkTranscriptFrm.h"
 #include "ui/LowPassSetFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
@@ -146,13 +149,20 @@ int RunModal(Mainfrm* parent, std::int16_t argument) {
 
 bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
     constexpr std::pair<std::string_view, int (*)(Mainfrm*, std::int16_t)> Windows[] = {
-        {"PropertyFrm", RunModal<PropertyFrm>},     {"StandardWaveFrm", RunModal<StandardWaveFrm>},
-        {"EquationFrm", RunModal<EquationFrm>},     {"ResizeWaveFrm", RunModal<ResizeWaveFrm>},
-        {"WaveMathFrm", RunModal<WaveMathFrm>},     {"WindowMathFrm", RunModal<WindowMathFrm>},
-        {"LowPassSetFrm", RunModal<LowPassSetFrm>}, {"SmoothSetFrm", RunModal<SmoothSetFrm>},
+        {"PropertyFrm", RunModal<PropertyFrm>},
+        {"StandardWaveFrm", RunModal<StandardWaveFrm>},
+        {"EquationFrm", RunModal<EquationFrm>},
+        {"ResizeWaveFrm", RunModal<ResizeWaveFrm>},
+        {"WaveMathFrm", RunModal<WaveMathFrm>},
+        {"WindowMathFrm", RunModal<WindowMathFrm>},
+        {"LowPassSetFrm", RunModal<LowPassSetFrm>},
+        {"SmoothSetFrm", RunModal<SmoothSetFrm>},
+        {"CommunicateSettingFrm", RunModal<CommunicateSettingFrm>},
+        {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
     };
     for (const auto& [known, run] : Windows)
         if (known == name) return run(&window, argument) == QDialog::Accepted;
+    if (name == "LinkTranscriptFrm") LinkTranscriptFrm::ShowOver(&window);  // returns at once
     return false;
 }
 
@@ -195,6 +205,7 @@ void InstallHost(Mainfrm& window) {
     host.ApplyLanguage = [main] {
         TranslateQt();
         main->ApplyLanguage();
+        if (auto* transcript = main->findChild<LinkTranscriptFrm*>()) transcript->ApplyTexts();
     };
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
         main->Status()->ShowText(ToQt(label), ToQt(text));

@@ -49,9 +49,9 @@ constexpr Names ReworkMenu[] = {"MnuRework_property", "MnuRework_Resize", "-", "
 constexpr Names MathMenu[] = {"MnuMath_WaveMath", "MnuMath_WinMath", "-", "MnuMath_MathCut",
                               "MnuMath_ABS",      "MnuMath_Mod",     "-", ">MnuMath_Filter",
                               ">MnuMath_Win"};
-constexpr Names ToolMenu[] = {"MnuTool_InstrumenuSel", "-", "MnuTool_Connect",
-                              "MnuTool_Disconnect",    "-", "MnuTool_Send",
-                              "MnuTool_Load",          "-", "MnuTool_Com"};
+constexpr Names ToolMenu[] = {
+    "MnuTool_InstrumenuSel", "-", "MnuTool_Connect", "MnuTool_Disconnect", "-", "MnuTool_Send",
+    "MnuTool_Load",          "-", "MnuTool_Com",     "MnuTool_Transcript"};
 constexpr Names WindowMenu[] = {"Mnuwin_Cascade", "Mnuwin_Horizon", "Mnuwin_Vertical",
                                 "Mnuwin_Arrayicons"};
 constexpr Names HelpMenu[] = {"MnuHelp_Help", "MnuHelp_About", "-", "MnuHelp_Lang_En",
