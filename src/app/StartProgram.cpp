@@ -4,7 +4,12 @@
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
+#include "link/ConnectFuncBox.h"
+#include "link/RS232FuncBox.h"
+#include "link/USB_FuncBox.h"
 #include "platform/Host.h"
+#include "platform/qt/SerialPort.h"
+#include "platform/VisaLibrary.h"
 #include "ui/FlashFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
@@ -14,6 +19,14 @@
 namespace {
 
 constexpr int SplashPause = 100;  // milliseconds
+
+void InstallLink() {
+    TheVisa() = LoadVisa();
+    TheSerialPort() = QtSerialPort();
+    TheSerialPort().OnEvent = RS232OnEvent;
+    LoadLinkSettings();
+    ScanUsbResources();
+}
 
 }  // namespace
 
@@ -25,6 +38,7 @@ Mainfrm* StartProgram() {
     InitialiseGlobals();
     LoadScreenColours();
     InstallHost(*window);
+    InstallLink();
     UseEnglish = 1;
     window->ApplyLanguage();
     window->RefreshCommands();

@@ -80,12 +80,13 @@ QWidget* Control(const QWidget* window, const char* name) {
     return widget;
 }
 
-void WithDialog(const std::function<void()>& open, const std::function<void(QWidget*)>& act) {
+void WithDialog(const std::function<void()>& open, const std::function<void(QWidget*)>& act,
+                const std::function<bool()>& isReady) {
     QWidget* const before = QApplication::activeModalWidget();
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
         QWidget* dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || dialog == before || !dialog->isVisible()) return;
+        if (dialog == nullptr || dialog == before || !dialog->isVisible() || !isReady()) return;
         poll.stop();
         Settle();
         act(dialog);

@@ -28,9 +28,11 @@ void PressKey(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::No
 /// The control with a name inside a window; the tour ends with a message when there is none.
 QWidget* Control(const QWidget* window, const char* name);
 
-/// Runs `open`, which shows a modal window, and `act` on that window once it stands. The window
-/// is cancelled when `act` leaves it open.
-void WithDialog(const std::function<void()>& open, const std::function<void(QWidget*)>& act);
+/// Runs `open`, which shows a modal window, and `act` on that window once it stands and `isReady`.
+/// The window is cancelled when `act` leaves it open.
+void WithDialog(
+    const std::function<void()>& open, const std::function<void(QWidget*)>& act,
+    const std::function<bool()>& isReady = [] { return true; });
 
 /// Saves a picture of a window.
 void TakePicture(QWidget* window, const QString& path);

@@ -36,6 +36,10 @@ struct OutputState {
     double Frequency = 0.0, Amplitude = 0.0, Offset = 0.0;  // hertz, volts, volts
 };
 
+bool IsBuiltIn(std::string_view name) {
+    return std::ranges::find(BuiltInNames, name) != std::end(BuiltInNames);
+}
+
 bool MayGoOn() {
     return Link.IsConnected && !Link.CommError;
 }
@@ -170,6 +174,9 @@ void OpenDownLoad(DownLoadDialog& dialog) {
         return;
     }
     dialog.AllWaveName = QuotedNames(reply, MostWaveNames);
+    const auto first = std::ranges::find_if_not(dialog.AllWaveName, IsBuiltIn);
+    if (first != dialog.AllWaveName.end())
+        dialog.AllIndex = static_cast<std::int16_t>(first - dialog.AllWaveName.begin());
     dialog.CloseAsked = false;
 }
 
@@ -179,8 +186,7 @@ void PickUploadWave(DownLoadDialog& dialog, std::int16_t index) {
 
 bool CanLoadWave(const DownLoadDialog& dialog) {
     if (dialog.AllIndex < 0 || dialog.AllIndex >= std::ssize(dialog.AllWaveName)) return false;
-    return std::ranges::find(BuiltInNames, dialog.AllWaveName[dialog.AllIndex]) ==
-           std::end(BuiltInNames);
+    return !IsBuiltIn(dialog.AllWaveName[dialog.AllIndex]);
 }
 
 void LoadChosenWave(DownLoadDialog& dialog) {
