@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr std::size_t FieldWidth = 16;  // marker and count
+constexpr std::size_t FieldWidth = 16;             // marker and count
+constexpr std::int32_t LargestTextPacket = 65534;  // characters
 
 }  // namespace
 
@@ -35,5 +36,6 @@ void MakeBinaryPacket(std::string_view head, std::span<const std::uint16_t> samp
 
 std::int32_t TextPacketRoom(std::int32_t baudRate) {
     const auto reserve = Command::DacText.size() + Command::MoreFollows.size();
-    return RoundToInt(baudRate / 4.0) - static_cast<std::int32_t>(reserve);
+    return std::min(RoundToInt(baudRate / 4.0), LargestTextPacket) -
+           static_cast<std::int32_t>(reserve);
 }

@@ -22,7 +22,7 @@ std::vector<std::uint16_t> SamplesOf(std::span<const WaveDot> dots);
 void MakeBinaryPacket(std::string_view head, std::span<const std::uint16_t> samples, bool more,
                       std::vector<std::uint8_t>& packet);
 
-/// The most characters of samples in a text packet for a baud rate: a quarter of a second's bits
-/// less what head and marker need. Below LeastTextRoom no value would fit.
+/// The most characters of samples in a text packet for a baud rate: a quarter of a second's bits,
+/// 65534 at most, less what head and marker need. Below LeastTextRoom no value would fit.
 std::int32_t TextPacketRoom(std::int32_t baudRate);
 inline constexpr std::int32_t LeastTextRoom = 6;  // "16383,"

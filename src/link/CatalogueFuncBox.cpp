@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -41,30 +42,34 @@ void ReadCatalogue(WaveCatalogue& catalogue) {
         return;
     }
     const std::vector<std::string> names = QuotedNames(reply, MostWaveNames);
+    catalogue.AllWaveName.fill({});
     std::ranges::copy(names, catalogue.AllWaveName.begin());
     catalogue.AllWaveCount = static_cast<std::int16_t>(names.size());
 }
 
-void ReadFreeCount(WaveCatalogue& catalogue) {
+// False when the instrument has not answered.
+bool ReadFreeCount(WaveCatalogue& catalogue) {
     Sleep(200);
     const std::string reply = QueryText(Command::FreeLocations);
     Sleep(200);
     if (IsEmptyReply(reply)) {
         TellEmptyReply();
-        return;
+        return false;
     }
     const double used = Link.StoreLocationCount - LeadingNumber(reply);
     catalogue.UsedStoreCount =
         static_cast<std::int16_t>(std::clamp(used, 0.0, double(Link.StoreLocationCount)));
+    return true;
 }
 
-void ReadDigitNames(WaveCatalogue& catalogue) {
+// `heard`: the query before was answered. Silence is told once.
+void ReadDigitNames(WaveCatalogue& catalogue, bool heard) {
     SendText(Command::PrimeDigitCatalogue);
     if (Link.CommError) return;
     const std::string reply = QueryText(Command::DigitCatalogue);
     if (Link.CommError) return;
     if (IsEmptyReply(reply)) {
-        TellEmptyReply();
+        if (heard) TellEmptyReply();
         return;
     }
     catalogue.DigitNameCount = 0;
@@ -95,17 +100,24 @@ void ListLocations(WaveCatalogue& catalogue) {
 
 void RefreshCatalogue(WaveCatalogue& catalogue) {
     ShowAwaited(PickText("Reading the catalogue...", "正在读取波形目录..."));
-    ReadCatalogue(catalogue);
+    WaveCatalogue fresh = catalogue;
+    ReadCatalogue(fresh);
     if (Link.IOType == SerialLink) Sleep(300);
     if (Link.CommError) return;
-    ReadFreeCount(catalogue);
+    const bool heard = ReadFreeCount(fresh);
     if (Link.CommError) return;
     if (HasDigitalWaves())
-        ReadDigitNames(catalogue);
+        ReadDigitNames(fresh, heard);
     else
-        catalogue.DigitNameCount = 0;
-    if (Link.CommError || catalogue.AllWaveCount < catalogue.UsedStoreCount) return;
-    ListLocations(catalogue);
+        fresh.DigitNameCount = 0;
+    if (Link.CommError) return;
+    if (fresh.AllWaveCount < fresh.UsedStoreCount) {
+        catalogue.AllWaveName = std::move(fresh.AllWaveName);
+        catalogue.AllWaveCount = fresh.AllWaveCount;
+        return;
+    }
+    ListLocations(fresh);
+    catalogue = std::move(fresh);
 }
 
 bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index) {

@@ -24,8 +24,9 @@ struct WaveCatalogue {
 };
 
 /// Reads names, free locations and digital names of the instrument for the analog dialog and builds
-/// the location list. A failure speaks once and leaves CommError set; lists that contradict each
-/// other stay as they were.
+/// the location list. A failure speaks once. One of the transport or of the names leaves CommError
+/// set and all lists as they were. Where more locations are in use than there are names, or only
+/// the free locations or the digital names are not told, what was known of the locations stays.
 void RefreshCatalogue(WaveCatalogue& catalogue);
 
 /// True for an index of AllWaveName that the user stored: it can be deleted and renamed.

@@ -109,6 +109,7 @@ void LoadLinkSettings() {
     Link.PrimaryAddress = LinkSetting("GPIB", "PrimaryAddress", Link.PrimaryAddress);
     Link.Port = LinkSetting(SerialSection, "Port", Link.Port);
     Link.BaudRate = WholeSetting(SerialSection, "BaudRate", Link.BaudRate);
+    if (Link.BaudRate < 1) Link.BaudRate = LinkState().BaudRate;
     Link.ParityDataBits = WholeSetting(SerialSection, "ParityDataBits", Link.ParityDataBits);
     Link.Hand_Shake = LinkSetting(SerialSection, "Hand_Shake", Link.Hand_Shake);
 }

@@ -55,11 +55,13 @@ void OnReceive(std::string_view fragment) {
     Link.ReadBuffer += fragment;
     Link.ReadTicks = 0;
     const std::size_t end = Link.ReadBuffer.find('\n');
-    if (end == std::string::npos) return;
-    Link.ReadPending = false;
-    Link.ReadBuffer.resize(end);
-    if (Link.ReadBuffer.ends_with('\r')) Link.ReadBuffer.pop_back();
-    NoteText(LinkWay::Received, Link.ReadBuffer);
+    if (end != std::string::npos) {
+        Link.ReadPending = false;
+        Link.ReadBuffer.resize(end);
+        if (Link.ReadBuffer.ends_with('\r')) Link.ReadBuffer.pop_back();
+        NoteText(LinkWay::Received, Link.ReadBuffer);
+    }
+    // This one counts before its line feed.
     if (Link.ReadBuffer == ParseFinishedLine) Link.ParseFinished = true;
 }
 

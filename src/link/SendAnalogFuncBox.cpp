@@ -288,7 +288,7 @@ void EnterUserWaveName(SendAnalogDialog& dialog) {
 }
 
 void ActivateChosenWave(SendAnalogDialog& dialog) {
-    if (Link.SendBusy) return;
+    if (Link.SendBusy || dialog.AllIndex >= dialog.Stored.AllWaveCount) return;
     const LinkWork work("");
     ActivateWave(dialog.Stored.AllWaveName[dialog.AllIndex]);
 }
@@ -326,7 +326,7 @@ void ConfirmRename(SendAnalogDialog& dialog) {
     }
     const LinkWork work(PickText("Renaming the waveform...", "正在重命名波形..."));
     SendText(RenameCommand(dialog.Stored.AllWaveName[dialog.AllIndex], name));
-    dialog.Renaming = false;
+    CancelRename(dialog);  // the new name shows once the instrument lists it
     if (Link.IOType == SerialLink) Sleep(3000);
     if (!Link.CommError) RefreshLists(dialog);
 }

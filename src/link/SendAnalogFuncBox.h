@@ -31,8 +31,6 @@ std::vector<std::string> LocationEntries(const SendAnalogDialog& dialog);
 bool CanNameLocation(const SendAnalogDialog& dialog);
 /// ButDel and ButRename are open.
 bool CanManageWave(const SendAnalogDialog& dialog);
-/// Locations as indicators: their number, and how many are in use.
-std::int16_t UsedLocations(const SendAnalogDialog& dialog);
 
 // What the user does. Nothing happens while SendBusy is set.
 void PickLocation(SendAnalogDialog& dialog, std::int16_t index);

@@ -1,0 +1,145 @@
+#include "LinkFixture.h"
+
+// What is read from the instrument: the catalogue and stored waveforms.
+
+namespace {
+
+class ReadTest : public LinkFixture {
+public:
+    /// Names / entries of the locations / waves that can be managed / places marked as free.
+    std::string Shown() {
+        std::string managed, free;
+        for (std::int16_t i = 0; i < MostWaveNames; ++i) {
+            PickStoredWave(dialog, i);
+            if (CanManageWave(dialog)) managed += dialog.txtAllWaveName + " ";
+            if (dialog.Stored.UserWaveFree[i]) free += std::to_string(i);
+        }
+        const auto all = std::span(dialog.Stored.AllWaveName).first(dialog.Stored.AllWaveCount);
+        return Joined(all) + "/" + Joined(LocationEntries(dialog)) + "/" + managed + "/" + free;
+    }
+    static std::string Zeros(std::size_t bytes) {
+        std::string zeros(bytes, '\0');
+        return zeros;
+    }
+};
+
+TEST_F(ReadTest, RepliesBecomeListsAndButtons) {
+    const std::string two = Quoted("SINC,VOLATILE,A1,B2"), names = "SINC,VOLATILE,A1,B2/";
+    const std::string most = "A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U";
+    const std::tuple<int, std::uint8_t, int, std::string, const char*, std::string, std::string>
+        rows[] = {
+            {0, 1, 4, two + "\n", "2\n", Quoted("D1"), names + "A1,B2,3/A1 B2 /2"},
+            {0, 1, 10, two + "\n", "8.0 free", "", names + "A1,B2,3/A1 B2 /2"},
+            {0, 0, 4, Quoted("SINC") + "\n", "4", "", "SINC/1//0"},
+            {0, 0, 4, Quoted("S,A,B,C,D"), "0", "", "S,A,B,C,D/A,B,C,D/A B C D /"},
+            {0, 2, 4, two, "1", Quoted("VOLATILE,D1") + "\n", names + "D1,A1,B2,4/A1 B2 /3"},
+            {0, 0, 4, Quoted("SINC,,A1") + R"(,"B2)", "3", "", "SINC,A1/A1,2/A1 /1"},
+            {2, 0, 4, Quoted("SINC,A1") + "PARSE FINISHED\n", "3\n", "", "SINC,A1/A1,2/A1 /1"},
+            {2, 0, 4, Quoted("SINC,A1") + "\r\n", "9\n", "", "SINC,A1/1//0"},
+            {0, 0, 4, two, "-1", "", names + "SINC,VOLATILE,A1,B2/A1 B2 /"},
+            {0, 0, 4, Quoted("SINC"), "2", "", "SINC/1//"},  // a contradiction: locations as before
+            {0, 0, 4, "gone\n", "4", "", "/1//0"},
+            {0, 0, 4, Quoted(most + ",V,W"), "3", "", most + "/U,2/U /1"},
+        };
+    for (const auto& [ioType, model, locations, catalogue, free, digital, shown] : rows) {
+        SetUp();
+        Link.IOType = static_cast<std::uint8_t>(ioType);
+        Link.ConnectedModel = model;
+        Link.StoreLocationCount = static_cast<std::uint8_t>(locations);
+        replies["DATA:Catalog?"] = {catalogue};
+        replies["DATA:Nvolatile:FREE?"] = {free};
+        replies["DATA:DIGIT:Catalog?"] = {digital};
+        OpenSendAnalog(dialog);
+        EXPECT_EQ(Shown(), shown) << catalogue;
+        EXPECT_TRUE(Boxes().empty() && !dialog.CloseAsked);
+    }
+    replies["DATA:Catalog?"] = {"busy", "", Quoted("A1"), "", "", "", Quoted("A1")};
+    for (const bool gone : {false, true}) {  // asked three times
+        exchanges = 0;
+        OpenSendAnalog(dialog);
+        EXPECT_TRUE(exchanges == (gone ? 3 : 4) && dialog.CloseAsked == Flag(gone));
+    }
+}
+
+TEST_F(ReadTest, ChoicesFollowTheListsAndSpareBuiltInWaves) {
+    OpenSendAnalog(dialog);
+    EXPECT_TRUE(dialog.UserIndex == 2 && CanNameLocation(dialog));
+    PickLocation(dialog, 1);
+    EXPECT_TRUE(dialog.txtUserWaveName == "B2" && !CanNameLocation(dialog));
+    PickStoredWave(dialog, 3);
+    replies["DATA:Catalog?"] = {Quoted("SINC,VOLATILE,A1")};
+    DeleteChosenWave(dialog);  // the last one
+    EXPECT_EQ(dialog.txtAllWaveName, "A1");
+    exchanges = 0;
+    PickStoredWave(dialog, 0);
+    DeleteChosenWave(dialog);
+    BeginRename(dialog);
+    EXPECT_TRUE(exchanges == 0 && !dialog.Renaming);
+    OpenDownLoad(load);
+    for (load.AllIndex = -1; load.AllIndex < 4; ++load.AllIndex)
+        EXPECT_EQ(CanLoadWave(load), load.AllIndex == 1 || load.AllIndex == 2) << load.AllIndex;
+}
+
+// y = (2 w / 16383 - 1) * amplitude / 20 + 2 * offset / 20, here of 15 V and 5 V; the upper two
+// bits of w are masked off.
+TEST_F(ReadTest, WordsBecomeVoltsOfATwentyVoltScale) {
+    SaveSetting("TideMark", "Tidemark_Property", "Quanit", "12");
+    replies["DATA:LOAD A1"] = {"A1,4", std::string("\0\0\xFF\xFF\xFF\xDF\x55", 7), "\xCC\x0C!"};
+    LoadChosenWave(load);
+    const AnalogWaveRecord& wave = AnalogDocs[1];
+    ASSERT_TRUE(AnalogInUse[1] && load.CloseAsked);
+    ExpectSound(wave);
+    EXPECT_EQ(wave.Name + " " + Runs(wave), "A1 c0-3");
+    EXPECT_TRUE(wave.MaxDots == 4 && wave.Quantify == 12 && !wave.Modified);
+    EXPECT_TRUE(wave.Vpp == 20.0 && wave.Period == 0.001);
+    const double expected[] = {-0.25, 1.0, -0.75 / 16383 + 0.5, 0.75 * (6552.0 / 16383 - 1) + 0.5};
+    for (int i = 0; i < 4; ++i) EXPECT_NEAR(wave.DotArray[i].Y, expected[i], 1e-15) << i;
+}
+
+TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
+    const std::string four = Zeros(4), large = Zeros(1048576);
+    const std::tuple<Texts, const char*, const char*, std::int32_t, std::int32_t, int> rows[] = {
+        {{"x,3\n", Zeros(2), Zeros(40)}, "5", "1", 4096, 3, 6},  // too long a last packet
+        {{"x,2", Zeros(1)}, "5", "1", 4096, 0, 2},
+        {{"x,4", four, ""}, "5", "1", 4096, 0, 3},
+        {{"9,100", Zeros(200)}, "5", "1", 100, 100, 5},
+        {{"9,101", Zeros(202)}, "5", "1", 100, 0, 1},
+        {{"524289", large, four}, "5", "1", 1048576, 524289, 6},
+        {{"524290", large, four}, "5", "1", 1048576, 0, 1},
+        {{"x,0"}, "5", "1", 4096, 0, 1},
+        {{"3,x"}, "5", "1", 4096, 0, 1},
+        {{"2", four}, "0", "1", 4096, 0, 5},
+        {{"2", four}, "", "1", 4096, 0, 3},
+        {{"2", four}, "5", "", 4096, 0, 5},
+    };
+    for (const auto& [blocks, frequency, voltage, most, dots, steps] : rows) {
+        SetUp();
+        MaxWaveDots = most;
+        replies["DATA:LOAD A1"] = blocks;
+        replies["FREQuency?"] = {frequency};
+        replies["VOLTage?"] = {voltage};
+        LoadChosenWave(load);
+        SCOPED_TRACE(blocks[0] + " " + frequency + " " + voltage);
+        EXPECT_TRUE(AnalogDocCount == (dots > 0 ? 2 : 1) && AnalogDocs[1].Dots == dots);
+        EXPECT_TRUE(load.CloseAsked == Flag(dots > 0) && load.Note.empty() == (dots > 0));
+        EXPECT_TRUE(exchanges == steps && Boxes().empty()) << exchanges;
+    }
+}
+
+TEST_F(ReadTest, AVariantIsAskedUntilItHasDotsOrTheUserHasEnough) {
+    ModelVariant = true;
+    replies["DATA:LOAD A1"] = {"x,0", "x,0", "x,1", Zeros(2), "x,0"};
+    LoadChosenWave(load);
+    EXPECT_TRUE(AnalogDocs[1].Dots == 1 && exchanges == 7);
+    cancelAt = pauses + 40;
+    LoadChosenWave(load);
+    failOpening = openings + 40;
+    LoadChosenWave(load);
+    EXPECT_TRUE(AnalogDocCount == 2 && Link.WorkDepth == 0 && !Link.IsConnected);
+    AnalogDocCount = 10;
+    load.CloseAsked = false;
+    LoadChosenWave(load);
+    EXPECT_TRUE(load.CloseAsked && Boxes().back().ends_with("Exceed maximum file numbers limit"));
+}
+
+}  // namespace
