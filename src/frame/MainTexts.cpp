@@ -80,6 +80,7 @@ constexpr WindowText Rows[] = {
 
     // Instrument and help
     {"Mainfrm", "ConnectAresBtn", "Connect to instrument", "连接到仪器"},
+    {"Mainfrm", "ConnectAresBtnOn", "Disconnect", "断开连接"},
     {"Mainfrm", "TransAresBtn", "Send Waveform", "发送波形"},
     {"Mainfrm", "LoadAresBtn", "Upload Analog waveform", "上传模拟波形"},
     {"Mainfrm", "LoadDigitAresBtn", "Upload Digital waveform", "上传数字波形"},
@@ -115,6 +116,12 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "OkAresBtn", "Draw the line", "绘制直线"},
     {"Mainfrm", "AresButton1", "Set the point", "设定该点"},
     {"Mainfrm", "ZoomAresBtn", "Zoom to these values", "按输入值缩放"},
+
+    // Status strip: the link
+    {"Mainfrm", "lblLink", "Not connected", "未连接"},
+    {"Mainfrm", "lblLinkOn", "%1 connected", "%1 已连接"},
+    {"Mainfrm", "CancelWaitBtn", "Cancel", "取消"},
+    {"Mainfrm", "CancelWaitTip", "Stop waiting (Esc)", "停止等待 (Esc)"},
 
     {"Mnufrm", "MnuFile", "&File", "文件(&F)"},
     {"Mnufrm", "MnuFile_New", "&New", "新建(&N)"},

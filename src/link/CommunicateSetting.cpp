@@ -4,7 +4,6 @@
 #include "frame/LoadLanguageCode.h"
 #include "frame/StringFunc.h"
 #include "link/ConnectFuncBox.h"
-#include "link/RS232FuncBox.h"
 #include "link/USB_FuncBox.h"
 #include "platform/Settings.h"
 
@@ -26,7 +25,7 @@ void ListDevices(CommunicateDialog& dialog) {
 // The ports present; one that was chosen for a number and is unplugged stays in the list.
 void ListSerialDevices(CommunicateDialog& dialog) {
     dialog.SerialDevices = TheSerialPort().Devices();
-    for (std::int16_t number = 1; number < std::ssize(dialog.DeviceOfPort); ++number) {
+    for (std::int16_t number = 1; number <= LargestPortNumber; ++number) {
         std::string& path = dialog.DeviceOfPort[number];
         path = DeviceOfPort(number);
         const auto here = std::ranges::find(dialog.SerialDevices, path, &SerialDevice::Path);
@@ -90,7 +89,7 @@ void ConfirmCommunicateDialog(const CommunicateDialog& dialog) {
     Link.BaudRate = BaudRateOf(dialog.BaudRate);
     Link.ParityDataBits = dialog.ParityDataBits;
     Link.Hand_Shake = dialog.Hand_Shake;
-    for (std::int16_t number = 1; number < std::ssize(dialog.DeviceOfPort); ++number)
+    for (std::int16_t number = 1; number <= LargestPortNumber; ++number)
         if (dialog.DeviceOfPort[number] != DeviceOfPort(number))
             SaveSetting(LinkApplication, "RS232", "Device" + std::to_string(number),
                         dialog.DeviceOfPort[number]);

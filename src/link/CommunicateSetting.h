@@ -1,5 +1,6 @@
 #pragma once
 // The communication dialog and the instrument selection, without their windows.
+#include "link/RS232FuncBox.h"
 #include "platform/SerialPort.h"
 
 #include <array>
@@ -17,8 +18,8 @@ struct CommunicateDialog {
     std::string BaudRate;
     std::string Hand_Shake;
     std::uint8_t ParityDataBits = 0;
-    std::vector<SerialDevice> SerialDevices;   // ports present, and the ones chosen before
-    std::array<std::string, 10> DeviceOfPort;  // device path by number; 0 unused
+    std::vector<SerialDevice> SerialDevices;  // ports present, and the ones chosen before
+    std::array<std::string, LargestPortNumber + 1> DeviceOfPort;  // device path by number; 0 unused
 };
 
 inline constexpr std::array<std::string_view, 3> PortNames = {"COM1", "COM2", "COM3"};

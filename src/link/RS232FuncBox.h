@@ -21,6 +21,7 @@ void RS232OnEvent(std::int16_t code, std::string_view fragment);
 /// A tenth of a second has passed.
 void CountReadTick();
 
+inline constexpr std::int16_t LargestPortNumber = 9;
 /// The number of a port name, its last character: 1..9, 0 for anything else.
 std::int16_t PortNumber(std::string_view port);
 /// The device path of a port number 1..9: the one in the settings, else /dev/ttyS0 and so on.

@@ -81,25 +81,25 @@ std::optional<double> AskDotCount(std::string_view name, std::vector<std::uint8_
     return count;
 }
 
-// Adds the whole words of a block, as many as `words` has room for, behind `received`.
-std::int32_t TakeWords(std::span<const std::uint8_t> block, std::int32_t received, Words& words) {
-    const auto count = static_cast<std::int32_t>(block.size() / 2);
-    const std::int32_t taken = std::min(count, static_cast<std::int32_t>(words.size()) - received);
-    for (std::int32_t i = 0; i < taken; ++i)
+// Adds the whole words of a block, as many as `words` has room for, behind `received`. Returns the
+// words of the block.
+std::size_t TakeWords(std::span<const std::uint8_t> block, std::size_t received, Words& words) {
+    const std::size_t count = block.size() / 2;
+    const std::size_t taken = std::min(count, words.size() - received);
+    for (std::size_t i = 0; i < taken; ++i)
         words[received + i] =
             static_cast<std::uint16_t>(block[2 * i] | (block[2 * i + 1] & SampleMask) << 8);
     return count;
 }
 
 bool ReadWords(std::string_view name, std::vector<std::uint8_t>& buffer, Words& words) {
-    const auto dots = static_cast<std::int32_t>(words.size());
-    for (std::int32_t received = 0; received < dots;) {
+    for (std::size_t received = 0; received < words.size();) {
         AskForPacket(name);
         Sleep(200);
-        const std::int32_t count = TakeWords(ReadPacket(buffer), received, words);
+        const std::size_t count = TakeWords(ReadPacket(buffer), received, words);
         if (count == 0) return false;
         received += count;
-        ShowTransfer(std::int64_t{100} * received / dots);
+        ShowTransfer(static_cast<std::int64_t>(100 * received / words.size()));
         Sleep(200);
         Pump();
     }

@@ -23,7 +23,7 @@ std::string_view FaceOf(std::string_view button) {
 
 ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
     for (const CommandRow& row : Commands()) {
-        if (!row.Button.empty()) AddAction(row, row.Button, false);
+        if (!row.Button.empty()) AddAction(row, row.Button, row.Menus[0].empty());
         bool first = true;
         for (const std::string_view menu : row.Menus) {
             if (!menu.empty()) AddAction(row, menu, first);
@@ -90,17 +90,17 @@ QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
     return bar;
 }
 
+void ActionTable::ShowTip(const CommandRow& row, const QString& tip) {
+    const QString shortcut = QKeySequence(ToQt(row.Shortcut)).toString(QKeySequence::NativeText);
+    QAction* button = Find(row.Button);
+    button->setText(tip);
+    if (row.Icon.empty()) button->setIconText(ToQt(FaceOf(row.Button)));
+    button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
+}
+
 void ActionTable::ApplyTexts() {
     for (const CommandRow& row : Commands()) {
-        const QString shortcut =
-            QKeySequence(ToQt(row.Shortcut)).toString(QKeySequence::NativeText);
-        if (!row.Button.empty()) {
-            const QString tip = ToQt(TextOf("Mainfrm", row.Button));
-            QAction* button = Find(row.Button);
-            button->setText(tip);
-            if (row.Icon.empty()) button->setIconText(ToQt(FaceOf(row.Button)));
-            button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
-        }
+        if (!row.Button.empty()) ShowTip(row, ToQt(TextOf("Mainfrm", row.Button)));
         for (const std::string_view menu : row.Menus)
             if (!menu.empty()) Find(menu)->setText(ToQt(TextOf("Mnufrm", menu)));
     }

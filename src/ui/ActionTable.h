@@ -26,6 +26,8 @@ public:
 
     /// Captions and tool tips in the current language.
     void ApplyTexts();
+    /// Another tool tip for a button, with the shortcut of its row behind.
+    void ShowTip(const CommandRow& row, const QString& tip);
     /// Enabled and checked states of all doors.
     void Refresh();
 

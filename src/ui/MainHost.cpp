@@ -4,13 +4,16 @@
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/CommunicateSettingFrm.h"
+#include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
 #include "ui/InstrumentSelFrm.h"
 #include "ui/LinkTranscriptFrm.h"
+#include "ui/LinkWait.h"
 #include "ui/LowPassSetFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
 #include "ui/ResizeWaveFrm.h"
+#include "ui/SendAnalogWaveFrm.h"
 #include "ui/SmoothSetFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/StatusStrip.h"
@@ -27,7 +30,6 @@
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 #include <QTranslator>
 #include <type_traits>
 #include <utility>
@@ -159,6 +161,8 @@ bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
         {"SmoothSetFrm", RunModal<SmoothSetFrm>},
         {"CommunicateSettingFrm", RunModal<CommunicateSettingFrm>},
         {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
+        {"SendAnalogWaveFrm", RunModal<SendAnalogWaveFrm>},
+        {"DownLoadWaveFrm", RunModal<DownLoadWaveFrm>},
     };
     for (const auto& [known, run] : Windows)
         if (known == name) return run(&window, argument) == QDialog::Accepted;
@@ -173,12 +177,6 @@ void TranslateQt() {
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     if (UseEnglish == 0 && translator.load("qtbase_zh_CN", folder))
         QCoreApplication::installTranslator(&translator);
-}
-
-void WaitFor(std::int32_t milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 }  // namespace
@@ -219,6 +217,10 @@ void InstallHost(Mainfrm& window) {
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
     host.Wait = WaitFor;
+    host.Pump = PumpEvents;
+    host.AwaitEvent = AwaitEvent;
+    host.HoldInput = HoldInput;
+    host.ShowLink = [main] { main->ShowLink(); };
     host.ArrangeWindows = [main](WindowArrangement kind) { main->ArrangeWindows(kind); };
     host.ShowEditor = [main] { main->ShowEditor(); };
     host.CloseMainWindow = [main] { main->close(); };

@@ -7,11 +7,16 @@
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "link/LinkWork.h"
+#include "link/RS232FuncBox.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
 #include "ui/CaptionBar.h"
+#include "ui/ConnectImage.h"
 #include "ui/DocumentArea.h"
+#include "ui/LinkDialog.h"
+#include "ui/LinkWait.h"
 #include "ui/StatusStrip.h"
 #include "ui/Theme.h"
 #include "ui/TrayIcon.h"
@@ -23,6 +28,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -32,6 +38,7 @@ namespace {
 constexpr QSize UsualSize{1280, 800};
 constexpr QSize SmallestSize{960, 600};
 constexpr QSize LargestScreen{1280, 1024};  // to maximise on
+constexpr int ReadTick = 100;               // milliseconds
 
 QString Text(std::string_view window, std::string_view control) {
     return ToQt(TextOf(window, control));
@@ -53,6 +60,11 @@ Mainfrm::Mainfrm() {
         if (row.Name == "MnuSelect") selectMenu_ = actions_->MakeMenu(row, this);
         if (row.Name == "MnuMin") tray_ = new TrayIcon(this, actions_->MakeMenu(row, this));
     }
+    activity_ = new ConnectImage(findChild<QToolButton*>("ConnectAresBtn"));
+    auto* ticks = new QTimer(this);
+    ticks->setObjectName("TimerOutTimer");
+    connect(ticks, &QTimer::timeout, this, CountReadTick);
+    ticks->start(ReadTick);
     connect(tray_, &TrayIcon::Pressed, this, &Mainfrm::ShowEditor);
     AddEdgeGrips(this, SmallestSize, [this] { LeaveMaximised(); });
     const QSize room = screen()->availableSize();
@@ -204,6 +216,17 @@ void Mainfrm::ApplyLanguage() {
     area_->viewport()->update();
     for (QMdiSubWindow* frame : frames_)
         if (frame != nullptr) static_cast<WaveFrm*>(frame->widget())->ApplyTexts();
+    ShowLink();
+}
+
+void Mainfrm::ShowLink() {
+    const CommandRow& row = *FindCommand("ConnectAresBtn");
+    actions_->ShowTip(row, Text("Mainfrm", Link.IsConnected ? "ConnectAresBtnOn" : row.Button));
+    actions_->Find(row.Button)->setIcon(ThemedIcon(Link.IsConnected ? "Connected" : "Connect"));
+    activity_->ShowLink();
+    LinkDialog* dialog = LinkDialog::Current();
+    status_->ShowLink(Link.WorkDepth > 0 && dialog == nullptr);
+    if (dialog != nullptr) dialog->Refresh();
 }
 
 void Mainfrm::ToggleMaximised() {
@@ -280,6 +303,11 @@ bool Mainfrm::CloseAllDocuments() {
 
 // A question about changes needs a window that is seen, and Cancel leaves it so.
 void Mainfrm::closeEvent(QCloseEvent* event) {
+    if (InputHeld()) {  // the link's work ends first
+        CloseAfterWork(this);
+        event->ignore();
+        return;
+    }
     const bool asks = std::any_of(AnalogDocs.begin(), AnalogDocs.end(),
                                   [](const auto& wave) { return bool(wave.Modified); });
     if (asks && isMinimized()) ShowEditor();

@@ -8,6 +8,7 @@
 
 class ActionTable;
 class CaptionBar;
+class ConnectImage;
 class DocumentArea;
 class QMdiSubWindow;
 class QMenuBar;
@@ -32,6 +33,8 @@ public:
     void ShowPlot(std::int16_t slot);
     void RefreshCommands();
     void ApplyLanguage();
+    /// Shows the state of the link: connect button, status strip and the open link dialog.
+    void ShowLink();
     /// Opens a context menu at a place of the screen.
     void PopupMenu(const QString& name, QPoint global);
     StatusStrip* Status() const { return status_; }
@@ -66,6 +69,7 @@ private:
     QMenu *idleMenu_, *selectMenu_, *windowMenu_ = nullptr;
     DocumentArea* area_;
     StatusStrip* status_;
+    ConnectImage* activity_;
     TrayIcon* tray_ = nullptr;
     std::array<QMdiSubWindow*, 11> frames_{};  // windows stay with their slots and are reused
     bool mainMaximised_ = false;

@@ -5,9 +5,14 @@
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "link/ConnectFuncBox.h"
+#include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
+#include "ui/HintLabel.h"
 #include "ui/NumberBox.h"
+#include "ui/Theme.h"
+#include "ui/WaitPanel.h"
 
 #include <QAction>
 #include <QFontDatabase>
@@ -18,7 +23,6 @@
 #include <QProgressBar>
 #include <QStackedLayout>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QToolButton>
 
 namespace {
@@ -43,24 +47,10 @@ constexpr PanelRow Panels[] = {
 
 constexpr int StripHeight = 40;
 constexpr int Gap = 8, UnitGap = 4, GroupGap = 16;
-constexpr int RightWidth = 240;
+constexpr int RightWidth = 240, NarrowRight = 184;
+constexpr int NarrowStrip = 1100;  // below it the boxes need some of the room at the right
+constexpr int WaitWidth = 320;
 constexpr qint64 Moment = 200;  // milliseconds of work before the bar shows
-
-// A hint gives way to the boxes where the window is narrow; its tip then has all of it.
-class HintLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-    QSize minimumSizeHint() const override { return {48, QLabel::minimumSizeHint().height()}; }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-        style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft, palette(),
-                              isEnabled(), shown, foregroundRole());
-        setToolTip(shown == text() ? QString() : text());
-    }
-};
 
 int NumberWidth(const QWidget* widget, int digits) {
     return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
@@ -69,6 +59,41 @@ int NumberWidth(const QWidget* widget, int digits) {
 QString StripText(const QString& control) {
     return ToQt(TextOf("Mainfrm", control.toStdString()));
 }
+
+// "KT3300 connected" or "Not connected".
+QString LinkText(std::string_view text) {
+    return ToQt(text).replace("%1", ToQt(ModelName(Link.ConnectedModel)));
+}
+
+int WidestLinkText(const QWidget* widget) {
+    int widest = 0;
+    for (const WindowText& row : WindowTexts()) {
+        if (row.Window != "Mainfrm" || !row.Control.starts_with("lblLink")) continue;
+        for (const std::string_view text : {row.English, row.Chinese})
+            widest = std::max(widest, widget->fontMetrics().horizontalAdvance(LinkText(text)));
+    }
+    return widest;
+}
+
+// A dot that says by its shape too whether an instrument is there.
+class LinkSign final : public QWidget {
+public:
+    explicit LinkSign(QWidget* parent) : QWidget(parent) {
+        setObjectName("imgLink");
+        setFixedSize(10, 10);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const ChromePalette& chrome = CurrentChrome();
+        const QColor colour = Link.IsConnected ? chrome.connected : chrome.dim;
+        painter.setPen(QPen(colour, 1.4));
+        if (Link.IsConnected) painter.setBrush(colour);
+        painter.drawEllipse(QRectF(rect()).adjusted(1.2, 1.2, -1.2, -1.2));
+    }
+};
 
 }  // namespace
 
@@ -85,8 +110,21 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     AddReadOut("picIdle", "lblXLab", "lblX");
     AddReadOut("picIdle", "lblYLab", "lblY");
     for (const PanelRow& row : Panels) LineOf(row.Panel)->addStretch(1);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(12, 4, 12, 4);
+    row->setSpacing(12);
+    row->addWidget(panels_, 1);
+    row->addWidget(MakeRight());
+    row->addLayout(MakeSign());
+    wait_ = new WaitPanel(WaitPanel::Place::Strip, "prgLink", this);
+    wait_->setAttribute(Qt::WA_StyledBackground);
+    wait_->setProperty("strip", true);
+    ApplyTexts();
+    ShowEntries(-1);
+}
+
+QWidget* StatusStrip::MakeRight() {
     auto* right = new QWidget(this);
-    right->setFixedWidth(RightWidth);
     right_ = new QStackedLayout(right);
     pointer_ = new QLabel(right);
     pointer_->setObjectName("lblPointer");
@@ -96,13 +134,20 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     progress_->setObjectName("prgWork");
     right_->addWidget(pointer_);
     right_->addWidget(progress_);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(12, 4, 12, 4);
-    row->setSpacing(12);
-    row->addWidget(panels_, 1);
-    row->addWidget(right);
-    ApplyTexts();
-    ShowEntries(-1);
+    return right;
+}
+
+// Whether an instrument is connected; as wide as the longest text in either language.
+QLayout* StatusStrip::MakeSign() {
+    sign_ = new LinkSign(this);
+    link_ = new QLabel(this);
+    link_->setObjectName("lblLink");
+    link_->setFixedWidth(WidestLinkText(link_));
+    auto* line = new QHBoxLayout;
+    line->setSpacing(Gap);
+    line->addWidget(sign_);
+    line->addWidget(link_);
+    return line;
 }
 
 QWidget* StatusStrip::MakePanel(const char* name, const char* message) {
@@ -211,6 +256,8 @@ void StatusStrip::ApplyTexts() {
         label->setText(text);
         if (label->buddy() != nullptr) label->buddy()->setAccessibleName(text);
     }
+    wait_->ApplyTexts(StripText("CancelWaitBtn"), StripText("CancelWaitTip"));
+    ShowLink(false);
 }
 
 void StatusStrip::ShowText(const QString& label, const QString& text) {
@@ -280,4 +327,31 @@ bool StatusStrip::ShowProgress(qint64 done, qint64 total) {
     progress_->setValue(percent);
     right_->setCurrentWidget(progress_);
     return true;
+}
+
+void StatusStrip::ShowLink(bool working) {
+    link_->setText(LinkText(TextOf("Mainfrm", Link.IsConnected ? "lblLinkOn" : "lblLink")));
+    const ChromePalette& chrome = CurrentChrome();
+    const QColor colour = Link.IsConnected ? chrome.text : chrome.dim;
+    const QString sheet = QStringLiteral("color: %1;").arg(colour.name());
+    if (link_->styleSheet() != sheet) link_->setStyleSheet(sheet);
+    sign_->update();
+    wait_->ShowWork(working);
+    wait_->setVisible(working);
+    PlaceWait();
+}
+
+// The text needs more room than lies at the right, and what it covers takes no input meanwhile.
+void StatusStrip::PlaceWait() {
+    if (wait_->isHidden()) return;
+    const QRect right = right_->parentWidget()->geometry();
+    wait_->setGeometry(right.right() + 1 - WaitWidth, right.top(), WaitWidth, right.height());
+    wait_->raise();
+}
+
+void StatusStrip::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    right_->parentWidget()->setFixedWidth(width() < NarrowStrip ? NarrowRight : RightWidth);
+    layout()->activate();
+    PlaceWait();
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The status strip: one panel per tool, swapped in place, with its hint, its boxes or read-outs and
-// its buttons; at the right what lies under the pointer, or the progress of long work. Its height
-// never changes.
+// its buttons; at the right what lies under the pointer, or the progress of long work, and whether
+// an instrument is connected. Its height never changes.
 #include <cstdint>
 #include <QElapsedTimer>
 #include <QHash>
@@ -11,9 +11,11 @@ class ActionTable;
 class NumberBox;
 class QHBoxLayout;
 class QLabel;
+class QLayout;
 class QProgressBar;
 class QStackedLayout;
 class QStackedWidget;
+class WaitPanel;
 struct EntryRow;
 
 class StatusStrip : public QWidget {
@@ -33,6 +35,8 @@ public:
     /// Work that lasts longer than a moment shows a bar; total 0 ends it. Returns true when the
     /// bar changed, so that the caller lets it repaint.
     bool ShowProgress(qint64 done, qint64 total);
+    /// Shows the connection and, where the link works outside of a dialog, what it waits for.
+    void ShowLink(bool working);
 
 signals:
     /// Escape in a box: the user goes back to the plot.
@@ -40,8 +44,12 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void PlaceWait();
+    QWidget* MakeRight();
+    QLayout* MakeSign();
     QWidget* MakePanel(const char* name, const char* message);
     void AddBoxes(const ActionTable& actions);
     void AddBox(const EntryRow& row, QHBoxLayout* line);
@@ -56,5 +64,8 @@ private:
     QStackedLayout* right_;
     QLabel* pointer_;
     QProgressBar* progress_;
+    WaitPanel* wait_;
+    QWidget* sign_;
+    QLabel* link_;
     QElapsedTimer since_;
 };

@@ -1,0 +1,348 @@
+#include "link/ConnectFuncBox.h"
+#include "link/LinkWork.h"
+#include "platform/VisaApi.h"
+#include "ui/DownLoadWaveFrm.h"
+#include "ui/LinkWait.h"
+#include "ui/MainWindowFixture.h"
+#include "ui/SendAnalogWaveFrm.h"
+
+#include <map>
+
+namespace {
+
+constexpr int Ever = 60000;  // milliseconds, far more than a test lasts
+
+// The main window and an instrument on USB that answers by a table. Pauses of the link are cut to a
+// millisecond unless a test says otherwise.
+class LinkWindowTest : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        Link = LinkState();
+        VisaApi& visa = TheVisa();
+        visa.viOpenDefaultRM = [](auto...) { return VisaSuccess; };
+        visa.viOpen = [](auto...) { return VisaSuccess; };
+        visa.viSetAttribute = [](auto...) { return VisaSuccess; };
+        visa.viClose = [](auto) { return VisaSuccess; };
+        visa.viWrite = [this](auto, const std::uint8_t* bytes, std::uint32_t count, auto*) {
+            if (count > 0) sent.emplace_back(bytes, bytes + count);
+            return VisaSuccess;
+        };
+        visa.viRead = [this](auto, std::uint8_t* bytes, auto, auto* read) {
+            const std::string& reply = replies[sent.back()];
+            std::ranges::copy(reply, bytes);
+            *read = static_cast<std::uint32_t>(reply.size());
+            return VisaSuccess;
+        };
+        TheHost().Wait = [this](std::int32_t milliseconds) {
+            if (onWait) onWait();
+            WaitFor(std::min(milliseconds, 1));
+        };
+    }
+    void TearDown() override {
+        EXPECT_FALSE(InputHeld());
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        TheVisa() = silentVisa;
+        Link = LinkState();
+        MainWindowTest::TearDown();
+    }
+    /// A document, and a connected KT1100 with two of four locations in use.
+    void Connect() {
+        replies["DATA:Catalog?"] = "\"SINC\",\"CARDIAC\",\"ALPHA\",\"BETA\"\n";
+        replies["DATA:Nvolatile:FREE?"] = "2\n";
+        Link.IsConnected = true;
+        NewSine();
+    }
+    void Activate() const {  // no window manager does it after a dialog
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
+    /// A click as the window system reports it, which may move the focus.
+    void ClickOn(const QWidget* widget) const {
+        const QPoint middle = widget->mapTo(window_.get(), widget->rect().center());
+        QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, middle);
+    }
+    static void Open(QDialog& dialog) {
+        Show(dialog);
+        const auto* names = FindIn<QComboBox>(dialog, "cmbAllWave");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return names->count() > 0 && Link.WorkDepth == 0; }));
+        QTest::qWait(1);
+    }
+
+    std::vector<std::string> sent;
+    std::map<std::string, std::string> replies;
+    std::function<void()> onWait;
+    const VisaApi silentVisa = TheVisa();
+};
+
+struct PaintCounter : QWidget {
+    using QWidget::QWidget;
+    void paintEvent(QPaintEvent*) override { ++Paints; }
+    int Paints = 0;
+};
+
+// --- waits --------------------------------------------------------------------------------------
+
+TEST_F(LinkWindowTest, WaitTakesNoInputButTheCancel) {
+    NewSine();
+    Activate();
+    Find("EditPointAresBtn")->click();
+    PaintCounter counter(window_.get());
+    counter.show();
+    QTimer repaint;
+    repaint.callOnTimeout(&counter, [&] { counter.update(); });
+    repaint.start(5);
+    const AnalogWaveRecord& wave = AnalogDocs[0];
+    const QWidget* focus = window_->focusWidget();
+    for (const bool byKey : {false, true}) {
+        const LinkWork work("Connecting...");
+        auto* cancel = Find<QPushButton>("CancelWaitBtn");
+        EXPECT_TRUE(cancel->isVisible());
+        QTimer::singleShot(100, window_.get(), [&] {
+            counter.Paints = 0;
+            ClickOn(Find("GridAresBtn"));
+            ClickOn(Find<NumberBox>("txtValueX"));
+            QTest::mouseClick(Find("HandDrawAresBtn"), Qt::LeftButton);
+            QTest::keyClick(window_.get(), Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(window_.get(), Qt::Key_F, Qt::AltModifier);
+            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        });
+        QTimer::singleShot(250, window_.get(), [&] {
+            EXPECT_GT(counter.Paints, 2);
+            EXPECT_FALSE(Link.Cancelled);
+            EXPECT_TRUE(wave.GridOn && !wave.HandDrawOn && !wave.HasSelection);
+            EXPECT_EQ(window_->focusWidget(), focus);
+            if (byKey)
+                QTest::keyClick(window_.get(), Qt::Key_Escape);
+            else
+                ClickOn(cancel);
+        });
+        QElapsedTimer since;
+        since.start();
+        WaitFor(Ever);
+        EXPECT_TRUE(Link.Cancelled && Link.CommError);
+        WaitFor(Ever);  // what follows a cancel does not wait
+        EXPECT_LT(since.elapsed(), Ever / 4);
+    }
+    EXPECT_FALSE(Find<QPushButton>("CancelWaitBtn")->isVisible());
+    Key(Qt::Key_A);
+    EXPECT_TRUE(wave.HasSelection);
+}
+
+TEST_F(LinkWindowTest, AwaitedEventsComeTenTimesASecond) {
+    const LinkWork work("Waiting...");
+    const std::int16_t ticks = Link.ReadTicks;
+    QElapsedTimer since;
+    since.start();
+    while (Link.ReadTicks < ticks + 5 && since.elapsed() < Ever) AwaitEvent();
+    EXPECT_TRUE(400 <= since.elapsed() && since.elapsed() < 5000) << since.elapsed();
+}
+
+TEST_F(LinkWindowTest, PressesOfABusyMomentAreDropped) {
+    New();
+    Activate();
+    {
+        const LinkWork work("Sending...");
+        QTimer::singleShot(0, window_.get(),
+                           [&] { QTest::keyClick(window_.get(), Qt::Key_G, Qt::ControlModifier); });
+    }
+    QTest::qWait(1);
+    EXPECT_TRUE(AnalogDocs[0].GridOn);
+}
+
+TEST_F(LinkWindowTest, MessageBoxInsideWorkIsAnsweredAndTheHoldGoesOn) {
+    New();
+    bool heldBehind = false;
+    const auto answerBox = [&](QWidget* box) {
+        EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "Device not found");
+        QTest::keyClick(box, Qt::Key_Return);
+        EXPECT_FALSE(box->isVisible());
+        heldBehind = InputHeld();
+    };
+    WithDialog(ConnectInstrument, answerBox);
+    EXPECT_TRUE(heldBehind);
+    EXPECT_FALSE(Link.IsConnected);
+}
+
+// --- closing ------------------------------------------------------------------------------------
+
+TEST_F(LinkWindowTest, ClosingTheWindowEndsTheWorkAndThenAsks) {
+    for (const Answer answered : {Answer::Cancel, Answer::No}) {
+        if (AnalogDocCount == 0) NewSine();
+        Script({answered});
+        {
+            const LinkWork work("Connecting...");
+            QTimer::singleShot(20, window_.get(),
+                               [&] { QTest::mouseClick(Find("ExitAbtn"), Qt::LeftButton); });
+            WaitFor(Ever);
+            EXPECT_TRUE(Link.Cancelled);
+            EXPECT_TRUE(window_->isVisible() && asked.empty());
+        }
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !asked.empty(); }));
+        EXPECT_EQ(asked, std::vector<std::string>{"Save changes to Waveform0 ?"});
+        EXPECT_EQ(window_->isVisible(), answered == Answer::Cancel);
+    }
+}
+
+TEST_F(LinkWindowTest, ClosingTheWindowRejectsTheDialogThatWorks) {
+    Connect();
+    Link.StoreTarget = 0;
+    Script({Answer::No});
+    TheHost().Wait = [](auto) { WaitFor(Link.SendBusy ? Ever : 1); };
+    QTimer sender, closer;  // a timer does not fire inside itself
+    sender.callOnTimeout(window_.get(), [&] {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || Link.WorkDepth > 0 || sent.size() < 2) return;
+        sender.stop();
+        FindIn<QPushButton>(*dialog, "SaveAresBtn")->click();
+    });
+    closer.callOnTimeout(window_.get(), [&] {
+        if (!Link.SendBusy) return;
+        closer.stop();
+        QWidget* dialog = QApplication::activeModalWidget();
+        dialog->close();
+        EXPECT_TRUE(dialog->isVisible());
+        window_->close();
+        EXPECT_TRUE(window_->isVisible());
+    });
+    for (QTimer* timer : {&sender, &closer}) timer->start(5);
+    EXPECT_FALSE(TheHost().RunDialog("SendAnalogWaveFrm", 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window_->isVisible(); }));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(asked.size(), 1U);
+}
+
+// --- the connection -----------------------------------------------------------------------------
+
+TEST_F(LinkWindowTest, ConnectionIsShown) {
+    replies["*IDN?"] = "NORVIK TECHNOLOGIES,KT3300,1,09.00.000\n";
+    const QSize strip = Find<QWidget>("StatusStrip")->size();
+    const auto* image = Find<QLabel>("ConnectImg");
+    const auto* timer = Find<QTimer>("TimerConnect");
+    for (const bool connected : {true, false}) {
+        connected ? ConnectInstrument() : DisconnectInstrument();
+        EXPECT_EQ(Find<QLabel>("lblLink")->text(),
+                  connected ? "KT3300 connected" : "Not connected");
+        EXPECT_EQ(Find("ConnectAresBtn")->toolTip().section(" (", 0, 0),
+                  connected ? "Disconnect" : "Connect to instrument");
+        EXPECT_TRUE(image->isVisible() == connected && timer->isActive() == connected);
+        EXPECT_EQ(Find<QWidget>("StatusStrip")->size(), strip);
+    }
+    EXPECT_EQ(sent, (std::vector<std::string>{"*IDN?", "SYSTEM:LOCAL"}));
+}
+
+// --- dialogs ------------------------------------------------------------------------------------
+
+TEST_F(LinkWindowTest, TextsAndSizesOfTheDialogsInBothLanguages) {
+    Connect();
+    QSize sizes[2][2];
+    for (const std::int32_t english : {0, 1}) {
+        UseEnglish = english;
+        SendAnalogWaveFrm send;
+        DownLoadWaveFrm load;
+        int i = 0;
+        for (DialogBase* dialog :
+             {static_cast<DialogBase*>(&send), static_cast<DialogBase*>(&load)}) {
+            ExpectTexts(*dialog);
+            sizes[english][i++] = dialog->sizeHint();
+        }
+    }
+    for (const int i : {0, 1}) EXPECT_EQ(sizes[0][i], sizes[1][i]);
+}
+
+TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
+    Connect();
+    SendAnalogWaveFrm dialog(window_.get());
+    Open(dialog);
+    const auto* places = FindIn<QComboBox>(dialog, "cmbUserWave");
+    EXPECT_EQ(places->count(), 3);  // ALPHA, BETA and the free one
+    EXPECT_EQ(places->currentText(), "3");
+    EXPECT_EQ(FindIn<QLabel>(dialog, "UsedTxt")->text(), "2 of 4");
+    auto* name = FindIn(dialog, "txtUserWaveName");
+    EXPECT_TRUE(name->hasFocus());
+    QTest::keyClicks(name, "my-wve");  // "-" is no character of a name
+    name->setCursorPosition(3);
+    QTest::keyClicks(name, "a");
+    EXPECT_EQ(name->text(), "MYWAVE");
+    EXPECT_EQ(name->cursorPosition(), 4);
+    const QSize size = dialog.size();
+    int presses = 0;
+    onWait = [&] {
+        if (!Link.SendBusy) return;
+        ++presses;
+        FindIn<QPushButton>(dialog, "SaveAresBtn")->click();
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_TRUE(FindIn<QPushButton>(dialog, "CancelWaitBtn")->isVisible());
+        EXPECT_EQ(dialog.size(), size);
+    };
+    sent.clear();
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_GT(presses, 5);
+    EXPECT_EQ(std::ranges::count(sent, "DATA:COPY MYWAVE"), 1);
+    EXPECT_EQ(std::ranges::count(sent, "FUNction:USER MYWAVE"), 1);
+    EXPECT_FALSE(FindIn<QPushButton>(dialog, "CancelWaitBtn")->isVisible());
+    FindIn<QRadioButton>(dialog, "OptionSave1")->click();
+    EXPECT_FALSE(name->isEnabled());
+    dialog.close();
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(LinkWindowTest, RenamingTakesANameOnly) {
+    Connect();
+    SendAnalogWaveFrm dialog(window_.get());
+    Open(dialog);
+    auto* waves = FindIn<QComboBox>(dialog, "cmbAllWave");
+    auto* name = FindIn(dialog, "txtAllWaveName");
+    const auto open = [&](const char* control) {
+        return FindIn<QWidget>(dialog, control)->isEnabled();
+    };
+    EXPECT_TRUE(open("ButActivate") && !open("ButDel") && !open("ButRename"));  // SINC
+    waves->setFocus();
+    QTest::keyClick(waves, Qt::Key_End);
+    EXPECT_TRUE(open("ButDel") && open("ButRename") && !open("OkAresBtn"));
+    sent.clear();
+    for (const auto& [key, text] : {std::pair(Qt::Key_Escape, "BETA"), {Qt::Key_Return, "GAMMA"}}) {
+        FindIn<QPushButton>(dialog, "ButRename")->click();
+        EXPECT_TRUE(name->hasFocus() && open("OkAresBtn") && open("CancelAresBtn"));
+        EXPECT_TRUE(!open("cmbAllWave") && !open("ButDel") && !open("ButActivate"));
+        QTest::keyClicks(name, "gamma");
+        if (key == Qt::Key_Return)
+            replies["DATA:Catalog?"] = "\"SINC\",\"CARDIAC\",\"ALPHA\",\"GAMMA\"\n";
+        QTest::keyClick(name, key);
+        EXPECT_EQ(name->text(), text);
+        EXPECT_TRUE(dialog.isVisible() && !name->isEnabled() && open("cmbAllWave"));
+    }
+    ASSERT_FALSE(sent.empty());
+    EXPECT_EQ(sent.front(), "DATA:REName BETA GAMMA");
+}
+
+TEST_F(LinkWindowTest, SilentInstrumentClosesTheDialogs) {
+    Connect();
+    replies.clear();
+    for (const char* name : {"SendAnalogWaveFrm", "DownLoadWaveFrm"}) {
+        Script({Answer::Ok});
+        EXPECT_FALSE(TheHost().RunDialog(name, 0));
+        EXPECT_EQ(asked.size(), 1U) << name;
+    }
+}
+
+TEST_F(LinkWindowTest, BuiltInWaveformsCannotBeUploaded) {
+    Connect();
+    DownLoadWaveFrm dialog(window_.get());
+    Open(dialog);
+    const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
+    const auto* load = FindIn<QPushButton>(dialog, "LoadAresBtn");
+    auto* waves = FindIn<QComboBox>(dialog, "cmbAllWave");
+    QTest::keyClick(waves, Qt::Key_Home);
+    EXPECT_FALSE(load->isEnabled());
+    EXPECT_EQ(note->text(), "Built-in waveforms cannot be uploaded.");
+    QTest::keyClick(waves, Qt::Key_End);
+    EXPECT_TRUE(load->isEnabled() && note->text().isEmpty());
+    QTest::keyClick(&dialog, Qt::Key_Return);  // the default button
+    EXPECT_EQ(sent.back(), "DATA:LOAD BETA");
+    EXPECT_EQ(note->text(), "The instrument has not sent the waveform.");
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+}  // namespace
