@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QProcess>
@@ -69,6 +70,28 @@ void WithCatalogue(TourState& tour, const char* button, const std::function<void
         return Link.WorkDepth == 0 && !Entries(dialog, "cmbAllWave").empty();
     };
     WithDialog([&] { Click(Control(tour.Window.get(), button)); }, act, isRead);
+}
+
+QWidget* Transcript(TourState& tour) {
+    Choose(tour, "MnuTool_Transcript");
+    return Control(tour.Window.get(), "LinkTranscriptFrm");
+}
+
+void SaveTranscript(TourState& tour) {
+    QWidget* window = Transcript(tour);
+    Settle(300);  // it takes new lines five times a second
+    Picture(tour, window, "transcript");
+    const QString path = tour.Folder.filePath("transcript.txt");
+    QFile::remove(path);
+    WithDialog([&] { Click(Control(window, "SaveAresBtn")); },
+               [&](QWidget* dialog) { AnswerFileDialog(dialog, path); });
+    QFile file(path);
+    const bool there = file.open(QIODevice::ReadOnly);
+    const QByteArray text = there ? file.readAll() : QByteArray();
+    Step(tour, "the transcript tells of every exchange",
+         text.contains("  >  *IDN?\n") && text.contains("  <  NORVIK TECHNOLOGIE,KT3300") &&
+             text.contains("  >  [65530 bytes] DATA:DAC16 Volatile,CON,32747,"));
+    window->close();
 }
 
 void SetUp(TourState& tour) {
@@ -175,10 +198,12 @@ void Unplug(TourState& tour, Simulator& simulator) {
 
 void UseTheInstrument(TourState& tour) {
     Simulator simulator;
+    Click(Control(Transcript(tour), "RecordChk"));
     SetUp(tour);
     Connect(tour);
     Send(tour);
     ReadBack(tour);
     CancelAndDelete(tour);
     Unplug(tour, simulator);
+    SaveTranscript(tour);
 }
