@@ -5,6 +5,7 @@
 #include "platform/VisaApi.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 
 // Only the opening of the resource manager can fail for the user. What viOpen, viWrite and viRead
@@ -23,7 +24,10 @@ struct UsbSession {
 };
 
 void NoteStatus(const char* call, ViStatus status) {
-    if (status < 0) NoteText(LinkWay::Event, call + (" " + std::to_string(status)));
+    if (status >= 0) return;
+    char text[48];
+    std::snprintf(text, sizeof text, "%s 0x%08X", call, static_cast<unsigned>(status));
+    NoteText(LinkWay::Event, text);
 }
 
 const std::string& ChosenResource() {
