@@ -5,6 +5,7 @@
 #include "analog/ToolFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "frame/Narrow.h"
 #include "frame/StatusText.h"
 #include "platform/Host.h"
@@ -98,8 +99,7 @@ bool DotsFull(const AnalogWaveRecord& wave) {
 
 bool RoomForDots(const AnalogWaveRecord& wave) {
     if (!DotsFull(wave)) return true;
-    TheHost().Ask(PickText("Waveform Dots up limit", "波形点数达到上限"), Buttons::Ok,
-                  MessageIcon::Exclamation);
+    Complain(PickText("Waveform Dots up limit", "波形点数达到上限"));
     return false;
 }
 
@@ -111,8 +111,7 @@ std::int16_t FirstFreeAnalogSlot() {
 
 bool RoomForDocument() {
     if (AnalogDocCount + 1 <= MaxDocuments) return true;
-    TheHost().Ask(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"),
-                  Buttons::Ok, MessageIcon::Exclamation);
+    Complain(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"));
     return false;
 }
 

@@ -3,6 +3,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/Settings.h"
 
@@ -88,9 +89,8 @@ void ChooseColourOf(const ColourRow& row) {
     if (!answer) return;
     const Colour colour = *answer == UsualColour ? Usual.*row.Field : *answer & 0xFFFFFFU;
     if (!IsSeen(row, colour)) {
-        TheHost().Ask(PickText("This colour cannot be seen on the plot's background.",
-                               "此颜色与绘图区背景过于接近，无法看清。"),
-                      Buttons::Ok, MessageIcon::Exclamation);
+        Complain(PickText("This colour cannot be seen on the plot's background.",
+                          "此颜色与绘图区背景过于接近，无法看清。"));
         return;
     }
     PlotColours colours = chosen;

@@ -8,6 +8,7 @@
 #include "analog/SegmentEngine.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 
 #include <algorithm>
@@ -158,8 +159,7 @@ void ApplyLineBoxes() {
 void ApplyPointBoxes() {
     AnalogWaveRecord& wave = ActiveAnalog();
     if (IsEmptyEntry(wave, Entry::ValueX) || IsEmptyEntry(wave, Entry::ValueY)) {
-        TheHost().Ask(PickText("Please input value all!", "输入不能为空"), Buttons::Ok,
-                      MessageIcon::Exclamation);
+        Complain(PickText("Please input value all!", "输入不能为空"));
         return;
     }
     const double value = EntryAmplitude(wave, Entry::ValueY);

@@ -1,11 +1,11 @@
 #include "link/CatalogueFuncBox.h"
 
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "frame/StringFunc.h"
 #include "link/CommandfDefBox.h"
 #include "link/CommunicateFunBox.h"
 #include "link/ConnectFuncBox.h"
-#include "platform/Host.h"
 
 #include <algorithm>
 #include <utility>
@@ -26,7 +26,7 @@ bool IsReserved(std::string_view name, std::span<const std::string_view> reserve
 
 // After a failure that the transport has told itself there is nothing to add.
 void TellEmptyReply() {
-    if (!Link.CommError) TheHost().Ask(ResText(20), Buttons::Ok, MessageIcon::Exclamation);
+    if (!Link.CommError) Complain(ResText(20));
 }
 
 void ReadCatalogue(WaveCatalogue& catalogue) {

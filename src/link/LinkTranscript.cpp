@@ -1,7 +1,7 @@
 #include "link/LinkTranscript.h"
 
-#include "frame/FileBoxes.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/SafeFile.h"
 

@@ -1,6 +1,6 @@
 #pragma once
-// The send dialog for analog waveforms, without its window: the transfer into the volatile memory,
-// the copy into a named location, and the management of stored waveforms.
+// The send dialog for analog waveforms, without its window: what is asked before a transfer, and
+// the management of stored waveforms.
 #include "link/CatalogueFuncBox.h"
 
 #include <cstdint>
@@ -54,14 +54,6 @@ void ChangeAllWaveName(SendAnalogDialog& dialog, std::string_view text);
 void ConfirmRename(SendAnalogDialog& dialog);
 /// CancelAresBtn: back to the list, nothing is sent.
 void CancelRename(SendAnalogDialog& dialog);
-
-// Parts of the flow; CommError tells a failure.
-/// Transfers the active document into the volatile memory.
-void SendWaveData();
-/// Copies the volatile waveform into the location of a name.
-void CopyToStore(std::string_view name);
-/// Selects a waveform and applies frequency and amplitude of the active document.
-void ActivateWave(std::string_view name);
 
 /// The command of the main window: a message, or the dialog SendAnalogWaveFrm.
 void SendAnalogWaveform();

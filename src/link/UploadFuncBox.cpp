@@ -5,6 +5,7 @@
 #include "calculus/PropertyFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "frame/StringFunc.h"
 #include "link/CatalogueFuncBox.h"
 #include "link/CommandfDefBox.h"
@@ -170,7 +171,7 @@ void OpenDownLoad(DownLoadDialog& dialog) {
     if (Link.CommError) return;
     Sleep(1000);
     if (IsEmptyReply(reply)) {
-        TheHost().Ask("  通讯失败！  ", Buttons::Ok, MessageIcon::Exclamation);
+        Complain("  通讯失败！  ");
         return;
     }
     dialog.AllWaveName = QuotedNames(reply, MostWaveNames);
@@ -213,7 +214,7 @@ void LoadChosenWave(DownLoadDialog& dialog) {
 
 void UploadAnalogWave() {
     if (!Link.IsConnected) {
-        TheHost().Ask(ResText(25), Buttons::Ok, MessageIcon::Exclamation);
+        Complain(ResText(25));
         return;
     }
     if (RoomForDocument()) TheHost().RunDialog("DownLoadWaveFrm", 0);

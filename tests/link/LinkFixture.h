@@ -2,6 +2,7 @@
 // An instrument behind both transports that answers from a table and fails on request, and one list
 // of all that the link does: calls, pauses, boxes and the progress bar, in order.
 #include "analog/AnalogFixture.h"
+#include "link/AnalogTransfer.h"
 #include "link/ConnectFuncBox.h"
 #include "link/RS232FuncBox.h"
 #include "link/SendAnalogFuncBox.h"

@@ -1,4 +1,4 @@
-#include "frame/FileBoxes.h"
+#include "frame/MessageBoxes.h"
 
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"

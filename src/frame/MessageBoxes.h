@@ -1,9 +1,9 @@
 #pragma once
-// Message boxes that every reader and writer of files shows.
+// Message boxes that several modules show.
 #include <string>
 #include <string_view>
 
-/// Shows a message with its reason behind it.
+/// Shows a message, with its reason behind it where there is one.
 void Complain(std::string_view text, std::string_view reason = "");
 /// Tells that a file could not be written; `error` is the system's number.
 void TellSaveFault(int error);
