@@ -19,7 +19,7 @@ using Clock = std::chrono::steady_clock;
 constexpr const char* Name = "USB0::0x1209::0x000A::VM0001::INSTR";
 constexpr const char* Node = "/dev/usbtmc0";  // there while the kernel's driver has the interface
 constexpr const char* Identity = "TideMark,VM,VM0001,1.0\n";
-constexpr std::size_t Megabyte = 1048576;
+constexpr std::uint32_t Megabyte = 1048576;
 
 const VisaApi visa = UsbTmcVisa();
 std::uint64_t patience = 5000;  // milliseconds
@@ -69,16 +69,15 @@ ViStatus Write(const std::string& text) {
     });
 }
 
-Reply Read(std::size_t limit = Megabyte) {
+Reply Read() {
     Reply reply;
     reply.Status = InSession([&](ViSession instrument) {
         std::uint32_t count = 0;
         visa.viWrite(instrument, nullptr, 0, &count);  // the editor writes nothing before it reads
-        reply.Bytes.resize(limit);
+        reply.Bytes.resize(Megabyte);
         auto* bytes = reinterpret_cast<std::uint8_t*>(reply.Bytes.data());
-        const ViStatus status =
-            visa.viRead(instrument, bytes, static_cast<std::uint32_t>(limit), &count);
-        reply.Bytes.resize(std::min<std::size_t>(count, limit));
+        const ViStatus status = visa.viRead(instrument, bytes, Megabyte, &count);
+        reply.Bytes.resize(std::min(count, Megabyte));
         return status;
     });
     return reply;
@@ -89,9 +88,9 @@ Reply Query(const std::string& text) {
     return status < 0 ? Reply{status, ""} : Read();
 }
 
-void CheckIdentity(const std::string& when) {
-    const Reply reply = Query("*IDN?");
-    Check(reply.Status == VisaSuccess && reply.Bytes == Identity, "identify " + when, Told(reply));
+void CheckAnswer(const std::string& text, const std::string& wanted) {
+    const Reply reply = Query(text);
+    Check(reply.Status == VisaSuccess && reply.Bytes == wanted, text, Told(reply));
 }
 
 std::string FindAll() {
@@ -126,57 +125,39 @@ void CheckDriver() {
 void CheckWrites() {
     // With the header of 12 bytes: one packet less four bytes, full, one more; what a wave takes.
     for (const std::size_t size : {1, 496, 500, 501, 1012, 65530, 1048576}) {
-        const ViStatus status = Write(Pattern(size));
-        const Reply got = Query("GOT?");
-        Check(status == VisaSuccess && got.Bytes == std::to_string(size),
-              "write " + std::to_string(size), Told(got));
+        const std::string text = std::to_string(size);
+        Check(Write(Pattern(size)) == VisaSuccess, "write " + text);
+        CheckAnswer("GOT?", text);
     }
 }
 
 void CheckReads() {
     for (const std::size_t size : {1, 499, 500, 501, 1012, 65524, 65536, 1048564, 1048576}) {
-        const Reply reply = Query("BLOCK " + std::to_string(size));
-        Check(reply.Status == VisaSuccess && reply.Bytes == Pattern(size),
-              "read " + std::to_string(size), Told(reply));
+        CheckAnswer("BLOCK " + std::to_string(size), Pattern(size));
     }
-    Write("BLOCK 3000");
-    const Reply parts[] = {Read(1000), Read(1012), Read(988)};
-    Check(parts[0].Status == VisaEndBySize && parts[1].Status == VisaEndBySize &&
-              parts[2].Status == VisaSuccess &&
-              parts[0].Bytes + parts[1].Bytes + parts[2].Bytes == Pattern(3000),
-          "read in three parts", Told(parts[0]) + "; " + Told(parts[1]) + "; " + Told(parts[2]));
 }
 
-/// What goes wrong, and an instrument that serves as before afterwards.
-void CheckTroubles() {
+/// No answer, and one that breaks off; the instrument serves as before afterwards.
+void CheckTimeOuts() {
     patience = 500;
-    for (const char* text : {"SILENT?", "HALF 3000", "DEAF?"}) {
+    for (const std::string text : {"no question", "HALF 3000"}) {
         const auto start = Clock::now();
         const Reply reply = Query(text);
         const auto took = Clock::now() - start;
         Check(reply.Status == VisaTimeOut && took > std::chrono::milliseconds(400) &&
                   took < std::chrono::seconds(4),
-              std::string("time-out of ") + text, Told(reply));
-        CheckIdentity(std::string("after ") + text);
+              "time-out of " + text, Told(reply));
+        CheckAnswer("*IDN?", Identity);
     }
-    const ViStatus stuck = Write("STUCK" + Pattern(100000));
-    Check(stuck == VisaTimeOut, "time-out of a write", Told({stuck, ""}));
-    CheckIdentity("after it");
     patience = 5000;
-    const Reply stalled = Query("STALL?");
-    Check(stalled.Status < 0, "a halted endpoint is an error", Told(stalled));
-    CheckIdentity("after it");
-
-    const Reply counts = Query("COUNTS?");
-    Check(counts.Bytes == "1 2 1", "three aborts, a clear, no rule of the class broken",
-          Told(counts));
+    CheckAnswer("ABORTS?", "2");
 }
 
 /// Pulls the plug while a read waits, and puts it in again.
 void CheckPlug(const std::string& plug) {
     std::string controller;
     std::getline(std::ifstream(plug) >> std::ws, controller);
-    Write("SILENT?");
+    Write("no question");
     std::thread puller([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(500));
         std::ofstream(plug) << "\n";
@@ -192,7 +173,7 @@ void CheckPlug(const std::string& plug) {
     Check(FindAll() == "nothing", "nothing is found", FindAll());
     std::ofstream(plug) << controller << "\n";
     WaitFor(true, "plugged in again");
-    CheckIdentity("after it");
+    CheckAnswer("*IDN?", Identity);
 }
 
 }  // namespace
@@ -201,10 +182,10 @@ int main(int count, char** arguments) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const std::string plug = count > 1 ? arguments[1] : "";
     CheckDriver();
-    CheckIdentity("first");
+    CheckAnswer("*IDN?", Identity);
     CheckWrites();
     CheckReads();
-    CheckTroubles();
+    CheckTimeOuts();
     CheckPlug(plug);
     std::printf("vm: %d checks failed\n", failures);
     return failures ? 1 : 0;
