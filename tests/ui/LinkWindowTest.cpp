@@ -53,10 +53,6 @@ protected:
         Link.IsConnected = true;
         NewSine();
     }
-    void Activate() const {  // no window manager does it after a dialog
-        window_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    }
     /// A click as the window system reports it, which may move the focus.
     void ClickOn(const QWidget* widget) const {
         const QPoint middle = widget->mapTo(window_.get(), widget->rect().center());
@@ -75,43 +71,43 @@ protected:
     const VisaApi silentVisa = TheVisa();
 };
 
+// --- waits --------------------------------------------------------------------------------------
+
 struct PaintCounter : QWidget {
     using QWidget::QWidget;
     void paintEvent(QPaintEvent*) override { ++Paints; }
     int Paints = 0;
 };
 
-// --- waits --------------------------------------------------------------------------------------
-
-TEST_F(LinkWindowTest, WaitTakesNoInputButTheCancel) {
+TEST_F(LinkWindowTest, WaitRepaintsAndTakesNoInputButTheCancel) {
     NewSine();
-    Activate();
+    window_->activateWindow();  // no window manager does it after a dialog
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
     Find("EditPointAresBtn")->click();
-    PaintCounter counter(window_.get());
-    counter.show();
-    QTimer repaint;
-    repaint.callOnTimeout(&counter, [&] { counter.update(); });
-    repaint.start(5);
     const AnalogWaveRecord& wave = AnalogDocs[0];
     const QWidget* focus = window_->focusWidget();
+    const auto* cancel = Find<QPushButton>("CancelWaitBtn");
+    PaintCounter counter(window_.get());
+    counter.show();
+    const auto press = [&] {
+        ClickOn(Find("GridAresBtn"));
+        ClickOn(Find<NumberBox>("txtValueX"));
+        QTest::mouseClick(Find("HandDrawAresBtn"), Qt::LeftButton);
+        QTest::keyClick(window_.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(window_.get(), Qt::Key_F, Qt::AltModifier);
+    };
     for (const bool byKey : {false, true}) {
         const LinkWork work("Connecting...");
-        auto* cancel = Find<QPushButton>("CancelWaitBtn");
         EXPECT_TRUE(cancel->isVisible());
-        QTimer::singleShot(100, window_.get(), [&] {
+        QTimer::singleShot(50, window_.get(), [&] {
             counter.Paints = 0;
-            ClickOn(Find("GridAresBtn"));
-            ClickOn(Find<NumberBox>("txtValueX"));
-            QTest::mouseClick(Find("HandDrawAresBtn"), Qt::LeftButton);
-            QTest::keyClick(window_.get(), Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClick(window_.get(), Qt::Key_F, Qt::AltModifier);
-            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+            counter.update();
         });
-        QTimer::singleShot(250, window_.get(), [&] {
-            EXPECT_GT(counter.Paints, 2);
-            EXPECT_FALSE(Link.Cancelled);
-            EXPECT_TRUE(wave.GridOn && !wave.HandDrawOn && !wave.HasSelection);
-            EXPECT_EQ(window_->focusWidget(), focus);
+        QTimer::singleShot(100, window_.get(), [&] {
+            EXPECT_EQ(counter.Paints, 1);
+            press();
+            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+            EXPECT_TRUE(wave.GridOn && !Link.Cancelled);
             if (byKey)
                 QTest::keyClick(window_.get(), Qt::Key_Escape);
             else
@@ -123,8 +119,12 @@ TEST_F(LinkWindowTest, WaitTakesNoInputButTheCancel) {
         EXPECT_TRUE(Link.Cancelled && Link.CommError);
         WaitFor(Ever);  // what follows a cancel does not wait
         EXPECT_LT(since.elapsed(), Ever / 4);
+        QTimer::singleShot(0, window_.get(), press);  // comes when the work has been done
     }
-    EXPECT_FALSE(Find<QPushButton>("CancelWaitBtn")->isVisible());
+    QTest::qWait(1);
+    EXPECT_TRUE(!wave.HandDrawOn && !wave.HasSelection);
+    EXPECT_EQ(window_->focusWidget(), focus);
+    EXPECT_FALSE(cancel->isVisible());
     Key(Qt::Key_A);
     EXPECT_TRUE(wave.HasSelection);
 }
@@ -138,50 +138,29 @@ TEST_F(LinkWindowTest, AwaitedEventsComeTenTimesASecond) {
     EXPECT_TRUE(400 <= since.elapsed() && since.elapsed() < 5000) << since.elapsed();
 }
 
-TEST_F(LinkWindowTest, PressesOfABusyMomentAreDropped) {
-    New();
-    Activate();
-    {
-        const LinkWork work("Sending...");
-        QTimer::singleShot(0, window_.get(),
-                           [&] { QTest::keyClick(window_.get(), Qt::Key_G, Qt::ControlModifier); });
-    }
-    QTest::qWait(1);
-    EXPECT_TRUE(AnalogDocs[0].GridOn);
-}
-
 TEST_F(LinkWindowTest, MessageBoxInsideWorkIsAnsweredAndTheHoldGoesOn) {
-    New();
-    bool heldBehind = false;
-    const auto answerBox = [&](QWidget* box) {
+    WithDialog(ConnectInstrument, [](QWidget* box) {
         EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "Device not found");
         QTest::keyClick(box, Qt::Key_Return);
-        EXPECT_FALSE(box->isVisible());
-        heldBehind = InputHeld();
-    };
-    WithDialog(ConnectInstrument, answerBox);
-    EXPECT_TRUE(heldBehind);
+        EXPECT_TRUE(!box->isVisible() && InputHeld());
+    });
     EXPECT_FALSE(Link.IsConnected);
 }
 
 // --- closing ------------------------------------------------------------------------------------
 
 TEST_F(LinkWindowTest, ClosingTheWindowEndsTheWorkAndThenAsks) {
-    for (const Answer answered : {Answer::Cancel, Answer::No}) {
-        if (AnalogDocCount == 0) NewSine();
-        Script({answered});
-        {
-            const LinkWork work("Connecting...");
-            QTimer::singleShot(20, window_.get(),
-                               [&] { QTest::mouseClick(Find("ExitAbtn"), Qt::LeftButton); });
-            WaitFor(Ever);
-            EXPECT_TRUE(Link.Cancelled);
-            EXPECT_TRUE(window_->isVisible() && asked.empty());
-        }
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !asked.empty(); }));
-        EXPECT_EQ(asked, std::vector<std::string>{"Save changes to Waveform0 ?"});
-        EXPECT_EQ(window_->isVisible(), answered == Answer::Cancel);
+    NewSine();
+    Script({Answer::Cancel});
+    {
+        const LinkWork work("Connecting...");
+        QTimer::singleShot(20, window_.get(),
+                           [&] { QTest::mouseClick(Find("ExitAbtn"), Qt::LeftButton); });
+        WaitFor(Ever);
+        EXPECT_TRUE(Link.Cancelled && window_->isVisible() && asked.empty());
     }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.empty(); }));
+    EXPECT_TRUE(window_->isVisible());
 }
 
 TEST_F(LinkWindowTest, ClosingTheWindowRejectsTheDialogThatWorks) {
@@ -228,35 +207,15 @@ TEST_F(LinkWindowTest, ConnectionIsShown) {
         EXPECT_TRUE(image->isVisible() == connected && timer->isActive() == connected);
         EXPECT_EQ(Find<QWidget>("StatusStrip")->size(), strip);
     }
-    EXPECT_EQ(sent, (std::vector<std::string>{"*IDN?", "SYSTEM:LOCAL"}));
 }
 
 // --- dialogs ------------------------------------------------------------------------------------
-
-TEST_F(LinkWindowTest, TextsAndSizesOfTheDialogsInBothLanguages) {
-    Connect();
-    QSize sizes[2][2];
-    for (const std::int32_t english : {0, 1}) {
-        UseEnglish = english;
-        SendAnalogWaveFrm send;
-        DownLoadWaveFrm load;
-        int i = 0;
-        for (DialogBase* dialog :
-             {static_cast<DialogBase*>(&send), static_cast<DialogBase*>(&load)}) {
-            ExpectTexts(*dialog);
-            sizes[english][i++] = dialog->sizeHint();
-        }
-    }
-    for (const int i : {0, 1}) EXPECT_EQ(sizes[0][i], sizes[1][i]);
-}
 
 TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
     Connect();
     SendAnalogWaveFrm dialog(window_.get());
     Open(dialog);
-    const auto* places = FindIn<QComboBox>(dialog, "cmbUserWave");
-    EXPECT_EQ(places->count(), 3);  // ALPHA, BETA and the free one
-    EXPECT_EQ(places->currentText(), "3");
+    EXPECT_EQ(FindIn<QComboBox>(dialog, "cmbUserWave")->currentText(), "3");  // the free one
     EXPECT_EQ(FindIn<QLabel>(dialog, "UsedTxt")->text(), "2 of 4");
     auto* name = FindIn(dialog, "txtUserWaveName");
     EXPECT_TRUE(name->hasFocus());
@@ -265,6 +224,7 @@ TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
     QTest::keyClicks(name, "a");
     EXPECT_EQ(name->text(), "MYWAVE");
     EXPECT_EQ(name->cursorPosition(), 4);
+    const auto* cancel = FindIn<QPushButton>(dialog, "CancelWaitBtn");
     const QSize size = dialog.size();
     int presses = 0;
     onWait = [&] {
@@ -272,16 +232,12 @@ TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
         ++presses;
         FindIn<QPushButton>(dialog, "SaveAresBtn")->click();
         dialog.close();
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_TRUE(FindIn<QPushButton>(dialog, "CancelWaitBtn")->isVisible());
-        EXPECT_EQ(dialog.size(), size);
+        EXPECT_TRUE(dialog.isVisible() && cancel->isVisible() && dialog.size() == size);
     };
-    sent.clear();
     QTest::keyClick(name, Qt::Key_Return);
     EXPECT_GT(presses, 5);
     EXPECT_EQ(std::ranges::count(sent, "DATA:COPY MYWAVE"), 1);
-    EXPECT_EQ(std::ranges::count(sent, "FUNction:USER MYWAVE"), 1);
-    EXPECT_FALSE(FindIn<QPushButton>(dialog, "CancelWaitBtn")->isVisible());
+    EXPECT_FALSE(cancel->isVisible());
     FindIn<QRadioButton>(dialog, "OptionSave1")->click();
     EXPECT_FALSE(name->isEnabled());
     dialog.close();
@@ -307,14 +263,12 @@ TEST_F(LinkWindowTest, RenamingTakesANameOnly) {
         EXPECT_TRUE(name->hasFocus() && open("OkAresBtn") && open("CancelAresBtn"));
         EXPECT_TRUE(!open("cmbAllWave") && !open("ButDel") && !open("ButActivate"));
         QTest::keyClicks(name, "gamma");
-        if (key == Qt::Key_Return)
-            replies["DATA:Catalog?"] = "\"SINC\",\"CARDIAC\",\"ALPHA\",\"GAMMA\"\n";
+        replies["DATA:Catalog?"] = "\"SINC\",\"CARDIAC\",\"ALPHA\",\"GAMMA\"\n";
         QTest::keyClick(name, key);
         EXPECT_EQ(name->text(), text);
         EXPECT_TRUE(dialog.isVisible() && !name->isEnabled() && open("cmbAllWave"));
     }
-    ASSERT_FALSE(sent.empty());
-    EXPECT_EQ(sent.front(), "DATA:REName BETA GAMMA");
+    EXPECT_EQ(sent.at(0), "DATA:REName BETA GAMMA");
 }
 
 TEST_F(LinkWindowTest, SilentInstrumentClosesTheDialogs) {
@@ -342,7 +296,6 @@ TEST_F(LinkWindowTest, BuiltInWaveformsCannotBeUploaded) {
     QTest::keyClick(&dialog, Qt::Key_Return);  // the default button
     EXPECT_EQ(sent.back(), "DATA:LOAD BETA");
     EXPECT_EQ(note->text(), "The instrument has not sent the waveform.");
-    EXPECT_TRUE(dialog.isVisible());
 }
 
 }  // namespace

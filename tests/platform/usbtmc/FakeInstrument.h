@@ -12,7 +12,7 @@
 #include <string>
 #include <utility>
 
-enum class Quirk { None, WrongTag, NoEmptyEnd, EmptyFirst, Stall, Silent };
+enum class Quirk { None, WrongTag, NoEmptyEnd, EmptyFirst, Stall };
 
 /// What the instrument does at the next request for a message.
 struct FakeReply {
@@ -40,11 +40,9 @@ public:
 
     std::deque<FakeReply> Replies;
     std::string Written;      // all bulk-out bytes
-    int WriteFault = 0;       // status of the next bulk-out transfer, if not 0
     bool WritesHang = false;  // bulk-out transfers wait for ever
     bool Unplugged = false;
     unsigned char AbortStatus = 1;  // answer to a request that begins an abort
-    int PendingChecks = 1;          // the next checks are answered by "pending"
 
 private:
     static constexpr std::size_t PacketSize = 512;
@@ -60,13 +58,6 @@ private:
         "0902300002010080320904000000FF0000000904010003FE030100"
         "0705020200020007058302000200070581030800FF\n";
 
-    struct Transfer {
-        UMockdevIoctlData* Urb;
-        unsigned char* Bytes;
-        bool Done = false;
-        usbdevfs_urb& Fields() const { return *reinterpret_cast<usbdevfs_urb*>(Urb->data); }
-    };
-
     static gboolean Handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, FakeInstrument* self) {
         const int error = self->Answer(umockdev_ioctl_client_get_arg(client),
                                        umockdev_ioctl_client_get_request(client));
@@ -78,10 +69,12 @@ private:
         return umockdev_ioctl_data_resolve(data, at, length, nullptr);
     }
 
-    void Note(const char* what, int number) {
-        char line[32];
-        std::snprintf(line, sizeof line, "%s%x ", what, number);
+    // What is asked for begins with the number of an interface or endpoint.
+    int Note(const char* what, UMockdevIoctlData* arg) {
+        char line[16];
+        std::snprintf(line, sizeof line, "%s%x ", what, *Resolve(arg, 0, sizeof(int))->data);
         log += line;
+        return 0;
     }
 
     int Answer(UMockdevIoctlData* arg, gulong request) {
@@ -91,79 +84,82 @@ private:
                     USBDEVFS_CAP_NO_PACKET_SIZE_LIM | USBDEVFS_CAP_BULK_SCATTER_GATHER;
                 return 0;
             case USBDEVFS_DISCONNECT_CLAIM:
-                Note("claim ", *Resolve(arg, 0, sizeof(usbdevfs_disconnect_claim))->data);
-                return 0;
+                return Note("claim ", arg);
             case USBDEVFS_RELEASEINTERFACE:
-                Note("release ", *Resolve(arg, 0, sizeof(int))->data);
-                return 0;
+                return Note("release ", arg);
             case USBDEVFS_IOCTL:  // the only one that the library sends in this wrapping: connect
-                Note("attach ", *Resolve(arg, 0, sizeof(usbdevfs_ioctl))->data);
-                return 0;
+                return Note("attach ", arg);
             case USBDEVFS_CLEAR_HALT:
-                Note("halt ", *Resolve(arg, 0, sizeof(int))->data);
                 stalled = false;
-                return 0;
+                return Note("halt ", arg);
             case USBDEVFS_SUBMITURB:
                 return Submit(Resolve(arg, 0, sizeof(usbdevfs_urb)));
             case USBDEVFS_REAPURBNDELAY:
-                return Reap(Resolve(arg, 0, sizeof(void*)));
+                if (!std::exchange(done, false)) return EAGAIN;
+                umockdev_ioctl_data_set_ptr(Resolve(arg, 0, sizeof(void*)), 0, submitted);
+                return 0;
             case USBDEVFS_DISCARDURB:
-                for (Transfer& one : transfers) {
-                    if (one.Urb->client_addr != *reinterpret_cast<gulong*>(arg->data)) continue;
-                    if (!std::exchange(one.Done, true)) one.Fields().status = -ENOENT;
-                }
+                if (!std::exchange(done, true)) UrbOf(submitted).status = -ENOENT;
                 return 0;
             default:
                 return ENOTTY;
         }
     }
 
+    static usbdevfs_urb& UrbOf(UMockdevIoctlData* data) {
+        return *reinterpret_cast<usbdevfs_urb*>(data->data);
+    }
+
+    // One transfer at a time: the driver waits for each.
     int Submit(UMockdevIoctlData* data) {
         if (Unplugged) return ENODEV;
-        Transfer transfer{data, nullptr};
-        usbdevfs_urb& urb = transfer.Fields();
-        transfer.Bytes = Resolve(data, offsetof(usbdevfs_urb, buffer), urb.buffer_length)->data;
+        submitted = data;
+        usbdevfs_urb& urb = UrbOf(data);
+        unsigned char* bytes =
+            Resolve(data, offsetof(usbdevfs_urb, buffer), urb.buffer_length)->data;
         urb.actual_length = urb.status = 0;
-        if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
-            Control(transfer);
-        } else if (urb.endpoint == OutEndpoint && !WritesHang) {
-            BulkOut(transfer);
-        }
-        transfers.push_back(transfer);
-        FeedReaders();
+        if (urb.type == USBDEVFS_URB_TYPE_CONTROL)
+            done = Control(urb, bytes);
+        else
+            done = urb.endpoint == InEndpoint ? BulkIn(urb, bytes) : BulkOut(urb, bytes);
         return 0;
     }
 
-    // The first transfer that is done goes back to the library.
-    int Reap(UMockdevIoctlData* pointer) {
-        const auto done = std::ranges::find(transfers, true, &Transfer::Done);
-        if (done == transfers.end()) return Unplugged ? ENODEV : EAGAIN;
-        umockdev_ioctl_data_set_ptr(pointer, 0, done->Urb);
-        transfers.erase(done);
-        return 0;
-    }
-
-    // USBTMC 1.0, table 15: odd requests begin an abort or a clear (5), even ones check it.
-    void Control(Transfer& transfer) {
-        const unsigned char* setup = transfer.Bytes;
+    // USBTMC 1.0, table 15: odd requests begin an abort or a clear (5), even ones check it, the
+    // first time in vain.
+    bool Control(usbdevfs_urb& urb, unsigned char* setup) {
         const int request = setup[1];
-        Note("", request);
-        std::fill_n(transfer.Bytes + 8, setup[6], static_cast<unsigned char>(0));
-        transfer.Bytes[8] = request == 5 ? 1 : AbortStatus;
-        if (request % 2 == 0) transfer.Bytes[8] = PendingChecks-- > 0 ? 2 : 1;
+        log += std::to_string(request) + ' ';
+        std::fill_n(setup + 8, setup[6], static_cast<unsigned char>(0));
+        const bool begins = request % 2 != 0;
+        if (begins) setup[8] = request == 5 ? 1 : AbortStatus;
+        if (!begins) setup[8] = pending ? 2 : 1;
+        pending = begins;
         packets.clear();
-        transfer.Fields().actual_length = setup[6];
-        transfer.Done = true;
+        urb.actual_length = setup[6];
+        return true;
     }
 
-    void BulkOut(Transfer& transfer) {
-        usbdevfs_urb& urb = transfer.Fields();
-        transfer.Done = true;
-        urb.status = std::exchange(WriteFault, 0);
-        if (urb.status != 0) return;
+    bool BulkOut(usbdevfs_urb& urb, const unsigned char* bytes) {
+        if (WritesHang || urb.endpoint != OutEndpoint) return false;
         urb.actual_length = urb.buffer_length;
-        Written.append(transfer.Bytes, transfer.Bytes + urb.buffer_length);
-        if (urb.buffer_length == 12 && transfer.Bytes[0] == 2) QueueReply(transfer.Bytes[1]);
+        Written.append(bytes, bytes + urb.buffer_length);
+        if (urb.buffer_length == 12 && bytes[0] == 2) QueueReply(bytes[1]);
+        return true;
+    }
+
+    // A packet that is not full ends the transfer.
+    bool BulkIn(usbdevfs_urb& urb, unsigned char* bytes) {
+        if (stalled) urb.status = -EPIPE;
+        bool ended = stalled;
+        while (!ended && !packets.empty()) {
+            const std::string packet = std::move(packets.front());
+            packets.pop_front();
+            std::ranges::copy(packet, bytes + urb.actual_length);
+            urb.actual_length += static_cast<int>(packet.size());
+            ended = packet.size() < PacketSize || urb.actual_length == urb.buffer_length;
+        }
+        return ended;
     }
 
     void QueueReply(int tag) {
@@ -171,43 +167,26 @@ private:
         const FakeReply reply = Replies.front();
         Replies.pop_front();
         stalled = reply.How == Quirk::Stall;
-        if (stalled || reply.How == Quirk::Silent) return;
+        if (stalled) return;
         const auto size = reply.Claims < 0 ? static_cast<int>(reply.Data.size()) : reply.Claims;
         if (reply.How == Quirk::WrongTag) ++tag;
         std::string bytes;
         for (const int byte : {2, tag, ~tag, 0, size, size >> 8, size >> 16, size >> 24,
-                               reply.EndOfMessage ? 1 : 0, 0, 0, 0}) {
+                               reply.EndOfMessage ? 1 : 0, 0, 0, 0})
             bytes += static_cast<char>(byte);
-        }
         bytes += reply.Data;
         if (reply.How == Quirk::EmptyFirst) packets.emplace_back();
-        for (std::size_t i = 0; i < bytes.size(); i += PacketSize) {
+        for (std::size_t i = 0; i < bytes.size(); i += PacketSize)
             packets.push_back(bytes.substr(i, PacketSize));
-        }
         if (bytes.size() % PacketSize == 0 && reply.How != Quirk::NoEmptyEnd)
             packets.emplace_back();
     }
 
-    void FeedReaders() {
-        for (Transfer& one : transfers) {
-            usbdevfs_urb& urb = one.Fields();
-            if (one.Done || urb.endpoint != InEndpoint) continue;
-            if (stalled) urb.status = -EPIPE;
-            one.Done = stalled;
-            while (!one.Done && !packets.empty()) {
-                const std::string packet = std::move(packets.front());
-                packets.pop_front();
-                std::ranges::copy(packet, one.Bytes + urb.actual_length);
-                urb.actual_length += static_cast<int>(packet.size());
-                one.Done = packet.size() < PacketSize || urb.actual_length == urb.buffer_length;
-            }
-        }
-    }
-
     UMockdevTestbed* bed = umockdev_testbed_new();
     UMockdevIoctlBase* handler = umockdev_ioctl_base_new();
-    std::deque<Transfer> transfers;
+    UMockdevIoctlData* submitted = nullptr;
+    bool done = false;                // it can go back to the driver
     std::deque<std::string> packets;  // on their way in
-    bool stalled = false;
+    bool stalled = false, pending = false;
     std::string log;
 };

@@ -65,61 +65,47 @@ TEST_F(UsbTmcTest, FindsByExpressionAndTakesTheInterfaceForATime) {
     EXPECT_EQ(Write("x"), VisaNoSession);
 }
 
-struct ReadRow {
-    const char* name;
-    std::deque<FakeReply> replies;
-    std::uint32_t most;
-    ViStatus status;
-    std::string got;
-    const char* log = "";
-};
-void PrintTo(const ReadRow& row, std::ostream* out) {
-    *out << row.name;
-}
-
-class ReadTest : public UsbTmcTest, public ::testing::WithParamInterface<ReadRow> {};
-
-// After each fault the instrument is understood again.
-TEST_P(ReadTest, GivesWhatCameAndGoesOn) {
-    const ReadRow& row = GetParam();
+// Packets have 512 bytes, 12 of the first are the header. After each fault the instrument is
+// understood again.
+TEST_F(UsbTmcTest, ReadGivesWhatCameAndGoesOn) {
+    struct Row {
+        const char* Name;
+        std::deque<FakeReply> Replies;
+        std::uint32_t Most;
+        ViStatus Status;
+        std::string Got;
+        const char* Log = "";
+    };
+    const Row rows[] = {
+        {"padded", {{"KT\nx", true, 3}}, 200, VisaSuccess, "KT\n"},
+        {"fullPacket", {{Pattern(500)}}, Mebibyte, VisaSuccess, Pattern(500)},
+        {"noEmptyEnd", {{Pattern(1012), true, -1, NoEmptyEnd}}, 1012, VisaSuccess, Pattern(1012)},
+        {"emptyEndLate", {{"KT", true, -1, EmptyFirst}}, 200, VisaSuccess, "KT"},
+        {"largest", {{Pattern(Mebibyte)}}, Mebibyte, VisaSuccess, Pattern(Mebibyte)},
+        {"twoTransfers", {{Pattern(700), false}, {"end"}}, 800, VisaSuccess, Pattern(700) + "end"},
+        {"goesOn", {{Pattern(200), false}}, 200, VisaEndBySize, Pattern(200)},
+        {"emptyForEver", {{"", false}}, 200, VisaIoError, ""},
+        {"tooLong", {{Pattern(300)}}, 200, VisaIoError, Pattern(200)},
+        {"muchTooLong", {{Pattern(3000)}}, 200, VisaIoError, Pattern(200), "3 4 4 "},
+        {"claimsMore", {{Pattern(100), true, 150}}, 200, VisaIoError, Pattern(100)},
+        {"claimsLess", {{Pattern(3000), true, 500}}, 2000, VisaIoError, Pattern(500), "3 4 4 "},
+        {"otherTag", {{"KT", true, -1, WrongTag}}, 200, VisaIoError, "", "3 4 4 "},
+        {"stall", {{"", true, -1, Stall}}, 200, VisaIoError, "", "halt 83 "},
+        {"silent", {}, 200, VisaTimeOut, "", "3 4 4 "},
+        {"cut", {{Pattern(500), true, 600, NoEmptyEnd}}, 600, VisaTimeOut, Pattern(500), "3 4 4 "},
+    };
     fake.TakeLog();
-    fake.Replies = row.replies;
-    EXPECT_EQ(Read(row.most), row.status);
-    EXPECT_TRUE(got == row.got) << got.size() << " bytes";
-    EXPECT_EQ(fake.TakeLog(), row.log);
-    fake.Replies = {{"next"}};
-    EXPECT_EQ(Read(200), VisaSuccess);
-    EXPECT_EQ(got, "next");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.Name);
+        fake.Replies = row.Replies;
+        EXPECT_EQ(Read(row.Most), row.Status);
+        EXPECT_TRUE(got == row.Got) << got.size() << " bytes";
+        EXPECT_EQ(fake.TakeLog(), row.Log);
+        fake.Replies = {{"next"}};
+        EXPECT_EQ(Read(200), VisaSuccess);
+        EXPECT_EQ(got, "next");
+    }
 }
-
-// Packets have 512 bytes, 12 of the first are the header.
-const ReadRow reads[] = {
-    {"short", {{"KT,3300\n"}}, 200, VisaSuccess, "KT,3300\n"},
-    {"padded", {{"KT\nx", true, 3}}, 200, VisaSuccess, "KT\n"},
-    {"packets", {{Pattern(1300)}}, Mebibyte, VisaSuccess, Pattern(1300)},
-    {"fullPacket", {{Pattern(500)}}, Mebibyte, VisaSuccess, Pattern(500)},
-    {"noEmptyEnd", {{Pattern(1012), true, -1, NoEmptyEnd}}, 1012, VisaSuccess, Pattern(1012)},
-    {"emptyEndLate", {{"KT", true, -1, EmptyFirst}}, 200, VisaSuccess, "KT"},
-    {"largest", {{Pattern(Mebibyte)}}, Mebibyte, VisaSuccess, Pattern(Mebibyte)},
-    {"twoTransfers", {{Pattern(700), false}, {"end"}}, 800, VisaSuccess, Pattern(700) + "end"},
-    {"goesOn", {{Pattern(200), false}}, 200, VisaEndBySize, Pattern(200)},
-    {"emptyForEver", {{"", false}}, 200, VisaIoError, ""},
-    {"tooLong", {{Pattern(300)}}, 200, VisaIoError, Pattern(200)},
-    {"muchTooLong", {{Pattern(3000)}}, 200, VisaIoError, Pattern(200), "3 4 4 "},
-    {"claimsMore", {{Pattern(100), true, 150}}, 200, VisaIoError, Pattern(100)},
-    {"claimsLess", {{Pattern(3000), true, 500}}, 2000, VisaIoError, Pattern(500), "3 4 4 "},
-    {"otherTag", {{"KT", true, -1, WrongTag}}, 200, VisaIoError, "", "3 4 4 "},
-    {"stall", {{"", true, -1, Stall}}, 200, VisaIoError, "", "halt 83 "},
-    {"silent", {{"", true, -1, Silent}}, 200, VisaTimeOut, "", "3 4 4 "},
-    {"breaksOff",
-     {{Pattern(500), true, 600, NoEmptyEnd}},
-     600,
-     VisaTimeOut,
-     Pattern(500),
-     "3 4 4 "},
-};
-INSTANTIATE_TEST_SUITE_P(Reply, ReadTest, ::testing::ValuesIn(reads),
-                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(UsbTmcTest, WritesAWholeMessageAndNothingForNoBytes) {
     EXPECT_EQ(Write(""), VisaSuccess);
@@ -137,17 +123,13 @@ TEST_F(UsbTmcTest, WritesAWholeMessageAndNothingForNoBytes) {
 TEST_F(UsbTmcTest, FailedWriteIsAborted) {
     fake.WritesHang = true;
     EXPECT_EQ(Write("*IDN?"), VisaTimeOut);
-    EXPECT_EQ(moved, 0U);
+    EXPECT_EQ(fake.TakeLog(), "claim 1 1 2 2 halt 2 ");
     fake.WritesHang = false;
-    fake.WriteFault = -EPIPE;
-    EXPECT_EQ(Write("*IDN?"), VisaIoError);
-    EXPECT_EQ(fake.TakeLog(), "claim 1 1 2 2 halt 2 1 2 halt 2 ");
     EXPECT_EQ(Write("*IDN?"), VisaSuccess);
 }
 
 TEST_F(UsbTmcTest, InstrumentThatRefusesToAbortIsCleared) {
     fake.AbortStatus = 0x81;  // another transfer than the one named is under way
-    fake.Replies = {{"", true, -1, Silent}};
     EXPECT_EQ(Read(200), VisaTimeOut);
     EXPECT_EQ(fake.TakeLog(), "claim 1 3 5 6 6 halt 83 halt 2 ");
 }
