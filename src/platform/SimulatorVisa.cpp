@@ -15,12 +15,6 @@ namespace {
 // Instrument libraries count their sessions from below.
 constexpr ViSession FirstNumber = 0x7F000000;
 
-struct FoundNames {
-    ViSession Manager = 0;
-    std::vector<std::string> Names;  // the base's first
-    std::size_t Next = 0;            // the name that viFindNext gives
-};
-
 struct OpenSimulator {
     ViSession Manager = 0;
     SimulatorLink Link;
@@ -66,15 +60,12 @@ ViStatus CollectNames(const VisaApi& base, ViSession manager, const char* expres
 ViStatus FindNext(MixedSessions& sessions, ViSession list, char* name) {
     const auto found = sessions.Lists.find(list);
     if (found == sessions.Lists.end()) return sessions.Base.viFindNext(list, name);
-    auto& [manager, names, next] = found->second;
-    if (next >= names.size()) return VisaNotFound;
-    CopyResourceName(names[next++], name);
-    return VisaSuccess;
+    return NextName(found->second, name);
 }
 
 ViStatus FindFirst(MixedSessions& sessions, ViSession manager, const char* expression,
                    ViSession* list, std::uint32_t* count, char* name) {
-    FoundNames found{manager, {}};
+    FoundNames found{manager, {}, 0};  // the base's names first
     const ViStatus status = CollectNames(sessions.Base, manager, expression, found.Names);
     for (std::string& one : SimulatorResources()) {
         if (MatchesExpression(expression, one)) found.Names.push_back(std::move(one));

@@ -9,12 +9,6 @@
 
 namespace {
 
-struct FoundNames {
-    ViSession Manager = 0;
-    std::vector<std::string> Names;
-    std::size_t Next = 0;  // the name that viFindNext gives
-};
-
 struct OpenInstrument {
     ViSession Manager = 0;
     UsbTmcLink Link;
@@ -40,17 +34,14 @@ ViStatus OpenManager(UsbSessions& sessions, ViSession* manager) {
 ViStatus FindNext(UsbSessions& sessions, ViSession list, char* name) {
     const auto found = sessions.Lists.find(list);
     if (found == sessions.Lists.end()) return VisaNoSession;
-    auto& [manager, names, next] = found->second;
-    if (next >= names.size()) return VisaNotFound;
-    CopyResourceName(names[next++], name);
-    return VisaSuccess;
+    return NextName(found->second, name);
 }
 
 ViStatus FindFirst(UsbSessions& sessions, ViSession manager, const char* expression,
                    ViSession* list, std::uint32_t* count, char* name) {
     const auto found = sessions.Managers.find(manager);
     if (found == sessions.Managers.end()) return VisaNoSession;
-    FoundNames names{manager, ListUsbTmc(found->second)};
+    FoundNames names{manager, ListUsbTmc(found->second), 0};
     std::erase_if(names.Names,
                   [&](const std::string& one) { return !MatchesExpression(expression, one); });
     if (count != nullptr) *count = static_cast<std::uint32_t>(names.Names.size());

@@ -1,7 +1,5 @@
 #include "platform/VisaNames.h"
 
-#include "platform/VisaApi.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -52,4 +50,10 @@ bool IsSameResource(std::string_view one, std::string_view other) {
 void CopyResourceName(std::string_view name, char* buffer) {
     const std::string_view fitting = name.substr(0, VisaNameLength - 1);
     *std::ranges::copy(fitting, buffer).out = '\0';
+}
+
+ViStatus NextName(FoundNames& found, char* buffer) {
+    if (found.Next >= found.Names.size()) return VisaNotFound;
+    CopyResourceName(found.Names[found.Next++], buffer);
+    return VisaSuccess;
 }

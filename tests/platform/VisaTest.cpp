@@ -11,6 +11,7 @@ using ::testing::ElementsAre;
 
 // The folder of the stand-ins is in LD_LIBRARY_PATH. The one without viRead must not be taken.
 TEST(VisaLibraryTest, TakesTheFirstCompleteLibrary) {
+    if (getenv("LD_LIBRARY_PATH") == nullptr) GTEST_SKIP() << "started by hand";
     setenv("TIDEMARK_SIM_DIR", "/nowhere", 1);
     const VisaApi visa = LoadVisa();
     EXPECT_EQ(visa.viOpenDefaultRM(nullptr), 1) << "LD_LIBRARY_PATH: libvisa of the build";

@@ -1,11 +1,16 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/ScreenColours.h"
+#include "ui/CommunicateSettingFrm.h"
+#include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
+#include "ui/InstrumentSelFrm.h"
+#include "ui/LinkTranscriptFrm.h"
 #include "ui/LowPassSetFrm.h"
 #include "ui/MainWindowFixture.h"
 #include "ui/PlotPreview.h"
 #include "ui/PropertyFrm.h"
 #include "ui/ResizeWaveFrm.h"
+#include "ui/SendAnalogWaveFrm.h"
 #include "ui/SmoothSetFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/WaveMathFrm.h"
@@ -183,6 +188,13 @@ TEST_F(CalculusDialogTest, TextsComeFromTheTableAndKeepTheSize) {
         expect(WindowMathFrm());
         expect(LowPassSetFrm());
         expect(SmoothSetFrm());
+        expect(CommunicateSettingFrm());
+        expect(LinkTranscriptFrm());
+        expect(SendAnalogWaveFrm());
+        expect(DownLoadWaveFrm());
+        const InstrumentSelFrm selection;
+        FindIn<QLabel>(selection, "lblMsgbox")->clear();  // tells of values
+        expect(selection);
         ExpectTexts(PropertyFrm());
         ExpectTexts(EquationFrm());
         for (std::int16_t kind = 0; kind < WaveKindCount; ++kind) {

@@ -5,11 +5,9 @@
 #include "platform/Settings.h"
 #include "platform/VisaApi.h"
 #include "ui/CommunicateSettingFrm.h"
-#include "ui/DownLoadWaveFrm.h"
 #include "ui/InstrumentSelFrm.h"
 #include "ui/LinkTranscriptFrm.h"
 #include "ui/MainWindowFixture.h"
-#include "ui/SendAnalogWaveFrm.h"
 
 namespace {
 
@@ -137,25 +135,6 @@ TEST_F(LinkDialogTest, TranscriptFollowsTheLinkWhileItRecords) {
     note(1, "again", 1);
     SwitchTranscript(false);
     ClearTranscript();
-}
-
-TEST_F(LinkDialogTest, TextsComeFromTheTableAndKeepTheSize) {
-    MakeDocument("c");
-    std::map<QString, QSize> sizes;
-    const auto expect = [&](const QDialog& dialog) {
-        ExpectTexts(dialog);
-        const QSize size = dialog.sizeHint();
-        EXPECT_EQ(sizes.emplace(dialog.objectName(), size).first->second, size);
-    };
-    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
-        expect(CommunicateSettingFrm());
-        expect(LinkTranscriptFrm());
-        expect(SendAnalogWaveFrm());
-        expect(DownLoadWaveFrm());
-        const InstrumentSelFrm selection;
-        FindIn<QLabel>(selection, "lblMsgbox")->clear();  // tells of values
-        expect(selection);
-    }
 }
 
 }  // namespace
