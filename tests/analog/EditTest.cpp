@@ -5,28 +5,27 @@ namespace {
 using EditTest = AnalogFixture;
 
 TEST_F(EditTest, UndoAndResumeExchangeTwoStates) {
-    const struct {
-        std::int32_t cut, first, last;  // deleted from `cut` on; selected before the resume
-        const char* runs;
-        std::int32_t heldLast, viewEnd;  // -1: the selection is dropped
-    } rows[] = {{60, 50, 90, "g0-49 c50-59", 59, 59},
-                {60, 60, 99, "g0-49 c50-59", -1, 59},
-                {1, 0, 50, "c0-0", 0, 1}};
-    for (const auto& row : rows) {
+    // Deleted from `cut` on, selected before the resume; behind it the runs, the last dot selected
+    // (-1: the selection is dropped) and the end of the view.
+    const std::tuple<int, int, int, const char*, int, int> rows[] = {
+        {60, 50, 90, "g0-49 c50-59", 59, 59},
+        {60, 60, 99, "g0-49 c50-59", -1, 59},
+        {1, 0, 50, "c0-0", 0, 1}};
+    for (const auto& [cut, first, last, runs, heldLast, viewEnd] : rows) {
         AnalogWaveRecord& wave = MakeDocument("gc", 50);
         wave.ExpandToSuit = true;
-        SelectDots(wave, row.cut, 99);
+        SelectDots(wave, cut, 99);
         DeleteAnalog();
         SelectDots(wave, 0, 0);
         UndoAnalog();
         EXPECT_EQ(Runs(wave), "g0-49 c50-99");
         EXPECT_TRUE(!wave.HasSelection && wave.ViewEnd == 99);
-        SelectDots(wave, row.first, row.last);
+        SelectDots(wave, first, last);
         wave.Modified = false;
         ResumeAnalog();
-        EXPECT_EQ(Runs(wave), row.runs);
-        EXPECT_TRUE(wave.Modified && wave.ViewEnd == row.viewEnd) << row.runs;
-        EXPECT_EQ(wave.HasSelection ? wave.SelEnd : -1, row.heldLast);
+        EXPECT_EQ(Runs(wave), runs);
+        EXPECT_TRUE(wave.Modified && wave.ViewEnd == viewEnd) << runs;
+        EXPECT_EQ(wave.HasSelection ? wave.SelEnd : -1, heldLast);
     }
 }
 
@@ -60,29 +59,22 @@ TEST_F(EditTest, MouseBoundsComeFromThePixels) {
 
 // Amplitudes are pasted as they are, whatever the scales of the two documents.
 TEST_F(EditTest, PasteAppendsWhatFits) {
-    const struct {
-        std::int32_t dots, clip;
-        const char* runs;
-        bool refused;
-    } rows[] = {{0, 1, "c0-0", false},
-                {150, 50, "g0-149 c150-199", false},
-                {198, 100, "g0-197 c198-199", false},
-                {199, 100, "g0-198", true},
-                {200, 1, "g0-199", true}};
-    for (const auto& row : rows) {
-        MakeDocument("c", row.clip, 100, 1).Vpp = 10.0;
+    const std::tuple<int, int, const char*, bool> rows[] = {
+        {0, 1, "c0-0", false}, {198, 100, "g0-197 c198-199", false}, {199, 100, "g0-198", true}};
+    for (const auto& [dots, clip, runs, refused] : rows) {
+        MakeDocument("c", clip, 100, 1).Vpp = 10.0;
         SelectAllAnalog();
         CopyAnalog();
         asked.clear();
-        AnalogWaveRecord& wave = MakeDocument(row.dots > 0 ? "g" : "", row.dots, 200);
+        AnalogWaveRecord& wave = MakeDocument(dots > 0 ? "g" : "", dots, 200);
         SelectDots(wave, 0, 0);
         PasteAnalog();
-        EXPECT_EQ(Runs(wave), row.runs);
-        EXPECT_EQ(bool(wave.Modified), !row.refused) << row.runs;
-        EXPECT_EQ(asked, std::vector<std::string>(row.refused, "Waveform Dots up limit"));
-        if (row.refused) continue;
-        EXPECT_FALSE(wave.HasSelection) << row.runs;
-        EXPECT_EQ(wave.DotArray[wave.LastDot].Y, (wave.LastDot - row.dots) / 1000.0);
+        EXPECT_EQ(Runs(wave), runs);
+        EXPECT_EQ(bool(wave.Modified), !refused) << runs;
+        EXPECT_EQ(asked, std::vector<std::string>(refused, "Waveform Dots up limit"));
+        if (refused) continue;
+        EXPECT_FALSE(wave.HasSelection) << runs;
+        EXPECT_EQ(wave.DotArray[wave.LastDot].Y, (wave.LastDot - dots) / 1000.0);
     }
 }
 

@@ -7,20 +7,17 @@ namespace {
 using SegmentEngineTest = AnalogFixture;
 
 TEST_F(SegmentEngineTest, RemovedRunShortensSplitsAndMoves) {
-    const struct {
-        std::int32_t first, last;
-        const char* runs;
-    } rows[] = {{0, 299, ""},
-                {100, 199, "g0-99 g100-199"},
-                {0, 0, "c0-98 c99-198 g199-298"},
-                {200, 209, "g0-99 c100-199 c200-289"},
-                {150, 150, "g0-99 c100-198 g199-298"},
-                {50, 149, "c0-49 c50-99 g100-199"},
-                {50, 250, "c0-49 c50-98"}};
-    for (const auto& row : rows) {
+    const std::tuple<int, int, const char*> rows[] = {{0, 299, ""},
+                                                      {100, 199, "g0-99 g100-199"},
+                                                      {0, 0, "c0-98 c99-198 g199-298"},
+                                                      {200, 209, "g0-99 c100-199 c200-289"},
+                                                      {150, 150, "g0-99 c100-198 g199-298"},
+                                                      {50, 149, "c0-49 c50-99 g100-199"},
+                                                      {50, 250, "c0-49 c50-98"}};
+    for (const auto& [first, last, runs] : rows) {
         AnalogWaveRecord& wave = MakeDocument("gcg");
-        RemoveRunSegments(wave, row.first, row.last);
-        EXPECT_EQ(Runs(wave), row.runs);
+        RemoveRunSegments(wave, first, last);
+        EXPECT_EQ(Runs(wave), runs);
     }
 }
 

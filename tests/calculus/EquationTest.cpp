@@ -94,14 +94,9 @@ TEST_F(EquationTest, FaultsPointAtTheirColumn) {
 }
 
 TEST_F(EquationTest, InsertsDotsAndMovesTheRest) {
-    const struct {
-        const char* Runs;
-        std::int32_t First, Last;  // selection, none below 0
-        std::int32_t Pick;         // segment picked, none below 0
-        bool Replace;
-        const char *Dots, *After;
-        std::int32_t Start;
-    } rows[] = {
+    // Runs; first and last dot selected and segment picked, none below 0; whether it replaces; dots
+    // wished; runs after it and the first of the new dots.
+    const std::tuple<const char*, int, int, int, bool, const char*, const char*, int> rows[] = {
         {"", -1, -1, -1, false, "5", "c0-4", 0},
         {"gc", -1, -1, -1, true, "9", "g0-9 c10-19 c20-28", 20},
         {"gc", 5, 12, -1, false, "99", "g0-9 c10-19 c20-39", 20},  // held to the room of 20
@@ -109,19 +104,19 @@ TEST_F(EquationTest, InsertsDotsAndMovesTheRest) {
         {"gcg", 5, 12, -1, true, "99", "c0-29 g30-39@20", 5},  // held to 10 + 8
         {"ggg", 10, 19, 1, true, "12", "g0-9 c10-21 g22-31", 10},
     };
-    for (const auto& row : rows) {
-        AnalogWaveRecord& wave = MakeDocument(row.Runs, 10, 40);
-        if (row.First >= 0) SelectDots(wave, row.First, row.Last);
-        if (row.Pick >= 0) PickSegment(wave, row.Pick);
+    for (const auto& [runs, first, last, pick, replace, dots, after, start] : rows) {
+        AnalogWaveRecord& wave = MakeDocument(runs, 10, 40);
+        if (first >= 0) SelectDots(wave, first, last);
+        if (pick >= 0) PickSegment(wave, pick);
         const std::int32_t before = wave.Dots;
-        const bool replaces = row.Replace && row.First >= 0;
-        const std::int32_t selected = replaces ? row.Last - row.First + 1 : 0;
-        EquationDialog dialog = Open("n/1000+1", row.Dots, row.Replace);
+        const std::int32_t removed = replace && first >= 0 ? last - first + 1 : 0;
+        EquationDialog dialog = Open("n/1000+1", dots, replace);
         ASSERT_TRUE(ConfirmEquation(dialog));
-        EXPECT_EQ(Runs(wave), row.After);
-        const std::int32_t made = wave.Dots - before + selected, last = row.Start + made - 1;
-        EXPECT_TRUE(wave.HasSelection && wave.SelStart == row.Start && wave.SelEnd == last);
-        ExpectInserted(wave, row.Start, selected, made,
+        EXPECT_EQ(Runs(wave), after);
+        const std::int32_t made = wave.Dots - before + removed;
+        EXPECT_TRUE(wave.HasSelection && wave.SelStart == start);
+        EXPECT_EQ(wave.SelEnd, start + made - 1);
+        ExpectInserted(wave, start, removed, made,
                        [](int n) { return (n / 1000.0 + 1.0) / 2.0; });  // of 4 V
     }
 }

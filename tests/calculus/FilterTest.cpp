@@ -27,15 +27,10 @@ protected:
 };
 
 TEST_F(FilterTest, LowPassFigures) {
-    const int lengths[][3] = {{2, 1, 8},
-                              {3, 2, 16},
-                              {4, 2, 16},
-                              {5, 4, 16},  // 2.5, 3.5 to even
-                              {1000, 500, 4096},
-                              {1365, 684, 4096},
-                              {1366, 683, 8192},
-                              {4096, 2048, 16384},
-                              {1048576, 524288, 4194304}};
+    // 2.5 and 3.5, half of three and five dots and one more, go to even.
+    const int lengths[][3] = {{2, 1, 8},         {3, 2, 16},          {4, 2, 16},
+                              {5, 4, 16},        {1000, 500, 4096},   {1365, 684, 4096},
+                              {1366, 683, 8192}, {4096, 2048, 16384}, {1048576, 524288, 4194304}};
     for (const auto& [dots, maxCut, fftLength] : lengths) {
         MakeDocument("c", dots, dots);
         EXPECT_TRUE(OpenLowPass().MaxCut == maxCut && OpenLowPass().FftLength == fftLength) << dots;
@@ -63,16 +58,16 @@ TEST_F(FilterTest, LowPassFigures) {
 }
 
 TEST_F(FilterTest, LowPassOfTheWholeWave) {
-    // Two sines of 4 and 800 cycles; the cut-off of 400 / 16384 lies at 100 cycles of the wave.
+    // Two sines of 25 and 200 cycles; the cut-off of 400 / 16384 lies at 100 cycles of the wave.
     AnalogWaveRecord& wave = MakeDocument("gc", 2048, 4096);
     const auto sine = [](int cycles, int dot) {
         return 0.5 * std::sin(2.0 * std::numbers::pi * cycles * dot / 4096.0);
     };
-    for (int i = 0; i < 4096; ++i) wave.DotArray[i].Y = sine(4, i) + sine(800, i);
+    for (int i = 0; i < 4096; ++i) wave.DotArray[i].Y = sine(25, i) + sine(200, i);
     SelectDots(wave, 5, 10);
     Edit([] { LowPass("400"); });
     EXPECT_EQ(Runs(wave), "c0-4095");
-    for (int i = 400; i < 3696; i += 97) EXPECT_NEAR(wave.DotArray[i].Y, sine(4, i), 2e-3) << i;
+    for (int i = 400; i < 3696; i += 97) EXPECT_NEAR(wave.DotArray[i].Y, sine(25, i), 2e-3) << i;
     EXPECT_EQ(Saved("Tidemark_LowPass", {"CutFreq"}), "400 ");
     EXPECT_EQ(CutOffText(OpenLowPass()), "400");
     Values square;

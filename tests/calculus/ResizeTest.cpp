@@ -36,28 +36,23 @@ TEST_F(ResizeTest, BoundsOfTheBoxes) {
 
 // Dot n stands at n / 1000 in a wave of ten dots in a capacity of twelve, "cg", five dots each.
 TEST_F(ResizeTest, RunsByHand) {
-    const struct {
-        int First, Last;
-        const char *Dots, *Percent;
-        Values Run;  // what stands from First on, behind it the old tail
-        const char* Runs;
-    } rows[] = {
+    // Selection, dots and percent, what stands from its first dot on before the old tail, runs.
+    const std::tuple<int, int, const char*, const char*, Values, const char*> rows[] = {
         {4, 6, "5", "100", {0.004, 0.0045, 0.005, 0.0055, 0.006}, "c0-11"},  // to full capacity
         {0, 3, "2", "100", {0.0005, 0.0025}, "c0-2 g3-7@5"},                 // pairs are averaged
         {0, 9, "2", "100", {0.002, 0.007}, "c0-1"},
-        {1, 3, "3", "0", {0.0, 0.0, 0.0}, "c0-4 g5-9"},
         {1, 3, "3", "50", {0.0005, 0.001, 0.0015}, "c0-4 g5-9"},
         {2, 4, "2", "30000", {(2 + 1.5) / 1.5 * 0.3, 1.0}, "c0-3 g4-8@5"},
         {9, 9, "3", "100", {0.009, 0.009, 0.009}, "c0-11"}};
-    for (const auto& row : rows) {
+    for (const auto& [first, last, dots, percent, run, after] : rows) {
         AnalogWaveRecord& wave = MakeDocument("cg", 5, 12);
         Values expected = ValuesOf(wave);
-        expected.erase(expected.begin() + row.First, expected.begin() + row.Last + 1);
-        expected.insert(expected.begin() + row.First, row.Run.begin(), row.Run.end());
-        SelectDots(wave, row.First, row.Last);
-        Edit([&] { EXPECT_TRUE(ConfirmResize(Open(row.Dots, row.Percent))); });
-        EXPECT_EQ(Runs(wave), row.Runs);
-        EXPECT_THAT(ValuesOf(wave), Near(expected)) << row.First << " to " << row.Dots;
+        expected.erase(expected.begin() + first, expected.begin() + last + 1);
+        expected.insert(expected.begin() + first, run.begin(), run.end());
+        SelectDots(wave, first, last);
+        Edit([dots = dots, percent = percent] { EXPECT_TRUE(ConfirmResize(Open(dots, percent))); });
+        EXPECT_EQ(Runs(wave), after);
+        EXPECT_THAT(ValuesOf(wave), Near(expected)) << first << " to " << dots;
     }
 }
 

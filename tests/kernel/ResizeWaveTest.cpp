@@ -37,7 +37,6 @@ struct Row {
 // The middle of a cell is the mean of its ends plus an eighth of the difference of its slopes.
 const Row rows[] = {
     {"OneRepeated", {0.5}, 100, {0.5, 0.5, 0.5}},
-    {"TwoJoinedByALine", {0, 1}, 100, {0, 0.25, 0.5, 0.75, 1}},
     {"StraightAtThirds", {0, 3, 6}, 100, {0, 2, 4, 6}},
     {"PeakKept", {0, 1, 0}, 100, {0, 0.75, 1, 0.75, 0}},            // slopes 2, 0, -2
     {"HarmonicMean", {0, 1, 4}, 100, {0, 0.3125, 1, 2.1875, 4}},    // 0, 3/2, 4
@@ -45,7 +44,6 @@ const Row rows[] = {
     {"EndHeldBelow", {0, 1, 5}, 100, {0, 0.3, 1, 2.5125, 5}},       // 0 for -0.5, 1.6, 5.5
     {"GrownThreeHundredfold", {0, 1}, 30000, {0, 150, 300}},
     {"ThreeToOne", {1, 2, 6}, 50, {1.5}},
-    {"FourToTwo", {1, 3, 5, 9}, 100, {2, 7}},
     {"FiveToTwo", {2, 4, 6, 8, 10}, 100, {3.6, 8.4}},                     // 2.5 dots each
     {"FiveToThree", {2, 4, 6, 8, 10}, 100, {8.0 / 3, 6, 28.0 / 3}},       // 1.5, 2, 1.5 dots
     {"FiveToFour", {6, 12, 0, 0, 3}, 100, {48.0 / 7, 7.5, 0, 18.0 / 7}},  // 7/6, 4/3, 4/3, 7/6
