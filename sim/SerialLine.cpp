@@ -46,7 +46,9 @@ std::string OpenSerial(SerialLine& line, const std::string& linkPath) {
     if (openpty(&line.Master, &line.Slave, device, &raw, nullptr) != 0 ||
         fcntl(line.Master, F_SETFL, O_NONBLOCK) != 0 ||
         fcntl(line.Master, F_SETFD, FD_CLOEXEC) != 0 || symlink(device, linkPath.c_str()) != 0) {
-        return linkPath + ": " + std::strerror(errno);
+        const int fault = errno;
+        CloseSerial(line);
+        return std::strerror(fault);
     }
     line.Device = device;
     return {};

@@ -122,9 +122,8 @@ std::string StartSimulator(Simulator& simulator, const Options& options) {
         return error;
     }
     // The socket comes last: who sees it finds everything in place.
-    std::string error = OpenSerial(simulator.Serial, simulator.Names.TerminalPath);
-    if (error.empty()) error = OpenUsb(simulator.Usb, simulator.Names.SocketPath);
-    if (!error.empty()) {
+    simulator.SerialFault = OpenSerial(simulator.Serial, simulator.Names.TerminalPath);
+    if (std::string error = OpenUsb(simulator.Usb, simulator.Names.SocketPath); !error.empty()) {
         EndSimulator(simulator);
         return error;
     }

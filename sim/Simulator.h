@@ -15,6 +15,7 @@ struct Simulator {
     Place Names;
     UsbSocket Usb;
     SerialLine Serial;
+    std::string SerialFault;     // why there is no serial port; empty: there is one
     sigset_t WhileWaiting = {};  // signals held back but while waiting
     std::string Typed;           // of the line that is being typed
     bool IsTypingPossible = true;
@@ -23,7 +24,8 @@ struct Simulator {
     std::uint32_t ShownVersion = 0;  // of the output in the picture file
 };
 
-/// Fills the locations and puts both names into place. Returns what went wrong, or an empty text.
+/// Fills the locations and puts both names into place. Returns what went wrong, or an empty text. A
+/// machine without pseudo-terminals has the instrument on USB alone.
 std::string StartSimulator(Simulator& simulator, const Options& options);
 
 /// Serves until the user, a signal or a fault ends it.

@@ -7,11 +7,15 @@ namespace {
 
 void PrintStart(const sim::Simulator& simulator) {
     const sim::Identity& id = simulator.Option.Id;
-    std::printf(
-        "%s, serial number %s, firmware %s (%s), %zu locations\nUSB    %s\nRS232  %s -> %s\n",
-        sim::RowOf(id.Model).Name, id.Serial.c_str(), id.Firmware.c_str(),
-        sim::IsOld(id) ? "old" : "new", sim::LocationCount(id), simulator.Names.SocketPath.c_str(),
-        simulator.Names.TerminalPath.c_str(), simulator.Serial.Device.c_str());
+    std::printf("%s, serial number %s, firmware %s (%s), %zu locations\nUSB    %s\n",
+                sim::RowOf(id.Model).Name, id.Serial.c_str(), id.Firmware.c_str(),
+                sim::IsOld(id) ? "old" : "new", sim::LocationCount(id),
+                simulator.Names.SocketPath.c_str());
+    if (simulator.SerialFault.empty())
+        std::printf("RS232  %s -> %s\n", simulator.Names.TerminalPath.c_str(),
+                    simulator.Serial.Device.c_str());
+    else
+        std::printf("RS232  no pseudo-terminal: %s\n", simulator.SerialFault.c_str());
     std::fflush(stdout);
 }
 

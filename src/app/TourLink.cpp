@@ -94,7 +94,7 @@ void SaveTranscript(TourState& tour) {
     window->close();
 }
 
-void SetUp(TourState& tour) {
+bool SetUp(TourState& tour) {
     WithDialog([&] { Choose(tour, "MnuTool_InstrumenuSel"); },
                [&](QWidget* dialog) {
                    PickEntry(Control(dialog, "ComboInstrumentType"), "KT3300");
@@ -107,7 +107,9 @@ void SetUp(TourState& tour) {
                    Picture(tour, dialog, "communication");
                    Click(Control(dialog, "OkAresBtn"));
                });
-    Step(tour, "the simulated instrument is found on USB", Link.UsbResourceList[0] == Resource);
+    const bool found = Link.UsbResourceList[0] == Resource;
+    Step(tour, "the simulated instrument is found on USB", found);
+    return found;
 }
 
 void Connect(TourState& tour) {
@@ -199,7 +201,7 @@ void Unplug(TourState& tour, Simulator& simulator) {
 void UseTheInstrument(TourState& tour) {
     Simulator simulator;
     Click(Control(Transcript(tour), "RecordChk"));
-    SetUp(tour);
+    if (!SetUp(tour)) return;
     Connect(tour);
     Send(tour);
     ReadBack(tour);

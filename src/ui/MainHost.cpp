@@ -22,6 +22,7 @@
 #include "ui/WindowMathFrm.h"
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -57,7 +58,8 @@ const char* IconName(MessageIcon icon) {
 
 Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageIcon icon,
                std::string_view title) {
-    QMessageBox box(&window);
+    QWidget* dialog = QApplication::activeModalWidget();  // the box belongs above it
+    QMessageBox box(dialog != nullptr ? dialog : &window);
     box.setObjectName("MessageBox");
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
