@@ -16,6 +16,8 @@ constexpr int CatalogueQueries = 3;
 constexpr std::string_view ParseFinishedText = "PARSE FINISHED";
 constexpr std::string_view VolatileName = "VOLATILE";
 
+// The built-in waveforms come first.
+constexpr std::size_t BuiltInCount = 5;
 constexpr std::string_view ReservedNames[] = {"EXP_FALL", "EXP_RISE", "NEG_RAMP", "SINC",
                                               "CARDIAC",  "VOLATILE", "exp_fall", "exp_rise",
                                               "neg_ramp", "sinc",     "cardiac",  "volatile"};
@@ -124,6 +126,10 @@ bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index) {
     if (index < FirstStored(catalogue) || index >= catalogue.AllWaveCount) return false;
     // A free count that lies must not open the built-in waveforms.
     return !IsReserved(catalogue.AllWaveName[index], ReservedNames);
+}
+
+bool IsBuiltInWave(std::string_view name) {
+    return IsReserved(name, std::span(ReservedNames).first(BuiltInCount));
 }
 
 std::span<const std::string_view> ReservedAnalogNames() {

@@ -32,6 +32,9 @@ void RefreshCatalogue(WaveCatalogue& catalogue);
 /// True for an index of AllWaveName that the user stored: it can be deleted and renamed.
 bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index);
 
+/// True for a waveform that every instrument comes with.
+bool IsBuiltInWave(std::string_view name);
+
 /// Which names a send dialog refuses.
 std::span<const std::string_view> ReservedAnalogNames();
 

@@ -28,18 +28,12 @@ constexpr std::int32_t MostWords = 524289;  // of a load
 constexpr double FullScale = 20.0;          // volts, peak to peak
 constexpr std::uint8_t SampleMask = 0x3F;   // upper byte of a 14-bit sample
 
-constexpr std::string_view BuiltInNames[] = {"EXP_RISE", "EXP_FALL", "NEG_RAMP", "SINC", "CARDIAC"};
-
 using Words = std::vector<std::uint16_t>;
 
 // Output settings behind the samples.
 struct OutputState {
     double Frequency = 0.0, Amplitude = 0.0, Offset = 0.0;  // hertz, volts, volts
 };
-
-bool IsBuiltIn(std::string_view name) {
-    return std::ranges::find(BuiltInNames, name) != std::end(BuiltInNames);
-}
 
 bool MayGoOn() {
     return Link.IsConnected && !Link.CommError;
@@ -175,7 +169,7 @@ void OpenDownLoad(DownLoadDialog& dialog) {
         return;
     }
     dialog.AllWaveName = QuotedNames(reply, MostWaveNames);
-    const auto first = std::ranges::find_if_not(dialog.AllWaveName, IsBuiltIn);
+    const auto first = std::ranges::find_if_not(dialog.AllWaveName, IsBuiltInWave);
     if (first != dialog.AllWaveName.end())
         dialog.AllIndex = static_cast<std::int16_t>(first - dialog.AllWaveName.begin());
     dialog.CloseAsked = false;
@@ -187,7 +181,7 @@ void PickUploadWave(DownLoadDialog& dialog, std::int16_t index) {
 
 bool CanLoadWave(const DownLoadDialog& dialog) {
     if (dialog.AllIndex < 0 || dialog.AllIndex >= std::ssize(dialog.AllWaveName)) return false;
-    return !IsBuiltIn(dialog.AllWaveName[dialog.AllIndex]);
+    return !IsBuiltInWave(dialog.AllWaveName[dialog.AllIndex]);
 }
 
 void LoadChosenWave(DownLoadDialog& dialog) {
