@@ -14,7 +14,6 @@ namespace {
 
 constexpr int CatalogueQueries = 3;
 constexpr std::string_view ParseFinishedText = "PARSE FINISHED";
-constexpr std::string_view VolatileName = "VOLATILE";
 
 // The built-in waveforms come first.
 constexpr std::size_t BuiltInCount = 5;

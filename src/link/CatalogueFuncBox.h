@@ -11,7 +11,8 @@
 
 inline constexpr std::int16_t MostWaveNames = 21;
 inline constexpr std::int16_t MostDigitNames = 11;
-inline constexpr std::size_t LongestWaveName = 12;  // characters
+inline constexpr std::size_t LongestWaveName = 12;            // characters
+inline constexpr std::string_view VolatileName = "VOLATILE";  // of the volatile slot
 
 struct WaveCatalogue {
     std::array<std::string, MostWaveNames> AllWaveName;  // in reply order, stored ones last

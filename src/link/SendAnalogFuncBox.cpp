@@ -16,9 +16,8 @@
 namespace {
 
 constexpr std::uint8_t Volatile = 0, NonVolatile = 1;  // StoreTarget
-constexpr std::string_view VolatileName = "VOLATILE";
-constexpr std::int32_t BigWave = 131072;            // dots; above it other locations suffer
-constexpr std::int32_t TooBigForLocation = 524289;  // dots
+constexpr std::int32_t BigWave = 131072;               // dots; above it other locations suffer
+constexpr std::int32_t TooBigForLocation = 524289;     // dots
 
 bool Agrees(std::int32_t id) {
     return TheHost().Ask(ResText(id), Buttons::OkCancel, MessageIcon::Question) == Answer::Ok;
