@@ -81,8 +81,9 @@ TEST_F(SimTest, DamagedPacketsAreRefused) {
     for (const char* field : {"END,2,          ", "end,1,          ", "END,01,         ",
                               "END,1,         x", "END 1,          ", "END,1           ", "END,1,"})
         EXPECT_FALSE(Takes(head + field + "\0\0"s)) << field;
+    const std::string one = head + "END,1,          ";
     for (const std::string& data : {"\0"s, "\0\0\0"s, "\0\x40"s})
-        EXPECT_FALSE(Takes(head + "END,1,          " + data)) << testing::PrintToString(data);
+        EXPECT_FALSE(Takes(one + data)) << testing::PrintToString(data);
     EXPECT_FALSE(Takes(head + "END,0,          "));
     for (const char* packet :
          {"", "CON", "1,", ",1", "1, 2", "16384", "-1", "1.5", "CON,1", "1,END"}) {

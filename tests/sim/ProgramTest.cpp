@@ -164,7 +164,7 @@ TEST_F(ProgramTest, RepliesComeLateOrNotAtAllOrItIsUnplugged) {
 TEST_F(ProgramTest, RefusesAFolderThatIsNone) {
     std::vector<std::string> places = {folder + "x", folder + std::string(100, 'y')};
     close(open(places[0].c_str(), O_CREAT | O_WRONLY, 0600));
-    if (getuid() != 0) places.push_back("/");  // root's own
+    if (getuid() != 0) places.emplace_back("/");  // root's own
     for (const std::string& place : places) {
         setenv("TIDEMARK_SIM_DIR", place.c_str(), 1);
         Spawn();
