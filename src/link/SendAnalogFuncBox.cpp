@@ -144,7 +144,8 @@ std::vector<std::string> LocationEntries(const SendAnalogDialog& dialog) {
     const WaveCatalogue& stored = dialog.Stored;
     const auto first = stored.UserWaveName.begin();
     std::vector<std::string> entries(first, first + stored.UsedStoreCount);
-    if (!AllLocationsUsed(stored)) entries.push_back(std::to_string(stored.UsedStoreCount + 1));
+    if (stored.UserWaveFree[stored.UsedStoreCount])
+        entries.push_back(std::to_string(stored.UsedStoreCount + 1));
     return entries;
 }
 

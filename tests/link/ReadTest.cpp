@@ -37,7 +37,7 @@ TEST_F(ReadTest, RepliesBecomeListsAndButtons) {
             {2, 0, 4, Quoted("SINC,A1") + "PARSE FINISHED\n", "3\n", "", "SINC,A1/A1,2/A1 /1"},
             {2, 0, 4, Quoted("SINC,A1") + "\r\n", "9\n", "", "SINC,A1/1//0"},
             {0, 0, 4, two, "-1", "", names + "SINC,VOLATILE,A1,B2/A1 B2 /"},
-            {0, 0, 4, Quoted("SINC"), "2", "", "SINC/1//"},  // a contradiction: locations as before
+            {0, 0, 4, Quoted("SINC"), "2", "", "SINC///"},  // a contradiction: locations as before
             {0, 0, 4, "gone\n", "4", "", "/1//0"},
             {0, 0, 4, Quoted(most + ",V,W"), "3", "", most + "/U,2/U /1"},
         };
