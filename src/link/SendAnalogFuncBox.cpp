@@ -23,6 +23,11 @@ bool Agrees(std::int32_t id) {
     return TheHost().Ask(ResText(id), Buttons::OkCancel, MessageIcon::Question) == Answer::Ok;
 }
 
+bool Refuse(std::int32_t id) {
+    Complain(ResText(id));
+    return false;
+}
+
 // The name rules, with their message; NameValid tells whether the name passed.
 void CheckUserWaveName(SendAnalogDialog& dialog) {
     std::string& text = dialog.txtUserWaveName;
@@ -73,15 +78,9 @@ void RefreshLists(SendAnalogDialog& dialog) {
 // The questions before a wave goes into a named location. They may end the flow with a message.
 bool MayStore(SendAnalogDialog& dialog) {
     const std::int32_t dots = ActiveAnalog().Dots;
-    if (TrimBlanks(dialog.txtUserWaveName).empty()) {
-        Complain(ResText(21));
-        return false;
-    }
+    if (TrimBlanks(dialog.txtUserWaveName).empty()) return Refuse(21);
     CheckUserWaveName(dialog);
-    if (dots < 1) {
-        Complain(ResText(18));
-        return false;
-    }
+    if (dots < 1) return Refuse(18);
     if (dots > MaxWaveDots) {
         TellMostDots("512K");
         return false;
@@ -95,10 +94,7 @@ bool MayStore(SendAnalogDialog& dialog) {
         Link.BigWaveAccepted = false;
     }
     if (!dialog.NameValid) return false;
-    if (AllLocationsUsed(dialog.Stored)) {
-        Complain(ResText(22));
-        return false;
-    }
+    if (AllLocationsUsed(dialog.Stored)) return Refuse(22);
     return !IsNameInUse(dialog.Stored, dialog.txtUserWaveName) ||
            TheHost().Ask(ResText(23), Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
 }
