@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr std::int16_t FirstDigitTag = 10;  // tags of digital windows begin here
-
 // Pixels of the plot: two tenths of the width and one eighth of the height stay outside.
 void SetDefaultLimits(AnalogWaveRecord& wave) {
     const auto width = static_cast<float>(wave.PlotWidth);
@@ -141,7 +139,7 @@ bool CreateAnalogDocument() {
     ++AnalogDocCount;
     ActiveIsDigital = false;
     ResetDocumentState(wave);
-    TheHost().OpenAnalogWindow(slot);
+    TheHost().OpenWindow(slot);
     SetDefaultLimits(wave);
     wave.Saved = wave.Modified = false;
     wave.FileName.clear();

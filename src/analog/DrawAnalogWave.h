@@ -2,6 +2,7 @@
 // Painter of analog documents: maps dots and amplitudes to pixels and draws grid, scale labels,
 // curve, limit lines, segment marks, scale pointers and selection bar on surfaces. It knows no
 // window. Horizontally a view spans W pixels, vertically H - 1: both directions keep it.
+#include "frame/PlotPalette.h"
 #include "frame/records/AnalogWaveRecord.h"
 
 #include <span>
@@ -22,8 +23,6 @@ inline constexpr double SegmentMarkHeight = 14.0;
 extern const PlotColours& ScreenColours;  // as the user chose them, see ScreenColours.h
 extern const PlotColours PrintColours;
 inline constexpr Colour RubberColour = 0x00FF00;
-// Drawn in the not-exclusive-or mode, it turns the plot's background into a dark blue.
-inline constexpr Colour SelectionColour = 0xE3DDA0;
 
 /// What the labels of a grid need beside the view: the plot's place and the document's scales.
 struct GridLabels {

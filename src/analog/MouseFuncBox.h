@@ -2,9 +2,9 @@
 // The mouse on the plot of an analog document, as a state machine over its record: the tool that is
 // on and the phase (idle, pressed, dragging) decide what an event does. Positions are device pixels
 // of the plot and are held to it; `index` is the slot of the window that got the event.
-#include <cstdint>
+#include "frame/MouseButton.h"
 
-enum class MouseButton : std::uint8_t { None, Left, Right };
+#include <cstdint>
 
 void WavePic_MouseDown(std::int16_t index, MouseButton button, std::int32_t x, std::int32_t y);
 /// `held` is the button that is down, None while the mouse only passes over the plot.

@@ -14,15 +14,15 @@
 
 namespace {
 
-constexpr PlotColours Usual = {.Surround = 0x12181E,
-                               .Back = 0x0B1015,
-                               .Grid = 0x1F2A33,
-                               .Axis = 0x3B4C5A,
-                               .Label = 0x8C99A5,
+constexpr PlotColours Usual = {.Surround = PlotSurround,
+                               .Back = PlotBack,
+                               .Grid = PlotGrid,
+                               .Axis = PlotAxis,
+                               .Label = PlotLabel,
                                .Curve = 0xFFC93C,
                                .Limit = 0xFF8A3C,
                                .Mark = 0xC77DFF,
-                               .Pointer = 0x3BA7FF};
+                               .Pointer = PlotPointer};
 constinit PlotColours chosen = Usual;
 
 constexpr std::string_view Section = "Tidemark_Colour";

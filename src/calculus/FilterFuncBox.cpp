@@ -1,12 +1,12 @@
 #include "calculus/FilterFuncBox.h"
 
-#include "calculus/NumberField.h"
 #include "calculus/RunEdit.h"
 #include "calculus/SmoothDots.h"
-#include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
+#include "frame/NumberField.h"
+#include "frame/SpinSteps.h"
 #include "frame/StringFunc.h"
 #include "platform/Settings.h"
 

@@ -2,11 +2,11 @@
 
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
-#include "calculus/NumberField.h"
 #include "calculus/RunEdit.h"
-#include "calculus/SpinSteps.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
+#include "frame/NumberField.h"
+#include "frame/SpinSteps.h"
 #include "frame/StringFunc.h"
 #include "platform/Settings.h"
 

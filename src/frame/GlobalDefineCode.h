@@ -8,6 +8,8 @@
 #include <vector>
 
 inline constexpr std::int16_t MaxDocuments = 10;  // slots 0..9 are used, the tables have one more
+// Windows are told apart by their tags: an analog slot, or a digital slot plus this.
+inline constexpr std::int16_t FirstDigitTag = 10;
 
 // Layout of a document window's back area, logical pixels. The plot is the back area less the
 // margins, placed at (WaveAreaLeft, WaveAreaTop).

@@ -9,7 +9,7 @@ Host& TheHost() {
             return std::nullopt;
         },
         .RunDialog = [](std::string_view, std::int16_t) { return false; },
-        .OpenAnalogWindow = [](std::int16_t) {},
+        .OpenWindow = [](std::int16_t) {},
         .ActiveWindowTag = [] { return std::int16_t{-1}; },
         .ShowPlot = [](std::int16_t) {},
         .ShowTitle = [](std::int16_t) {},

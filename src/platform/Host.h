@@ -38,23 +38,25 @@ struct Host {
     /// Runs the named dialog modally; true when it was confirmed. The argument means what the
     /// dialog says, such as the wave type that is preselected.
     std::function<bool(std::string_view window, std::int16_t argument)> RunDialog;
-    /// Makes (or reuses) and shows the window of an analog slot and gives the record's surfaces
-    /// their size through `LayoutAnalogSurfaces`.
-    std::function<void(std::int16_t slot)> OpenAnalogWindow;
-    /// The tag of the active child window: an analog slot 0..9, a digital slot plus 10; -1: none.
+    // Windows of documents go by their tags: an analog slot 0..9, a digital slot plus 10.
+    /// Makes (or reuses) and shows the window of a document and gives the record's surfaces their
+    /// size through `LayoutAnalogSurfaces` or `LayoutDigitSurfaces`.
+    std::function<void(std::int16_t tag)> OpenWindow;
+    /// The tag of the active child window; -1: none.
     std::function<std::int16_t()> ActiveWindowTag;
-    /// Brings the picture of an analog slot from its surfaces to the screen.
-    std::function<void(std::int16_t slot)> ShowPlot;
-    /// Shows captions (name, modified mark) of an analog slot's window anew.
-    std::function<void(std::int16_t slot)> ShowTitle;
+    /// Brings the picture of a document from its surfaces to the screen.
+    std::function<void(std::int16_t tag)> ShowPlot;
+    /// Shows captions (name, modified mark) of a document's window anew.
+    std::function<void(std::int16_t tag)> ShowTitle;
     /// Sets enabled and checked states of all commands from the records.
     std::function<void()> RefreshCommands;
     /// Applies every window text in the current language.
     std::function<void()> ApplyLanguage;
     /// Puts a text into a label of the status strip and shows its panel.
     std::function<void(std::string_view label, std::string_view text)> ShowStatusText;
-    /// Writes the boxes and read-outs of a slot into the status strip, where it is the active one.
-    std::function<void(std::int16_t slot)> ShowEntries;
+    /// Writes the boxes and read-outs of a document into the status strip, where it is the active
+    /// one.
+    std::function<void(std::int16_t tag)> ShowEntries;
     /// Opens a menu of the menu table at the mouse.
     std::function<void(std::string_view menu)> PopupMenu;
     /// Progress of long work, 0..total; total 0 ends it.

@@ -197,7 +197,7 @@ void InstallHost(Mainfrm& window) {
     host.RunDialog = [main](std::string_view name, std::int16_t argument) {
         return RunWindow(*main, name, argument);
     };
-    host.OpenAnalogWindow = [main](std::int16_t slot) { main->OpenAnalogWindow(slot); };
+    host.OpenWindow = [main](std::int16_t tag) { main->OpenAnalogWindow(tag); };
     host.ActiveWindowTag = [main] { return main->ActiveTag(); };
     host.ShowPlot = [main](std::int16_t slot) { main->ShowPlot(slot); };
     host.ShowTitle = [main](std::int16_t slot) { main->ShowTitle(slot); };

@@ -3,7 +3,7 @@
 #include "analog/MouseFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "calculus/DialogFixture.h"
-#include "calculus/SpinSteps.h"
+#include "frame/SpinSteps.h"
 
 namespace {
 

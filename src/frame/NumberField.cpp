@@ -1,4 +1,4 @@
-#include "calculus/NumberField.h"
+#include "frame/NumberField.h"
 
 #include "frame/StringFunc.h"
 #include "platform/Settings.h"

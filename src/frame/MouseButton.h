@@ -1,0 +1,5 @@
+#pragma once
+// The buttons of the mouse that the procedures of pictures know.
+#include <cstdint>
+
+enum class MouseButton : std::uint8_t { None, Left, Right };
