@@ -186,9 +186,7 @@ std::int16_t ActiveDocumentIndex() {
 bool QueryCloseDocument(std::int16_t index, bool (*save)(std::int16_t index)) {
     const AnalogWaveRecord& wave = AnalogAt(index);
     if (!wave.Modified) return true;
-    const std::string question = UseEnglish == 1 ? "Save changes to " + wave.Name + " ?"
-                                                 : "是否保存对 " + wave.Name + " 的更改？";
-    switch (TheHost().Ask(question, Buttons::YesNoCancel, MessageIcon::Question)) {
+    switch (AskToSave(wave.Name)) {
         case Answer::Yes:
             return save(index);
         case Answer::No:

@@ -8,6 +8,14 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+bool IsBinaryDigit(char c) {
+    return c == '0' || c == '1';
+}
+
+bool IsOctalDigit(char c) {
+    return c >= '0' && c <= '7';
+}
+
 bool IsHexDigit(char c) {
     return IsDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
@@ -19,6 +27,8 @@ bool IsNameCharacter(char c) {
 }  // namespace
 
 bool AcceptsText(KeyKind kind, std::string_view text) {
+    if (kind == KeyKind::Binary) return std::ranges::all_of(text, IsBinaryDigit);
+    if (kind == KeyKind::Octal) return std::ranges::all_of(text, IsOctalDigit);
     if (kind == KeyKind::Hex) return std::ranges::all_of(text, IsHexDigit);
     if (kind == KeyKind::WaveName) return std::ranges::all_of(text, IsNameCharacter);
     const bool isSigned = kind == KeyKind::SignedWhole || kind == KeyKind::SignedReal;

@@ -9,8 +9,10 @@ enum class KeyKind : std::uint8_t {
     SignedWhole,  // digits behind at most one "-"
     Real,         // digits and at most one point
     SignedReal,   // the same behind at most one "-"
+    Binary,       // 0 and 1
+    Octal,        // 0-7
     Hex,          // 0-9, A-F, a-f
-    WaveName,     // letters, digits and "_": the name of a stored waveform
+    WaveName,     // letters, digits and "_": the name of a stored waveform or of a node
 };
 
 /// True for a complete or half-typed number of the kind; "", "-", "." and "-." pass where their

@@ -1,7 +1,6 @@
 #include "frame/MessageBoxes.h"
 
 #include "frame/LoadLanguageCode.h"
-#include "platform/Host.h"
 #include "platform/SafeFile.h"
 
 #include <filesystem>
@@ -19,4 +18,10 @@ bool MayReplaceFile(const std::string& path) {
     if (!std::filesystem::exists(path, error)) return true;
     return TheHost().Ask(PickText("This file is existed,overwrite?", "该文件已存在，是否覆盖？"),
                          Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
+}
+
+Answer AskToSave(const std::string& title) {
+    const std::string question =
+        UseEnglish == 1 ? "Save changes to " + title + " ?" : "是否保存对 " + title + " 的更改？";
+    return TheHost().Ask(question, Buttons::YesNoCancel, MessageIcon::Question);
 }

@@ -1,5 +1,7 @@
 #pragma once
 // Message boxes that several modules show.
+#include "platform/Host.h"
+
 #include <string>
 #include <string_view>
 
@@ -9,3 +11,5 @@ void Complain(std::string_view text, std::string_view reason = "");
 void TellSaveFault(int error);
 /// True where no file stands at the path, or the user lets it be replaced.
 bool MayReplaceFile(const std::string& path);
+/// Asks whether the changes of a document are to be saved before it closes: Yes, No or Cancel.
+Answer AskToSave(const std::string& title);
