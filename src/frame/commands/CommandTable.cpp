@@ -12,6 +12,12 @@
 #include "calculus/RunEdit.h"
 #include "calculus/TransformFuncBox.h"
 #include "calculus/WindowMathFuncBox.h"
+#include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitValueFuncBox.h"
+#include "digital/DigitView.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -22,6 +28,7 @@
 #include "link/UploadFuncBox.h"
 #include "platform/Host.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
@@ -37,14 +44,19 @@ bool HasAnalog() {
 bool HasDocument() {
     return AnalogDocCount + DigitDocCount > 0;
 }
+bool HasDigit() {
+    return ActiveIsDigital && bool(DigitDocUsed[static_cast<std::size_t>(ActiveDigitIndex)]);
+}
 bool HasNoDigital() {
     return !ActiveIsDigital;
 }
 bool CanUndo() {
-    return HasAnalog() && ActiveAnalog().UndoAvailable;
+    return HasDigit() ? bool(ActiveDigit().UndoAvailable)
+                      : HasAnalog() && ActiveAnalog().UndoAvailable;
 }
 bool CanResume() {
-    return HasAnalog() && ActiveAnalog().ResumeAvailable;
+    return HasDigit() ? bool(ActiveDigit().ResumeAvailable)
+                      : HasAnalog() && ActiveAnalog().ResumeAvailable;
 }
 bool HasSelectedDots() {
     return HasAnalog() && dotCommandsOn && ActiveAnalog().HasSelection && ActiveAnalog().Dots > 0;
@@ -54,6 +66,41 @@ bool CanPaste() {
 }
 bool HasDots() {
     return HasAnalog() && ActiveAnalog().Dots > 0;
+}
+bool HasNodes() {
+    return HasDigit() && ActiveDigit().NodeCount > 0;
+}
+bool CanSelectAll() {
+    return HasDots() || HasNodes();
+}
+bool CanSelectEntire() {
+    return HasNodes() && TargetAtRow(ActiveDigit(), ActiveDigit().ClickRow).Node >= 0;
+}
+bool CanInsertNode() {
+    return HasDigit() && ActiveDigit().ChannelCount < MaxChannels;
+}
+bool HasBus() {
+    return HasDigit() && std::ranges::any_of(ActiveDigit().Nodes, [](const DigitNode& node) {
+               return bool(node.IsBus);
+           });
+}
+bool HasSelectedSpan() {
+    return HasDigit() && ActiveDigit().ValueEnabled;
+}
+bool CanZoomDigitIn() {
+    return HasDigit() && CanZoomIn(ActiveDigit());
+}
+bool CanZoomDigitOut() {
+    return HasDigit() && CanZoomOut(ActiveDigit());
+}
+bool CanTurnBack() {
+    return HasDigit() && CanPageBack(ActiveDigit());
+}
+bool CanTurnOn() {
+    return HasDigit() && CanPageOn(ActiveDigit());
+}
+bool HasAnyDocument() {
+    return HasAnalog() || HasDigit();
 }
 bool HasWave() {
     return HasAnalog() && ActiveAnalog().Dots >= LeastWholeWave;
@@ -84,7 +131,8 @@ bool CanMoveLimits() {
 bool HasLimits() {
     return HasAnalog() && (ActiveAnalog().XLimitOn || ActiveAnalog().YLimitOn);
 }
-bool IsZoomed() {
+bool CanLeaveZoom() {
+    if (HasDigit()) return ActiveDigit().Zoom != 1.0;
     return HasAnalog() && (ActiveAnalog().XZoomed || ActiveAnalog().YZoomed);
 }
 bool IsConnected() {
@@ -102,6 +150,9 @@ bool CanUndoZoom() {
 template <Flag AnalogWaveRecord::*Field>
 bool IsOn() {
     return HasAnalog() && ActiveAnalog().*Field;
+}
+bool ShowsTime() {
+    return HasDigit() ? bool(ActiveDigit().ShowTime) : IsOn<&AnalogWaveRecord::TimeAxisOn>();
 }
 bool ShowsVolts() {
     return HasAnalog() && ActiveAnalog().LineY1Unit == 1;
@@ -162,6 +213,24 @@ void EditProperty(std::int16_t) {
     PropertyEditMode = true;
     TheHost().RunDialog("PropertyFrm", 0);
 }
+void EditPropertyOfDigit(std::int16_t) {
+    EditDigitProperty = true;
+    TheHost().RunDialog("DigitPropertyFrm", 0);
+    EditDigitProperty = false;
+}
+
+void TurnPage(std::int16_t on) {
+    if (on != 0)
+        NextPage(ActiveDigitIndex);
+    else
+        FrontPage(ActiveDigitIndex);
+}
+void WriteValue(std::int16_t operation) {
+    RunValueOperation(static_cast<DigitOperation>(operation));
+}
+constexpr std::int16_t Of(DigitOperation operation) {
+    return static_cast<std::int16_t>(operation);
+}
 
 void InsertWave(std::int16_t kind) {
     if (AnalogDocCount == 0) {
@@ -174,7 +243,7 @@ void InsertWave(std::int16_t kind) {
 constexpr std::string_view Equation = "EquationFrm", Resize = "ResizeWaveFrm",
                            WaveMath = "WaveMathFrm", WindowMath = "WindowMathFrm",
                            LowPass = "LowPassSetFrm", Smooth = "SmoothSetFrm",
-                           InstrumentSel = "InstrumentSelFrm",
+                           InsertNode = "InsertNodeFrm", InstrumentSel = "InstrumentSelFrm",
                            Communicate = "CommunicateSettingFrm", Transcript = "LinkTranscriptFrm";
 
 template <const std::string_view& Window>
@@ -213,7 +282,7 @@ constexpr CommandRow Rows[] = {
     {"NewAnaWaveAresBtn", {"MnuFile_New_Analog", "MnuFileAnalog_New"}, "NewAnaWave", "Ctrl+N",
      Run<NewAnalogDocument>, nullptr, nullptr, nullptr},
     {"NewDigitWaveAresBtn", {"MnuFile_New_Digit"}, "NewDigitWave", "Ctrl+Shift+N",
-     nullptr, nullptr, nullptr, nullptr},
+     Run<NewDigitDocument>, nullptr, nullptr, nullptr},
     {"OpenAresBtn", {"MnuFile_Open_Analog"}, "Open", "Ctrl+O",
      Run<OpenAnalog>, nullptr, nullptr, nullptr},
     {"OpenDigitAresBtn", {"MnuFile_Open_Digit"}, "OpenDigit", "Ctrl+Shift+O",
@@ -227,20 +296,30 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuFile_Print"}, "", "Ctrl+P", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuFile_Exit", "MnuMin_Exit"}, "", "Ctrl+Q", Exit, nullptr, nullptr, nullptr},
     // Edit
-    {"UndoAresBtn", {"MnuEdit_Undo", "MnuIdle_Undo"}, "Undo", "Ctrl+Z",
-     Run<UndoAnalog>, nullptr, CanUndo, nullptr},
-    {"ResumeAresBtn", {"MnuEdit_Resume", "MnuIdle_Resume"}, "Resume", "Ctrl+Y",
-     Run<ResumeAnalog>, nullptr, CanResume, nullptr},
-    {"CutAresBtn", {"MnuEdit_Cut", "MnuSelect_Cut"}, "Cut", "Ctrl+X",
+    {"UndoAresBtn", {"MnuEdit_Undo", "MnuIdle_Undo", "MnuDigitEdit_Undo",
+                     "mnuDigitListPopMenu_Undo", "mnuDigitWavePicPopMenu_Undo"}, "Undo", "Ctrl+Z",
+     Run<UndoAnalog>, Run<UndoDigit>, CanUndo, nullptr},
+    {"ResumeAresBtn", {"MnuEdit_Resume", "MnuIdle_Resume", "MnuDigitEdit_Resume",
+                       "mnuDigitListPopMenu_Resume", "mnuDigitWavePicPopMenu_Resume"}, "Resume",
+     "Ctrl+Y", Run<ResumeAnalog>, Run<ResumeDigit>, CanResume, nullptr},
+    {"CutAresBtn", {"MnuEdit_Cut", "MnuSelect_Cut", "MnuDigitEdit_Cut", "mnuDigitListPopMenu_Cut",
+                    "mnuDigitWavePicPopMenu_Cut"}, "Cut", "Ctrl+X",
      Run<CutAnalog>, nullptr, HasSelectedDots, nullptr},
-    {"CopyAresBtn", {"MnuEdit_Copy", "MnuSelect_Copy"}, "Copy", "Ctrl+C",
+    {"CopyAresBtn", {"MnuEdit_Copy", "MnuSelect_Copy", "MnuDigitEdit_Copy",
+                     "mnuDigitListPopMenu_Copy", "mnuDigitWavePicPopMenu_Copy"}, "Copy", "Ctrl+C",
      Run<CopyAnalog>, nullptr, HasSelectedDots, nullptr},
-    {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste", "MnuDraw_InsertFromClipBoard"}, "Paste",
-     "Ctrl+V", Run<PasteAnalog>, nullptr, CanPaste, nullptr},
-    {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete"}, "Delete", "Del",
-     Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
-    {"", {"MnuEdit_SelAll", "MnuIdle_SelAll"}, "", "Ctrl+A",
-     SelectAll, nullptr, HasDots, nullptr},
+    {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste", "MnuDraw_InsertFromClipBoard",
+                      "mnuDigitWavePicPopMenu_Paste"}, "Paste", "Ctrl+V", Run<PasteAnalog>, nullptr, CanPaste, nullptr},
+    {"", {"MnuDigitEdit_Repaste", "mnuDigitListPopMenu_Repaste", "mnuDigitWavePicPopMenu_Repaste"},
+     "", "Ctrl+Shift+V", nullptr, nullptr, nullptr, nullptr},
+    {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete", "MnuDigitEdit_Delete",
+                      "mnuDigitListPopMenu_Delete", "mnuDigitWavePicPopMenu_Delete"}, "Delete",
+     "Del", Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
+    {"", {"MnuEdit_SelAll", "MnuIdle_SelAll", "mnuDigitEdit_SelectAll"}, "", "Ctrl+A",
+     SelectAll, Run<SelectAllDigit>, CanSelectAll, nullptr},
+    {"", {"mnuDigitListPopMenu_SelectEntire", "mnuDigitWavePicPopMenu_SelectEntire"}, "",
+     "Ctrl+Shift+A",
+     nullptr, Run<SelectEntireDigit>, CanSelectEntire, nullptr},
     {"SelectAresBtn", {"MnuEdit_SelectMode"}, "Select", "Ctrl+1",
      PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::SelectMode>, Of(Tool::Select)},
     // Draw
@@ -292,12 +371,12 @@ constexpr CommandRow Rows[] = {
      PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomRegionMode>, Of(Tool::ZoomRegion)},
     {"ZoomOutCenterAresBtn", {"MnuView_ZoomOutCenter"}, "ZoomOutCenter", "Ctrl+9",
      PickTool, nullptr, HasAnalog, IsOn<&AnalogWaveRecord::ZoomCenterMode>, Of(Tool::ZoomCenter)},
-    {"ZoomNotAresBtn", {"MnuView_ZoomDisable"}, "ZoomNot", "Ctrl+0",
-     Run<CancelZoom>, nullptr, IsZoomed, nullptr},
+    {"ZoomNotAresBtn", {"MnuView_ZoomDisable", "mnuDigitViewZoomDisable"}, "ZoomNot", "Ctrl+0",
+     Run<CancelZoom>, Run<ZoomOffDigit>, CanLeaveZoom, nullptr},
     {"ZoomUndoAresBtn", {"MnuView_ZoomUndo"}, "ZoomUndo", "Ctrl+U",
      Run<UndoZoom>, nullptr, CanUndoZoom, nullptr},
-    {"", {"MnuView_ShowTime"}, "ShowTime", "Ctrl+T", Toggle<&AnalogWaveRecord::TimeAxisOn>,
-     nullptr, HasAnalog, IsOn<&AnalogWaveRecord::TimeAxisOn>},
+    {"", {"MnuView_ShowTime", "mnuDigitView_ShowTime"}, "ShowTime", "Ctrl+T",
+     Toggle<&AnalogWaveRecord::TimeAxisOn>, Run<ToggleShowTime>, HasAnyDocument, ShowsTime},
     {"", {"MnuView_SetWave"}, "", "", Run<ChooseCurveColour>, nullptr, HasNoDigital, nullptr},
     {"", {"MnuView_SetGrid"}, "", "", Run<ChooseGridColour>, nullptr, HasNoDigital, nullptr},
     // The boxes of the status strip
@@ -307,8 +386,8 @@ constexpr CommandRow Rows[] = {
     {"AresButton1", {}, "Apply", "", Run<ApplyPointBoxes>, nullptr, HasAnalog, nullptr},
     {"ZoomAresBtn", {}, "Apply", "", Run<ApplyZoomBoxes>, nullptr, HasAnalog, nullptr},
     // Rework
-    {"", {"MnuRework_property"}, "Property", "Alt+Return", EditProperty, nullptr, HasAnalog,
-     nullptr},
+    {"", {"MnuRework_property", "mnuDigitChange_Property"}, "Property", "Alt+Return",
+     EditProperty, EditPropertyOfDigit, HasAnyDocument, nullptr},
     {"", {"MnuRework_Resize", "MnuSelect_Resize"}, "", "",
      OpenDialog<Resize>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuRework_Invert", "MnuSelect_Invert"}, "", "",
@@ -339,23 +418,51 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuTool_Connect"}, "Connect", "", Run<ConnectInstrument>, nullptr, IsIdle, nullptr},
     {"", {"MnuTool_Disconnect"}, "", "", Run<DisconnectInstrument>, nullptr, IsConnected, nullptr},
     {"TransAresBtn", {"MnuTool_Send"}, "Trans", "Ctrl+Return",
-     Run<SendAnalogWaveform>, nullptr, nullptr, nullptr},
+     Run<SendAnalogWaveform>, nullptr, HasNoDigital, nullptr},
     {"LoadAresBtn", {"MnuTool_Load"}, "Load", "Ctrl+D",
      Run<UploadAnalogWave>, nullptr, UploadAllowed, nullptr},
     {"LoadDigitAresBtn", {}, "LoadDigit", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuTool_Com"}, "", "", OpenDialog<Communicate>, nullptr, nullptr, nullptr},
     {"", {"MnuTool_Transcript"}, "", "", OpenDialog<Transcript>, nullptr, nullptr, nullptr},
     // Digital
-    {"ZoomInAresBtn", {}, "ZoomIn", "", nullptr, nullptr, nullptr, nullptr},
-    {"ZoomOutAresBtn", {}, "ZoomOut", "", nullptr, nullptr, nullptr, nullptr},
-    {"FindAresBtn", {}, "Find", "", nullptr, nullptr, nullptr, nullptr},
-    {"InsertNodeAresBtn", {}, "InsertNode", "", nullptr, nullptr, nullptr, nullptr},
+    {"ValueAresBtn9", {}, "Value0", "", nullptr, RunValueTool, HasDigit, nullptr, 9},
+    {"ValueAresBtn10", {}, "Value1", "", nullptr, RunValueTool, HasDigit, nullptr, 10},
+    {"ValueAresBtn11", {}, "Invert", "", nullptr, RunValueTool, HasDigit, nullptr, 11},
+    {"ValueAresBtn12", {}, "Clock", "", nullptr, RunValueTool, HasDigit, nullptr, 12},
+    {"ValueAresBtn13", {}, "Arbitrary", "", nullptr, RunValueTool, HasDigit, nullptr, 13},
+    {"ValueAresBtn14", {}, "Counting", "", nullptr, RunValueTool, HasDigit, nullptr, 14},
+    {"", {"mnuDigitListPopMenu_Value_0", "mnuDigitWavePicPopMenu_Value_0"}, "Value0", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Value0)},
+    {"", {"mnuDigitListPopMenu_Value_1", "mnuDigitWavePicPopMenu_Value_1"}, "Value1", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Value1)},
+    {"", {"mnuDigitListPopMenu_Invert", "mnuDigitWavePicPopMenu_Invert"}, "Invert", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Invert)},
+    {"", {"mnuDigitListPopMenu_Clock", "mnuDigitWavePicPopMenu_Clock"}, "Clock", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Clock)},
+    {"", {"mnuDigitListPopMenu_Arbitrary", "mnuDigitWavePicPopMenu_Arbitrary"}, "Arbitrary", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Arbitrary)},
+    {"", {"mnuDigitListPopMenu_Counting", "mnuDigitWavePicPopMenu_Counting"}, "Counting", "",
+     nullptr, WriteValue, HasSelectedSpan, nullptr, Of(DigitOperation::Counting)},
+    {"InsertNodeAresBtn", {"mnuDigitDrawInsertNode", "mnuDigitListPopMenu_Insert",
+                           "mnuDigitWavePicPopMenu_Insert"}, "InsertNode", "Ins",
+     nullptr, OpenDialog<InsertNode>, CanInsertNode, nullptr},
+    {"BranchToBusAresBtn", {"mnuDigitListPopMenu_AssembleBus"}, "BranchToBus", "",
+     nullptr, nullptr, nullptr, nullptr},
+    {"BusToBranchAresBtn", {"mnuDigitListPopMenu_SplitBus"}, "BusToBranch", "",
+     nullptr, nullptr, nullptr, nullptr},
+    {"", {"mnuDigitListPopMenu_Property"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"mnuDigitDrawPointEdit"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"FindAresBtn", {"mnuDigitDrawFind"}, "Find", "Ctrl+F", nullptr, nullptr, nullptr, nullptr},
     {"SortAresBtn", {}, "Sort", "", nullptr, nullptr, nullptr, nullptr},
     {"SortDescendAresBtn", {}, "SortDescend", "", nullptr, nullptr, nullptr, nullptr},
-    {"ExpandAllAresBtn", {}, "ExpandAll", "", nullptr, nullptr, nullptr, nullptr},
-    {"CloseAllAresBtn", {}, "CloseAll", "", nullptr, nullptr, nullptr, nullptr},
-    {"BranchToBusAresBtn", {}, "BranchToBus", "", nullptr, nullptr, nullptr, nullptr},
-    {"BusToBranchAresBtn", {}, "BusToBranch", "", nullptr, nullptr, nullptr, nullptr},
+    {"ExpandAllAresBtn", {}, "ExpandAll", "", nullptr, Run<ExpandAllBuses>, HasBus, nullptr},
+    {"CloseAllAresBtn", {}, "CloseAll", "", nullptr, Run<CollapseAllBuses>, HasBus, nullptr},
+    {"ZoomInAresBtn", {"mnuDigitViewZoomIn"}, "ZoomIn", "Ctrl+=",
+     nullptr, Run<ZoomInDigit>, CanZoomDigitIn, nullptr},
+    {"ZoomOutAresBtn", {"mnuDigitViewZoomOut"}, "ZoomOut", "Ctrl+-",
+     nullptr, Run<ZoomOutDigit>, CanZoomDigitOut, nullptr},
+    {"", {"mnuDigitView_FrontPage"}, "", "PgUp", nullptr, TurnPage, CanTurnBack, nullptr, 0},
+    {"", {"mnuDigitView_NextPage"}, "", "PgDown", nullptr, TurnPage, CanTurnOn, nullptr, 1},
     // Window, help, tray
     {"", {"Mnuwin_Cascade"}, "", "", Arrange<WindowArrangement::Cascade>, nullptr, HasDocument,
      nullptr},

@@ -9,7 +9,7 @@
 
 struct CommandRow {
     std::string_view Button;                 // tool button; empty: none
-    std::array<std::string_view, 3> Menus;   // menu entries, the first bears the shortcut
+    std::array<std::string_view, 5> Menus;   // menu entries, the first bears the shortcut
     std::string_view Icon;                   // drawing without ending
     std::string_view Shortcut;               // "Ctrl+S"
     void (*Analog)(std::int16_t argument);   // on an analog document or none; null: not there yet
@@ -41,15 +41,18 @@ void RunCommand(std::string_view name);
 void RefreshDotCommands();
 
 // Menus and tool bars as lists of names; "-" is a separator, ">Name" opens the sub menu Name.
+enum class ShownFor : std::uint8_t { Both, Analog, Digital };
 struct MenuRow {
     std::string_view Name;
     std::span<const std::string_view> Entries;
+    ShownFor Kind = ShownFor::Both;  // the kind of the active document; analog without one
+    bool NewLine = false;            // a tool bar that begins a line
 };
 /// The menus of the strip, left to right.
 std::span<const MenuRow> MenuStrip();
 /// Sub menus, context menus and the tray menu.
 std::span<const MenuRow> PopupMenus();
-/// The two rows of tool bars.
+/// The tool bars, in two lines.
 std::span<const MenuRow> ToolBars();
 /// The buttons of the status strip's panels.
 std::span<const MenuRow> StatusPanels();
