@@ -148,6 +148,16 @@ void SelectListRow(DigitDocument& document, DigitTarget target) {
         node.MemberListSelected[static_cast<std::size_t>(target.Member)] = true;
 }
 
+void DeselectTarget(DigitDocument& document, DigitTarget target) {
+    DigitNode& node = NodeAt(document, target);
+    if (target.Member < 0) {
+        node.WaveSelected = node.ListSelected = false;
+        return;
+    }
+    const auto member = static_cast<std::size_t>(target.Member);
+    node.MemberWaveSelected[member] = node.MemberListSelected[member] = false;
+}
+
 void MarkWaveSelection(DigitDocument& document) {
     document.WaveSelection = true;
     document.ListSelection = false;

@@ -29,6 +29,8 @@ void ClearSelection(DigitDocument& document);
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end);
 /// Adds a row of the list with all of its dots.
 void SelectListRow(DigitDocument& document, DigitTarget target);
+/// Takes a target out of the selection.
+void DeselectTarget(DigitDocument& document, DigitTarget target);
 /// The selection as it stands was made in the picture, or in the list.
 void MarkWaveSelection(DigitDocument& document);
 void MarkListSelection(DigitDocument& document);

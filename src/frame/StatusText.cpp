@@ -1,5 +1,6 @@
 #include "frame/StatusText.h"
 
+#include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 
@@ -22,12 +23,17 @@ constexpr StatusRow StatusRows[] = {
 
 std::int32_t lastCode = 26;
 
+// A digital document is idle in a panel of its own.
+std::string_view LabelOf(const StatusRow& row) {
+    return row.Code == 9 && ActiveIsDigital ? "lblDigitIdleMessage" : row.Label;
+}
+
 }  // namespace
 
 void ShowStatus(std::int32_t code) {
     lastCode = code;
     for (const StatusRow& row : StatusRows)
-        if (row.Code == code) TheHost().ShowStatusText(row.Label, ResText(code));
+        if (row.Code == code) TheHost().ShowStatusText(LabelOf(row), ResText(code));
 }
 
 void ShowStatusAgain() {

@@ -1,0 +1,127 @@
+#include "digital/DigitDocumentFuncBox.h"
+
+#include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitView.h"
+#include "digital/DrawDigitWave.h"
+#include "digital/GlobalDigitDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
+#include "frame/StatusText.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+
+namespace {
+
+bool RoomForDigitDocument() {
+    if (DigitDocCount + 1 <= MaxDocuments) return true;
+    Complain(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"));
+    return false;
+}
+
+void DropSnapshot(DigitDocument& document) {
+    document.UndoAvailable = document.ResumeAvailable = false;
+    document.UndoNodes.clear();
+    document.UndoSamples = {};
+    document.UndoNodeCount = document.UndoChannelCount = 0;
+    document.UndoSampleCount = 0;
+    document.UndoFirstRow = document.UndoLastRow = 0;
+    document.UndoReserved1 = 0;
+    document.UndoListScrollShown = false;
+}
+
+}  // namespace
+
+std::int16_t FirstFreeDigitSlot() {
+    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
+        if (!DigitDocUsed[static_cast<std::size_t>(slot)]) return slot;
+    return -1;
+}
+
+void NewDigitDocument() {
+    if (!RoomForDigitDocument()) return;
+    PropertyApplied = false;
+    EditDigitProperty = false;
+    const std::int16_t active = ActiveDigitIndex;  // the dialog turns to the first free slot
+    TheHost().RunDialog("DigitPropertyFrm", 0);
+    if (!PropertyApplied) {
+        ActiveDigitIndex = active;
+        return;
+    }
+    CreateDigitDocument();
+}
+
+bool CreateDigitDocument() {
+    if (!RoomForDigitDocument()) return false;
+    const std::int16_t slot = ActiveDigitIndex;
+    DigitDocument& document = ActiveDigit();
+    DocReady = false;
+    DocBuilding = true;
+    DigitDocUsed[static_cast<std::size_t>(slot)] = true;
+    document.Title = "Digital Waveform " + std::to_string(slot);
+    document.IsSaved = document.Changed = false;
+    document.FilePath.clear();
+    document.OpenPath.clear();
+    ++DigitDocCount;
+    ActiveIsDigital = true;
+    TheHost().OpenWindow(TagOfDigit(slot));
+    ResetDigitDocument(document);
+    DocReady = true;
+    TheHost().RefreshCommands();
+    ShowDigitStatus();
+    Paint(slot, true, true);
+    DocBuilding = false;
+    return true;
+}
+
+void ResetDigitDocument(DigitDocument& document) {
+    document.Nodes.clear();
+    document.DigitSamples.clear();
+    document.SampleCount = 0;
+    document.ChannelCount = 0;
+    document.Reserved1 = 0;
+    document.FirstRow = 0;
+    document.FirstDot = 0;
+    document.ClickRow = document.RangeRow = -1;
+    document.SelectDrag = document.CaliperDrag = false;
+    document.Zoom = 1.0;
+    ClearSelection(document);
+    DropSnapshot(document);
+    RenumberRows(document);  // and the page figures
+    document.Caliper = std::clamp(document.CaliperDefault, 0, std::max(document.Dots - 1, 0));
+    if (document.Caliper > document.VisibleDots - 1) document.FirstDot = document.Caliper;
+    document.LastDot = document.FirstDot + document.VisibleDots;
+    document.CaliperPixel = DotToPixel(document, document.Caliper);
+}
+
+bool QueryCloseDigit(std::int16_t index) {
+    const DigitDocument& document = DigitAt(index);
+    if (!document.Changed) return true;
+    switch (AskToSave(document.Title)) {
+        case Answer::Yes:
+            Complain(PickText("Digital waveforms cannot be saved yet", "暂不支持保存数字波形"));
+            return false;
+        case Answer::No:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void DigitDocumentClosed(std::int16_t index) {
+    const auto slot = static_cast<std::size_t>(index);
+    if (!DigitDocUsed[slot]) return;
+    DigitDocUsed[slot] = false;
+    --DigitDocCount;
+    DigitDocTable[slot] = DigitDocument();  // gives back samples and surfaces
+    if (AnalogDocCount + DigitDocCount == 0) {
+        ActiveIsDigital = false;
+        ShowStatus(50);
+    }
+    TheHost().RefreshCommands();
+}
+
+void ShowDigitStatus() {
+    ShowStatus(9);
+}

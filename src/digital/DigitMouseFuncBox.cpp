@@ -1,0 +1,240 @@
+#include "digital/DigitMouseFuncBox.h"
+
+#include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitListViewFuncBox.h"
+#include "digital/DigitView.h"
+#include "digital/DrawDigitWave.h"
+#include "digital/GlobalDigitDefineCode.h"
+#include "frame/Narrow.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+std::int16_t LastListRow(const DigitDocument& document) {
+    return Narrow<std::int16_t>(std::ssize(document.ListRows) - 1);
+}
+
+// The row at a height, -1 where none exists.
+std::int16_t ListRowAt(const DigitDocument& document, float y) {
+    const std::int32_t row = RowAtPixel(document, y);
+    return row <= LastListRow(document) ? Narrow<std::int16_t>(row) : std::int16_t{-1};
+}
+
+// A drag that leaves the rows stays at the nearest one on the page.
+std::int16_t NearestRow(const DigitDocument& document, float y) {
+    const std::int32_t lowest = std::min<std::int32_t>(LastListRow(document), document.LastRow);
+    return Narrow<std::int16_t>(
+        std::clamp(RowAtPixel(document, y), std::int32_t{document.FirstRow}, lowest));
+}
+
+std::int32_t DotAt(const DigitDocument& document, float x) {
+    const float held = std::clamp(x, 0.0F, static_cast<float>(document.PictureWidth - 1));
+    return std::min(PixelToDot(document, held), std::max(document.Dots - 1, 0));
+}
+
+bool HasSelection(const DigitDocument& document) {
+    return document.WaveSelection || document.ListSelection;
+}
+
+void DropSelection(std::int16_t index) {
+    DigitDocument& document = DigitAt(index);
+    if (!HasSelection(document)) return;
+    ClearSelection(document);
+    ShowDigitSelection(index);
+}
+
+void OpenEvaluate(DigitTarget target) {
+    if (target.Node < 0) return;
+    EvaluateNode = target.Node;
+    EvaluateIsMember = target.Member >= 0;
+    EvaluateMember = std::max(target.Member, std::int16_t{0});
+    TheHost().RunDialog("EvaluateFrm", 0);
+}
+
+void BeginRubberBand(std::int16_t index, float x) {
+    DigitDocument& document = DigitAt(index);
+    const bool selected = HasSelection(document);
+    ClearSelection(document);
+    document.SelectDrag = true;
+    document.SelectStartDot = document.SelectEndDot = DotAt(document, x);
+    document.SelectStartRow = document.SelectEndRow = document.ClickRow;
+    if (selected)
+        ShowDigitSelection(index);
+    else
+        Paint(index, false, false);
+}
+
+// Rows first..last of the list join the selection of the list.
+void AddListRows(DigitDocument& document, std::int16_t first, std::int16_t last) {
+    for (std::int32_t row = first; row <= last; ++row)
+        SelectListRow(document, TargetAtRow(document, row));
+    MarkListSelection(document);
+}
+
+void SelectRow(std::int16_t index, std::int16_t row, ListAdd add) {
+    DigitDocument& document = DigitAt(index);
+    const DigitTarget target = TargetAtRow(document, row);
+    const std::int16_t anchor = document.ClickRow;
+    if (add == ListAdd::Replace || !document.ListSelection) ClearSelection(document);
+    if (add != ListAdd::Range) document.ClickRow = row;
+    document.RangeRow = row;
+    if (add == ListAdd::Toggle && IsSelected(document, target)) {
+        DeselectTarget(document, target);
+        if (SelectedSpans(document).empty()) ClearSelection(document);
+    } else if (add == ListAdd::Range && anchor >= 0 && anchor <= LastListRow(document)) {
+        AddListRows(document, std::min(anchor, row), std::max(anchor, row));
+    } else {
+        AddListRows(document, row, row);
+    }
+    ShowDigitSelection(index);
+}
+
+}  // namespace
+
+void DigitWavePic_MouseDown(std::int16_t index, MouseButton button, float x, float y) {
+    DigitDocument& document = DigitAt(index);
+    if (document.SelectDrag || button == MouseButton::None) return;
+    document.ClickX = x;
+    document.ClickY = y;
+    document.ClickRow = ListRowAt(document, y);
+    if (button == MouseButton::Right)
+        TheHost().PopupMenu("mnuDigitWavePicPopMenu");
+    else if (document.ClickRow < 0)
+        DropSelection(index);
+    else
+        BeginRubberBand(index, x);
+}
+
+void DigitWavePic_MouseMove(std::int16_t index, MouseButton held, float x, float y) {
+    DigitDocument& document = DigitAt(index);
+    document.MouseDot = DotAt(document, x);
+    if (!document.SelectDrag || held != MouseButton::Left) return;
+    document.SelectEndDot = document.MouseDot;
+    document.SelectEndRow = NearestRow(document, y);
+    Paint(index, false, false);
+}
+
+void DigitWavePic_MouseUp(std::int16_t index, MouseButton button, float x, float y) {
+    DigitDocument& document = DigitAt(index);
+    if (!document.SelectDrag || button != MouseButton::Left) return;
+    document.SelectDrag = false;
+    document.SelectEndDot = DotAt(document, x);
+    document.SelectEndRow = NearestRow(document, y);
+    const auto [first, last] = std::minmax(document.SelectStartDot, document.SelectEndDot);
+    const auto [top, bottom] = std::minmax(document.SelectStartRow, document.SelectEndRow);
+    for (std::int32_t row = top; row <= bottom; ++row)
+        SelectSpan(document, TargetAtRow(document, row), first, last);
+    MarkWaveSelection(document);
+    ShowDigitSelection(index);
+}
+
+void DigitWavePic_DblClick(std::int16_t index, float x, float y) {
+    DigitDocument& document = DigitAt(index);
+    document.ClickX = x;
+    document.ClickY = y;
+    document.ClickRow = ListRowAt(document, y);
+    EvaluateClickedRow(index);
+}
+
+bool OnCaliperHandle(std::int16_t index, float x, float y) {
+    return std::abs(x - DigitAt(index).CaliperPixel) <= CaliperReach &&
+           std::abs(y - CaliperHandleY) <= CaliperRise;
+}
+
+// Beside the handle a press fetches the caliper.
+void DigitBackWavePic_MouseDown(std::int16_t index, MouseButton button, float x, float y) {
+    if (button != MouseButton::Left) return;
+    DigitAt(index).CaliperDrag = true;
+    if (!OnCaliperHandle(index, x, y)) DigitBackWavePic_MouseMove(index, x);
+}
+
+void DigitBackWavePic_MouseMove(std::int16_t index, float x) {
+    DigitDocument& document = DigitAt(index);
+    if (!document.CaliperDrag) return;
+    document.CaliperPixel = std::clamp<double>(x, 0.0, std::max(document.PictureWidth - 1, 0));
+    Paint(index, false, false);
+}
+
+void DigitBackWavePic_MouseUp(std::int16_t index, float x) {
+    DigitDocument& document = DigitAt(index);
+    if (!document.CaliperDrag) return;
+    document.CaliperDrag = false;
+    document.CaliperPixel = std::clamp<double>(x, 0.0, std::max(document.PictureWidth - 1, 0));
+    CaliperFromPixel(document);
+    TheHost().ShowEntries(TagOfDigit(index));
+    Paint(index, true, false);
+}
+
+void DispParaListView_MouseDown(std::int16_t index, MouseButton button, float x, float y,
+                                ListAdd add) {
+    DigitDocument& document = DigitAt(index);
+    const std::int16_t row = ListRowAt(document, y);
+    if (row < 0) {
+        document.ClickRow = -1;
+        DropSelection(index);
+    } else if (button == MouseButton::Left && OnExpansionMark(document, x, y)) {
+        document.ClickRow = row;
+        ToggleExpanded(index, TargetAtRow(document, row).Node);
+    } else if (button == MouseButton::Left) {
+        SelectRow(index, row, add);
+    } else if (!IsSelected(document, TargetAtRow(document, row))) {
+        SelectRow(index, row, ListAdd::Replace);  // the menu works on what the mouse shows
+    } else {
+        document.ClickRow = row;
+    }
+    if (button == MouseButton::Right) TheHost().PopupMenu("mnuDigitListPopMenu");
+}
+
+// On the mark both presses of a double click would toggle: the first one has.
+void DispParaListView_DblClick(std::int16_t index, float x, float y) {
+    DigitDocument& document = DigitAt(index);
+    const std::int16_t row = ListRowAt(document, y);
+    if (row < 0 || OnExpansionMark(document, x, y)) return;
+    document.ClickRow = row;
+    const DigitTarget target = TargetAtRow(document, row);
+    if (target.Member < 0 && document.Nodes[static_cast<std::size_t>(target.Node)].IsBus)
+        ToggleExpanded(index, target.Node);
+    else
+        OpenEvaluate(target);
+}
+
+void StepListRow(std::int16_t index, std::int32_t step, ListAdd add) {
+    DigitDocument& document = DigitAt(index);
+    if (document.NodeCount == 0) return;
+    const std::int32_t before = add == ListAdd::Range ? document.RangeRow : document.ClickRow;
+    const auto row =
+        Narrow<std::int16_t>(std::clamp(before + step, 0, std::int32_t{LastListRow(document)}));
+    if (row < document.FirstRow) ShowRowsFrom(index, row);
+    if (row > document.LastRow) ShowRowsFrom(index, row - document.PageRows + 1);
+    SelectRow(index, row, add);
+}
+
+void ExpandClickedRow(std::int16_t index, bool expanded) {
+    DigitDocument& document = DigitAt(index);
+    const DigitTarget target = TargetAtRow(document, document.ClickRow);
+    if (target.Node < 0) return;
+    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    if (!node.IsBus || bool(node.Expanded) == expanded) return;
+    ToggleExpanded(index, target.Node);
+    SelectRow(index, node.Row, ListAdd::Replace);
+}
+
+void EvaluateClickedRow(std::int16_t index) {
+    const DigitDocument& document = DigitAt(index);
+    OpenEvaluate(TargetAtRow(document, document.ClickRow));
+}
+
+void EscapeDigit(std::int16_t index) {
+    DigitDocument& document = DigitAt(index);
+    if (document.SelectDrag || document.CaliperDrag) {
+        if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
+        document.SelectDrag = document.CaliperDrag = false;
+        Paint(index, false, false);
+        return;
+    }
+    DropSelection(index);
+}
