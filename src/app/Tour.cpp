@@ -201,6 +201,7 @@ int RunTour(const QString& folder) {
     Picture(tour, tour.Window.get(), "opened-again");
     DrawWithTheMouse(tour);
     ComputeWaves(tour);
+    EditDigitalWaves(tour);
     UseTheInstrument(tour);
     ArrangeWindows(tour);
     SpeakChinese(tour);

@@ -50,6 +50,14 @@ void Drag(QWidget* widget, QPoint from, QPoint to) {
     Release(widget, to);
 }
 
+void DoubleClick(QWidget* widget, QPoint at) {
+    ClickAt(widget, at);
+    QMouseEvent press(QEvent::MouseButtonDblClick, at, widget->mapToGlobal(at), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &press);
+    Release(widget, at);
+}
+
 void TurnWheel(QWidget* widget, QPoint at, int notches, Qt::KeyboardModifiers modifiers) {
     for (int i = 0; i < std::abs(notches); ++i) {
         QWheelEvent turn(at, widget->mapToGlobal(at), {}, {0, notches > 0 ? 120 : -120},

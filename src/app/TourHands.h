@@ -18,6 +18,7 @@ void MoveTo(QWidget* widget, QPoint at, Qt::MouseButton held = Qt::LeftButton);
 void Release(QWidget* widget, QPoint at, Qt::MouseButton button = Qt::LeftButton);
 void ClickAt(QWidget* widget, QPoint at, Qt::MouseButton button = Qt::LeftButton);
 void Drag(QWidget* widget, QPoint from, QPoint to);
+void DoubleClick(QWidget* widget, QPoint at);
 /// Turns the mouse wheel by whole notches, away from the user where positive.
 void TurnWheel(QWidget* widget, QPoint at, int notches, Qt::KeyboardModifiers modifiers = {});
 

@@ -46,5 +46,8 @@ void DrawWithTheMouse(TourState& tour);
 /// The chapter on resize, transforms, math and filters, on documents of its own.
 void ComputeWaves(TourState& tour);
 
+/// The chapter on digital documents, on one of its own.
+void EditDigitalWaves(TourState& tour);
+
 /// The chapter on the link to a simulated instrument; its pauses take most of a minute.
 void UseTheInstrument(TourState& tour);
