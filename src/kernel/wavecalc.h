@@ -178,7 +178,8 @@ WAVECALC_API int32_t PlotWaveDot(const WaveDot* Dots, int32_t* Pixels, int32_t F
 /*
  * Digital waves: Words are sample words, one for each dot, of which the low 16 bits are used.
  * Channel n, 0 to 15, is bit n. Mask is 0xFFFF less the channel's bit: what stays of a word. A Bit
- * above 15 leaves everything as it was.
+ * above 15, a list with a channel outside 0..15, or a number of channels outside 1..16 leaves
+ * everything as it was. The bits of channels that are not listed are never touched.
  */
 
 /* Writes Value, 0 or 1, to a channel: each of Count words becomes (word & Mask) | Value << Bit. */
@@ -192,18 +193,22 @@ WAVECALC_API void Dealinv(int32_t* Words, int32_t Count, uint8_t Bit, int32_t Ma
 WAVECALC_API void DealClock(int32_t* Words, int32_t Count, uint8_t Bit, int32_t Mask);
 
 /*
- * Writes a rising count to ChannelCount channels (1 to 16, Channels[0] the most significant) of
- * Count words. The count begins at Start & Maximum, stays for Interval dots (1 or more), then grows
- * by Increment (0 or more); where it would pass Maximum it begins again at Start & Maximum.
+ * Writes a rising count to ChannelCount channels (1 to 16, each listed once, Channels[0] the most
+ * significant) of Count words. The count begins at Start & Maximum, stays for Interval dots, then
+ * grows by Increment; where it would pass Maximum it begins again at Start & Maximum. Of a count
+ * wider than the channels the low bits are written. Maximum is 0 or more, otherwise nothing is
+ * written; an Increment below 0 counts as 0, an Interval below 1 as 1.
  */
 WAVECALC_API void Counting(int32_t* Words, int32_t Count, int32_t Start, int32_t Maximum,
                            int32_t Increment, int32_t Interval, const uint8_t* Channels,
                            int16_t ChannelCount);
 
 /*
- * Copies channels between words: for each of Count dots i and each j below ChannelCount, bit
- * TargetChannels[j] of TargetWords[i] becomes bit SourceChannels[j] of SourceWords[i]. The channels
- * are written in order. The arrays may be the same, at the same dot.
+ * Copies channels between words: for each of Count dots i and each j below ChannelCount (1 to 16),
+ * bit TargetChannels[j] of TargetWords[i] becomes bit SourceChannels[j] of SourceWords[i] as that
+ * word was before the call. Where a target channel is listed more than once, the last one stands.
+ * The two arrays are the same from the same dot on, so that channels can change places, or they do
+ * not overlap.
  */
 WAVECALC_API void CopyPasteData(const int32_t* SourceWords, int32_t* TargetWords, int32_t Count,
                                 const int16_t* SourceChannels, const int16_t* TargetChannels,
@@ -211,8 +216,8 @@ WAVECALC_API void CopyPasteData(const int32_t* SourceWords, int32_t* TargetWords
 
 /*
  * The next dot behind FromDot, below Dots, at which the value of Width channels differs from that
- * at FromDot; Dots where it stays the same to the end, or FromDot lies outside 0 .. Dots - 1. Words
- * is the word of dot 0.
+ * at FromDot; Dots where it stays the same to the end, FromDot lies outside 0 .. Dots - 1, an array
+ * is null, or the channels cannot be used. Words is the word of dot 0.
  */
 WAVECALC_API int32_t GetBusDifPos(const int32_t* Words, int32_t FromDot, int32_t Dots,
                                   const uint8_t* Channels, int16_t Width);
@@ -220,7 +225,8 @@ WAVECALC_API int32_t GetBusDifPos(const int32_t* Words, int32_t FromDot, int32_t
 /*
  * Whether a channel changes inside a pixel column: Result becomes 1 where two dots of
  * FirstDot .. LastDot (both included, truncated to whole dots, held to 0 .. Dots - 1) differ in the
- * bit, otherwise 0. Words is the word of dot 0.
+ * bit, otherwise 0, without words or with a Bit above 15 too. A bound that is not a number counts
+ * as 0. Words is the word of dot 0.
  */
 WAVECALC_API void GetLinkOnePixel(const int32_t* Words, double FirstDot, double LastDot,
                                   uint8_t Bit, int32_t Dots, uint8_t* Result);
@@ -229,8 +235,8 @@ WAVECALC_API void GetLinkOnePixel(const int32_t* Words, double FirstDot, double 
  * The same for all channels and Columns pixel columns in one pass. Column c holds the dots
  * FirstDots[c] .. FirstDots[c + 1] - 1; FirstDots has Columns + 1 elements that never fall, from 0
  * on. Bit n of Changed[c] is set where channel n changes inside the column or between the dot
- * before it and its first one; for column 0 no dot before it is read. Words holds Dots words, a dot
- * behind them reads 0.
+ * before it and its first one; before FirstDots[0] no dot is read. A column without dots has no
+ * change. Words holds Dots words, a dot behind them reads 0; they may be null when Dots is 0.
  */
 WAVECALC_API void GetColumnChanges(const int32_t* Words, int32_t Dots, const int32_t* FirstDots,
                                    int32_t Columns, int32_t* Changed);
