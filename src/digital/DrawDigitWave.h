@@ -9,6 +9,7 @@
 
 struct DigitColours {
     Colour Back, RowLine, Outside, Label, Strong, Tick, Caliper, RubberBand;
+    Colour RubberFill;  // in not-exclusive-or; it leaves the lower bits, in which grounds differ
 };
 extern const DigitColours DigitScreenColours, DigitPrintColours;
 const DigitColours& ColoursOf(const DigitDocument& document);

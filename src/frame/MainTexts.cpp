@@ -327,6 +327,10 @@ constexpr WindowText Rows[] = {
     {"WaveFrm", "ExtBtn", "Close", "关闭"},
     {"WaveFrm", "hint", "Draw, insert a standard wave, or open a file",
      "请绘制波形、插入标准波形或打开文件"},
+
+    {"DigitWaveFrm", "NameHead", "Name", "名称"},
+    {"DigitWaveFrm", "ValueHead", "Value", "数值"},
+    {"DigitWaveFrm", "hint", "Insert a channel or bus with Ins", "按 Ins 插入通道或总线"},
 };
 
 }  // namespace
