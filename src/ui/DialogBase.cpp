@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int SignWidth = 20;  // pixels
+constexpr int NoteSlack = 4;   // by which Chinese lines may be the higher ones
 constexpr int ListWidth = DialogFieldWidth + DialogUnitGap + DialogUnitWidth;
 constexpr int ListFrame = 36;  // what a list's arrow and margins take of its width
 constexpr int KeyGap = 16;     // between the keys of two curves
@@ -154,7 +155,7 @@ void DialogBase::AddNote(QGridLayout* form, int lines) {
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
     note_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    note_->setFixedHeight(lines * fontMetrics().lineSpacing());
+    note_->setFixedHeight(lines * fontMetrics().lineSpacing() + NoteSlack);
     note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // no text widens the window
     const int row = form->rowCount();
     form->addWidget(sign_, row, 0, Qt::AlignRight | Qt::AlignTop);

@@ -3,9 +3,14 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/ArbitraryValueFrm.h"
 #include "ui/CommunicateSettingFrm.h"
+#include "ui/CountFrm.h"
+#include "ui/DigitPropertyFrm.h"
 #include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
+#include "ui/EvaluateFrm.h"
+#include "ui/InsertNodeFrm.h"
 #include "ui/InstrumentSelFrm.h"
 #include "ui/LinkTranscriptFrm.h"
 #include "ui/LinkWait.h"
@@ -165,6 +170,11 @@ bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
         {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
         {"SendAnalogWaveFrm", RunModal<SendAnalogWaveFrm>},
         {"DownLoadWaveFrm", RunModal<DownLoadWaveFrm>},
+        {"DigitPropertyFrm", RunModal<DigitPropertyFrm>},
+        {"InsertNodeFrm", RunModal<InsertNodeFrm>},
+        {"ArbitraryValueFrm", RunModal<ArbitraryValueFrm>},
+        {"CountFrm", RunModal<CountFrm>},
+        {"EvaluateFrm", RunModal<EvaluateFrm>},
     };
     for (const auto& [known, run] : Windows)
         if (known == name) return run(&window, argument) == QDialog::Accepted;

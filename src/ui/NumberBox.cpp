@@ -9,23 +9,22 @@ namespace {
 
 class KeyValidator final : public QValidator {
 public:
-    KeyValidator(KeyKind kind, NumberBox* box) : QValidator(box), kind_(kind), box_(box) {}
+    explicit KeyValidator(NumberBox* box) : QValidator(box), box_(box) {}
 
     State validate(QString& text, int& /*cursor*/) const override {
         const bool grows = text.size() > box_->text().size();
         if (grows && static_cast<std::size_t>(text.size()) > box_->LongestText()) return Invalid;
-        return AcceptsText(kind_, text.toStdString()) ? Acceptable : Invalid;
+        return AcceptsText(box_->Kind(), text.toStdString()) ? Acceptable : Invalid;
     }
 
 private:
-    KeyKind kind_;
     const NumberBox* box_;
 };
 
 }  // namespace
 
-NumberBox::NumberBox(KeyKind kind, QWidget* parent) : QLineEdit(parent) {
-    setValidator(new KeyValidator(kind, this));
+NumberBox::NumberBox(KeyKind kind, QWidget* parent) : QLineEdit(parent), kind_(kind) {
+    setValidator(new KeyValidator(this));
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 

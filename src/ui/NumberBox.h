@@ -10,6 +10,10 @@ class NumberBox : public QLineEdit {
 public:
     NumberBox(KeyKind kind, QWidget* parent);
 
+    /// Another kind of number is typed from now on; the text stays.
+    void SetKind(KeyKind kind) { kind_ = kind; }
+    KeyKind Kind() const { return kind_; }
+
     /// Drops keys that make the text longer than this.
     void SetLongestText(std::size_t length) { longest_ = length; }
     std::size_t LongestText() const { return longest_; }
@@ -30,6 +34,7 @@ protected:
 private:
     void FocusNextBox();
 
+    KeyKind kind_;
     std::size_t longest_ = std::size_t{0} - 1;
     bool entered_ = false;  // the mouse press that gave the focus is not released yet
 };

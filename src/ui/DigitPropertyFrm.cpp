@@ -1,0 +1,87 @@
+#include "ui/DigitPropertyFrm.h"
+
+#include "platform/qt/QtText.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+
+namespace {
+
+constexpr int NoteLines = 2;
+
+// Brings a text that was held to its bounds back into its box.
+void Put(NumberBox* box, const std::string& held) {
+    if (box->text() != ToQt(held)) box->setText(ToQt(held));
+}
+
+}  // namespace
+
+DigitPropertyFrm::DigitPropertyFrm(QWidget* parent)
+    : DigitForm("DigitPropertyFrm", parent), dialog_(OpenDigitProperty()) {
+    QGridLayout* form = MakeForm();
+    dots_ = MakeBox("DotnumTxt", KeyKind::Whole);
+    dots_->setMinimumWidth(DialogFieldWidth);
+    AddSpun(form, dots_, "DotnumLab", "DotNumUp", "DotNumDn", SpinDigitDots);
+    AddRate(form);
+    position_ = MakeBox("PositionTxt", KeyKind::Whole);
+    AddSpun(form, position_, "PositionLab", "PositionUp", "PositionDown", SpinPosition);
+    connect(dots_, &NumberBox::textEdited, this,
+            [this](const QString& typed) { Put(dots_, ChangeDigitDots(typed.toStdString())); });
+    connect(position_, &NumberBox::textEdited, this, [this](const QString& typed) {
+        Put(position_, ChangePosition(dialog_, typed.toStdString()));
+    });
+    OnLeft(dots_, LeaveDigitDots);
+    OnLeft(rate_, LeaveRate);
+    OnLeft(position_, LeavePosition);
+    AddNote(form, NoteLines);
+    ShowNote(std::string(DigitPropertyNote()), NoteSign::Warning);
+    LayOut(form, MakeButtonRow());
+    ApplyTexts();
+    ShowFields();
+    dots_->setFocus();
+}
+
+void DigitPropertyFrm::AddSpun(QGridLayout* form, NumberBox* box, const char* label, const char* up,
+                               const char* down,
+                               void (*spin)(DigitPropertyDialog&, std::int32_t, bool)) {
+    SpinButton* buttons[] = {MakeSpin(up, true), MakeSpin(down, false)};
+    AddRow(form, MakeLabel(label, box), box, MakeSpinPair(buttons[0], buttons[1]));
+    for (SpinButton* button : buttons)
+        connect(button, &SpinButton::tick, this,
+                [this, spin, up = button == buttons[0]](int count) {
+                    spin(dialog_, count, up);
+                    ShowFields();
+                });
+}
+
+void DigitPropertyFrm::AddRate(QGridLayout* form) {
+    rate_ = MakeBox("Freqtxt", KeyKind::Real);
+    QStringList units;
+    for (const std::string_view unit : RateUnits) units << ToQt(unit);
+    rateUnit_ = MakeUnits("FrequnitCmb", units);
+    AddRow(form, MakeLabel("FreqLab", rate_), rate_, rateUnit_);
+    connect(rateUnit_, &QComboBox::activated, this, [this](int unit) {
+        ChangeRateUnit(dialog_, static_cast<std::int16_t>(unit), rate_->text().toStdString());
+        ShowFields();
+    });
+}
+
+void DigitPropertyFrm::OnLeft(NumberBox* box,
+                              void (*leave)(DigitPropertyDialog&, std::string_view)) {
+    connect(box, &NumberBox::left, this, [this, leave](const QString& typed) {
+        leave(dialog_, typed.toStdString());
+        ShowFields();
+    });
+}
+
+void DigitPropertyFrm::ShowFields() {
+    dots_->setText(QString::number(dialog_.Dots));
+    rate_->setText(ToQt(dialog_.RateText));
+    rateUnit_->setCurrentIndex(dialog_.RateUnit);
+    position_->setText(QString::number(dialog_.Position));
+}
+
+void DigitPropertyFrm::accept() {
+    LeaveFocusedBox();
+    EndWith(ConfirmDigitProperty(dialog_));
+}

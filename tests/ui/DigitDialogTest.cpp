@@ -1,0 +1,154 @@
+#include "digital/DigitEditFuncBox.h"
+#include "digital/GlobalDigitDefineCode.h"
+#include "ui/ArbitraryValueFrm.h"
+#include "ui/CountFrm.h"
+#include "ui/DigitPropertyFrm.h"
+#include "ui/EvaluateFrm.h"
+#include "ui/InsertNodeFrm.h"
+#include "ui/MainWindowFixture.h"
+
+namespace {
+
+// 100 dots; channel "A", and "BUS" of four channels, selected in 10..12.
+class DigitDialogTest : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        Script({Answer::Ok});
+        document_ = DigitDocument();
+        document_.Dots = 100;
+        AppendNode(document_, {.Name = "A"});
+        AppendNode(document_, {.Name = "BUS", .Width = 4});
+        SelectSpan(document_, {1, -1}, 10, 12);
+        MarkWaveSelection(document_);
+        EvaluateMode = EvaluateNode = 0;
+        LastInserted = {};
+    }
+    void TearDown() override {
+        EditDigitProperty = false;
+        DigitDocUsed[0] = false;
+        document_ = DigitDocument();
+        MainWindowTest::TearDown();
+    }
+    int BusAt(int dot) const { return ValueAt(document_, {1, -1}, dot); }
+
+    DigitDocument& document_ = DigitDocTable[0];
+};
+
+std::string TypeInto(const QWidget& dialog, const char* name, const char* text) {
+    FindIn(dialog, name)->selectAll();  // it may have the focus already
+    return Type(dialog, name, text)->text().toStdString();
+}
+void Confirm(QDialog& dialog) {
+    QTest::mouseClick(FindIn<QPushButton>(dialog, "OkAresBtn"), Qt::LeftButton);
+}
+
+TEST_F(DigitDialogTest, ValueFollowsTheRadixAndAnEmptyOneIsAskedFor) {
+    ArbitraryValueFrm dialog, cancelled;
+    Show(dialog);
+    Confirm(dialog);
+    EXPECT_TRUE(dialog.isVisible() && asked.size() == 1);
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "NumTxt");
+    EXPECT_EQ(TypeInto(dialog, "NumTxt", "12a01"), "101");
+    const char *typed[] = {"", "gC", "28", "1f6"}, *before[] = {"", "5", "14", "2"},
+               *held[] = {"", "C", "2", "15"};
+    for (int radix = 1; radix <= 3; ++radix) {
+        QTest::keyClick(FindIn<QComboBox>(dialog, "RadixCmb"), Qt::Key_Down);
+        EXPECT_EQ(FindIn(dialog, "NumTxt")->text(), before[radix]);
+        EXPECT_EQ(TypeInto(dialog, "NumTxt", typed[radix]), held[radix]);
+    }
+    Confirm(dialog);
+    EXPECT_TRUE(dialog.result() == QDialog::Accepted && BusAt(9) == 0 && BusAt(12) == 15);
+    Show(cancelled);
+    Confirm(cancelled);
+    EXPECT_TRUE(!cancelled.isVisible() && !cancelled.result() && asked.size() == 2);
+}
+
+TEST_F(DigitDialogTest, EvaluateClosesWhatTheOperationDoesNotUse) {
+    EvaluateFrm dialog;
+    Show(dialog);
+    QTest::keyClick(FindIn<QComboBox>(dialog, "cmbName"), Qt::Key_Down);
+    const auto* button = FindIn<QPushButton>(dialog, "ValueAresBtn");
+    const char *boxes[] = {"TimeStartTxt",       "TimeEndTxt",       "RadixCmb",   "CountInteTxt",
+                           "CountStartValuetxt", "CountIncValueTxt", "ArbValueLab"},
+               *enabled[] = {"1100000", "1100000", "1100000", "1100000", "1111001", "1111110"};
+    for (const int mode : {0, 1, 2, 3, 5, 4}) {
+        button->menu()->actions()[mode]->trigger();
+        EXPECT_EQ(button->text(), button->menu()->actions()[mode]->text());
+        std::string states;
+        for (const char* box : boxes) {
+            const auto* control = FindIn<QWidget>(dialog, box);
+            states += control->isEnabled() && control->isVisible() ? '1' : '0';
+        }
+        EXPECT_EQ(states, enabled[mode]);
+        if (mode == 5) TypeInto(dialog, "CountInteTxt", "12");
+    }
+    EXPECT_EQ(FindIn(dialog, "CountInteTxt")->text(), "1");  // its own number, in binary
+    Confirm(dialog);
+    EXPECT_TRUE(BusAt(0) == 1 && BusAt(99) == 1);
+}
+
+TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
+    DigitDocUsed[0] = EditDigitProperty = true;
+    CountFrm count;
+    InsertNodeFrm insert;
+    DigitPropertyFrm property;
+    const struct {
+        QDialog& Dialog;
+        const char *Box, *Typed, *Held, *Left;
+    } rows[] = {
+        {count, "TimeStartTxt", "5-0", "50", "50"},
+        {count, "TimeEndTxt", "444", "99", "99"},
+        {count, "TimeEndTxt", "44", "44", "50"},
+        {count, "CountInteTxt", "0", "0", "1"},
+        {count, "CountStartValuetxt", "12", "1", "1"},
+        {insert, "DigitBusTXt", "17", "16", "16"},
+        {insert, "DigitNameTxt", "a-b_1", "ab_1", "ab_1"},
+        {insert, "DigitBusTXt", "0", "0", "1"},
+        {insert, "DigitStartTxt", "101", "100", "100"},
+        {property, "PositionTxt", "100", "99", "99"},
+        {property, "DotnumTxt", "4097", "4096", "4096"},
+        {property, "DotnumTxt", "50", "50", "50"},
+        {property, "PositionTxt", "60", "49", "49"},
+        {property, "Freqtxt", "3000", "3000", "2.0000"},
+    };
+    for (const auto& row : rows) {
+        Show(row.Dialog);
+        EXPECT_EQ(TypeInto(row.Dialog, row.Box, row.Typed), row.Held) << row.Box;
+        QTest::keyClick(FindIn(row.Dialog, row.Box), Qt::Key_Tab);
+        EXPECT_EQ(FindIn(row.Dialog, row.Box)->text(), row.Left) << row.Box;
+    }
+    EXPECT_EQ(FindIn<QComboBox>(property, "FrequnitCmb")->currentText(), "Mbps");
+    EXPECT_FALSE(FindIn<QLabel>(property, "NoteTxt")->text().isEmpty());
+    Confirm(count);
+    Confirm(insert);
+    EXPECT_TRUE(BusAt(49) == 0 && BusAt(50) == 1 && BusAt(51) == 0);
+    EXPECT_TRUE(document_.NodeCount == 3 && document_.Nodes[2].Name == "ab_1");
+    Confirm(property);
+    EXPECT_TRUE(document_.Nodes.empty() && document_.Dots == 50 && document_.Rate == 2e6);
+}
+
+TEST_F(DigitDialogTest, TextsKeepTheSizeAndTheHostKnowsTheWindows) {
+    std::map<QString, QSize> sizes;
+    const auto expect = [&](const QDialog& dialog) {
+        ExpectTexts(dialog);
+        EXPECT_EQ(sizes.emplace(dialog.objectName(), dialog.sizeHint()).first->second,
+                  dialog.sizeHint());
+    };
+    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
+        expect(ArbitraryValueFrm());
+        expect(CountFrm());
+        expect(InsertNodeFrm());
+        expect(DigitPropertyFrm());
+        const EvaluateFrm evaluate;
+        FindIn<QPushButton>(evaluate, "ValueAresBtn")->setObjectName("ValueAresBtn0");
+        expect(evaluate);
+    }
+    UseEnglish = 1;
+    for (const auto& [name, size] : sizes)
+        WithDialog(
+            [window = name.toStdString()] { TheHost().RunDialog(window, 0); },
+            [window = name](const QWidget* dialog) { EXPECT_EQ(dialog->objectName(), window); });
+}
+
+}  // namespace
