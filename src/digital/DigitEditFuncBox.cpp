@@ -17,8 +17,8 @@ DigitNode& NodeAt(DigitDocument& document, DigitTarget target) {
 }
 
 void LetGo(DigitDocument& document) {
-    document.SelectDrag = false;
-    document.CaliperDrag = false;
+    if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
+    document.SelectDrag = document.CaliperDrag = false;
 }
 
 void SwapSnapshot(DigitDocument& document) {
@@ -119,6 +119,7 @@ void ClearSelection(DigitDocument& document) {
     }
     document.WaveSelection = document.ListSelection = false;
     document.ValueEnabled = false;
+    document.SelectDrag = false;  // a rubber band may stand on rows that go
 }
 
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end) {

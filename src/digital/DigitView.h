@@ -46,7 +46,7 @@ void ZoomOutDigit();
 void ZoomOffDigit();  // back to 1.0
 void ToggleShowTime();
 
-/// "dot 12  120.000us", for the status strip.
+/// "12  120.000000us", for the status strip.
 std::string DotText(const DigitDocument& document, std::int32_t dot);
 /// The page that begins nearest to FirstDot, from 1.
 std::int32_t PageNumber(const DigitDocument& document);
