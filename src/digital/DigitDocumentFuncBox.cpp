@@ -83,7 +83,7 @@ void ResetDigitDocument(DigitDocument& document) {
     document.Reserved1 = 0;
     document.FirstRow = 0;
     document.FirstDot = 0;
-    document.ClickRow = document.RangeRow = -1;
+    document.ClickRow = document.AnchorRow = -1;
     document.SelectDrag = document.CaliperDrag = false;
     document.Zoom = 1.0;
     ClearSelection(document);

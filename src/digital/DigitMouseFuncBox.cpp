@@ -31,9 +31,11 @@ std::int16_t NearestRow(const DigitDocument& document, float y) {
         std::clamp(RowAtPixel(document, y), std::int32_t{document.FirstRow}, lowest));
 }
 
+// A dot that is seen: at the left edge ties to even may give the one before the page.
 std::int32_t DotAt(const DigitDocument& document, float x) {
     const float held = std::clamp(x, 0.0F, static_cast<float>(document.PictureWidth - 1));
-    return std::min(PixelToDot(document, held), std::max(document.Dots - 1, 0));
+    return std::clamp(PixelToDot(document, held), document.FirstDot,
+                      std::max(document.Dots - 1, document.FirstDot));
 }
 
 bool HasSelection(const DigitDocument& document) {
@@ -78,10 +80,10 @@ void AddListRows(DigitDocument& document, std::int16_t first, std::int16_t last)
 void SelectRow(std::int16_t index, std::int16_t row, ListAdd add) {
     DigitDocument& document = DigitAt(index);
     const DigitTarget target = TargetAtRow(document, row);
-    const std::int16_t anchor = document.ClickRow;
     if (add == ListAdd::Replace || !document.ListSelection) ClearSelection(document);
-    if (add != ListAdd::Range) document.ClickRow = row;
-    document.RangeRow = row;
+    document.ClickRow = row;
+    if (add != ListAdd::Range) document.AnchorRow = row;
+    const std::int16_t anchor = document.AnchorRow;
     if (add == ListAdd::Toggle && IsSelected(document, target)) {
         DeselectTarget(document, target);
         if (SelectedSpans(document).empty()) ClearSelection(document);
@@ -205,9 +207,8 @@ void DispParaListView_DblClick(std::int16_t index, float x, float y) {
 void StepListRow(std::int16_t index, std::int32_t step, ListAdd add) {
     DigitDocument& document = DigitAt(index);
     if (document.NodeCount == 0) return;
-    const std::int32_t before = add == ListAdd::Range ? document.RangeRow : document.ClickRow;
-    const auto row =
-        Narrow<std::int16_t>(std::clamp(before + step, 0, std::int32_t{LastListRow(document)}));
+    const auto row = Narrow<std::int16_t>(
+        std::clamp(document.ClickRow + step, 0, std::int32_t{LastListRow(document)}));
     if (row < document.FirstRow) ShowRowsFrom(index, row);
     if (row > document.LastRow) ShowRowsFrom(index, row - document.PageRows + 1);
     SelectRow(index, row, add);

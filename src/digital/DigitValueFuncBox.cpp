@@ -29,11 +29,6 @@ ChannelList ChannelsOf(const DigitDocument& document, DigitTarget target) {
     return one;
 }
 
-// The bits of a value for a target: the lowest one for a single channel.
-std::int32_t BitsFor(std::int32_t value, const ChannelList& list) {
-    return value & LargestOf(list.Count);
-}
-
 void WriteChannel(std::int32_t* words, std::int32_t count, std::uint8_t channel,
                   DigitOperation operation, std::int32_t bit) {
     const std::int32_t mask = LargestOf(MaxChannels) - (1 << channel);
@@ -67,12 +62,11 @@ void WritePattern(DigitDocument& document, DigitTarget target, std::int32_t firs
     std::int32_t* words = document.DigitSamples.data() + first;
     const std::int32_t count = last - first + 1;
     if (pattern.Operation == DigitOperation::Counting) {
-        const std::int32_t most = LargestOf(list.Count);
-        Counting(words, count, BitsFor(pattern.Start, list), most, pattern.Increment,
+        Counting(words, count, pattern.Start, LargestOf(list.Count), pattern.Increment,
                  pattern.Interval, list.Channels.data(), list.Count);
         return;
     }
-    const std::int32_t value = BitsFor(ValueOf(pattern), list);
+    const std::int32_t value = ValueOf(pattern);
     for (std::int16_t k = 0; k < list.Count; ++k)
         WriteChannel(words, count, list.Channels[static_cast<std::size_t>(k)], pattern.Operation,
                      value >> (list.Count - 1 - k) & 1);

@@ -80,7 +80,7 @@ struct DigitDocument {
     double CaliperPixel = 0.0;
     float ClickX = 0.0F, ClickY = 0.0F;  // last press in the picture
     std::int16_t ClickRow = -1;          // row of the last press in picture or list; -1: none
-    std::int16_t RangeRow = -1;          // the other end of a range of rows that begins there
+    std::int16_t AnchorRow = -1;         // row from which Shift adds rows of the list
     Flag SelectDrag;                     // a rubber band is being dragged
     Flag CaliperDrag;
     Flag ValueEnabled;                                  // a span is selected: values can be written
