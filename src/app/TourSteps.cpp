@@ -55,7 +55,7 @@ void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
 }
 
 void DiscardDocument(TourState& tour) {
-    WithDialog([&] { Click(Control(tour.Window->AnalogWindow(ActiveAnalogIndex), "ExtBtn")); },
+    WithDialog([&] { Click(Control(tour.Window->Window(tour.Window->ActiveTag()), "ExtBtn")); },
                [](QWidget* box) {
                    for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
                        if (button->text() == "&No") button->click();

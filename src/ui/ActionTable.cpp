@@ -1,6 +1,5 @@
 #include "ui/ActionTable.h"
 
-#include "frame/commands/CommandTable.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
 #include "ui/Theme.h"
@@ -19,28 +18,42 @@ std::string_view FaceOf(std::string_view button) {
     return TextOf("Mainfrm", stem + "Lab");
 }
 
+// An entry of a context menu shows the shortcut of its row, which works elsewhere: such a menu
+// hangs on no window.
+bool InContextMenu(std::string_view entry) {
+    return entry.starts_with("MnuIdle_") || entry.starts_with("MnuSelect_") ||
+           entry.find("PopMenu_") != entry.npos;
+}
+
+bool InDigitalMenu(std::string_view entry) {
+    return (entry.starts_with("MnuDigit") || entry.starts_with("mnuDigit")) &&
+           !InContextMenu(entry);
+}
+
+// The door whose action bears the shortcut while the menus of a kind are shown.
+std::string_view BearerOf(const CommandRow& row, ShownFor kind) {
+    if (kind == ShownFor::Digital)
+        for (const std::string_view entry : row.Menus)
+            if (InDigitalMenu(entry)) return entry;
+    return row.Menus[0].empty() ? row.Button : row.Menus[0];
+}
+
 }  // namespace
 
 ActionTable::ActionTable(QWidget* window) : QObject(window), window_(window) {
     for (const CommandRow& row : Commands()) {
-        if (!row.Button.empty()) AddAction(row, row.Button, row.Menus[0].empty());
-        bool first = true;
-        for (const std::string_view menu : row.Menus) {
-            if (!menu.empty()) AddAction(row, menu, first);
-            first = false;
-        }
+        if (!row.Button.empty()) AddAction(row, row.Button);
+        for (const std::string_view menu : row.Menus)
+            if (!menu.empty()) AddAction(row, menu);
     }
+    ShowKind(ShownFor::Analog);
 }
 
-void ActionTable::AddAction(const CommandRow& row, std::string_view name, bool first) {
+void ActionTable::AddAction(const CommandRow& row, std::string_view name) {
     auto* action = new QAction(window_);
     action->setObjectName(ToQt(name));
     action->setCheckable(row.Checked != nullptr);
     if (!row.Icon.empty()) action->setIcon(ThemedIcon(ToQt(row.Icon)));
-    if (!row.Shortcut.empty() && first) {
-        action->setShortcut(QKeySequence(ToQt(row.Shortcut)));
-        window_->addAction(action);
-    }
     const CommandRow* command = &row;
     // A switch shows the record, not the click: the refresh sets its mark again.
     connect(action, &QAction::triggered, this, [this, command] {
@@ -69,6 +82,10 @@ QMenu* ActionTable::MakeMenu(const MenuRow& row, QWidget* parent) {
     }
     menus_.insert(menu->objectName(), menu);
     return menu;
+}
+
+QMenu* ActionTable::FindMenu(std::string_view name) const {
+    return menus_.value(ToQt(name));
 }
 
 QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
@@ -107,6 +124,25 @@ void ActionTable::ApplyTexts() {
     for (auto menu = menus_.begin(); menu != menus_.end(); ++menu) {
         const std::string name = menu.key().toStdString();
         (*menu)->setTitle(ToQt(TextOf("Mnufrm", name)));
+    }
+}
+
+void ActionTable::ShowKind(ShownFor kind) {
+    if (kind == kind_) return;
+    kind_ = kind;
+    for (const CommandRow& row : Commands()) {
+        if (row.Shortcut.empty()) continue;
+        const QKeySequence keys(ToQt(row.Shortcut));
+        const std::string_view bearer = BearerOf(row, kind);
+        const auto set = [&](std::string_view name) {
+            if (name.empty()) return;
+            QAction* action = Find(name);
+            window_->removeAction(action);
+            action->setShortcut(name == bearer || InContextMenu(name) ? keys : QKeySequence());
+            if (name == bearer) window_->addAction(action);
+        };
+        set(row.Button);
+        for (const std::string_view menu : row.Menus) set(menu);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ui/DocumentWindow.h"
 
+#include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
 #include "ui/CaptionBar.h"
@@ -42,7 +43,7 @@ private:
 
 }  // namespace
 
-DocumentWindow::DocumentWindow(QWidget* parent) : QWidget(parent) {
+DocumentWindow::DocumentWindow(std::int16_t tag, QWidget* parent) : QWidget(parent), tag_(tag) {
     strip_ = new QWidget(this);
     strip_->setFixedHeight(StripHeight);
     strip_->installEventFilter(this);
@@ -72,10 +73,25 @@ DocumentWindow::DocumentWindow(QWidget* parent) : QWidget(parent) {
 
 void DocumentWindow::SetContent(QWidget* content) {
     column_->addWidget(content, 1);
-    setFocusProxy(content);
+    setFocusProxy(Picture());
 }
 
-void DocumentWindow::SetTitle(const QString& title) {
+std::int16_t DocumentWindow::Slot() const {
+    return static_cast<std::int16_t>(tag_ % FirstDigitTag);
+}
+
+void DocumentWindow::FollowSize() {
+    if (!DocReady || !IsOpen() || state_ == State::Minimised) return;
+    LayOut();
+    Repaint();
+}
+
+void DocumentWindow::LetTabIn(bool active) {
+    Picture()->setFocusPolicy(active ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void DocumentWindow::SetTitle(const std::string& name, bool changed) {
+    const QString title = QString::fromStdString(name) + (changed ? QString::fromUtf8(" •") : "");
     title_->setText(title);
     setWindowTitle(title);
 }
@@ -111,6 +127,17 @@ void DocumentWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), active_ ? CurrentChrome().accent : CurrentChrome().line);
     painter.fillRect(rect().adjusted(1, 1, -1, -1), CurrentChrome().panel);
+}
+
+void DocumentWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    FollowSize();
+}
+
+// A window that moves to a screen with another scale needs sharp surfaces again.
+bool DocumentWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ScreenChangeInternal) FollowSize();
+    return QWidget::event(event);
 }
 
 // Presses and drags of the caption strip. Other buttons than the left one pass.

@@ -207,10 +207,10 @@ void InstallHost(Mainfrm& window) {
     host.RunDialog = [main](std::string_view name, std::int16_t argument) {
         return RunWindow(*main, name, argument);
     };
-    host.OpenWindow = [main](std::int16_t tag) { main->OpenAnalogWindow(tag); };
+    host.OpenWindow = [main](std::int16_t tag) { main->OpenWindow(tag); };
     host.ActiveWindowTag = [main] { return main->ActiveTag(); };
-    host.ShowPlot = [main](std::int16_t slot) { main->ShowPlot(slot); };
-    host.ShowTitle = [main](std::int16_t slot) { main->ShowTitle(slot); };
+    host.ShowPlot = [main](std::int16_t tag) { main->ShowPlot(tag); };
+    host.ShowTitle = [main](std::int16_t tag) { main->ShowTitle(tag); };
     host.RefreshCommands = [main] { main->RefreshCommands(); };
     host.ApplyLanguage = [main] {
         TranslateQt();
@@ -220,8 +220,8 @@ void InstallHost(Mainfrm& window) {
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
         main->Status()->ShowText(ToQt(label), ToQt(text));
     };
-    host.ShowEntries = [main](std::int16_t slot) {
-        if (main->ActiveTag() == slot) main->Status()->ShowEntries(slot);
+    host.ShowEntries = [main](std::int16_t tag) {
+        if (main->ActiveTag() == tag) main->Status()->ShowEntries(tag);
     };
     host.PopupMenu = [main](std::string_view menu) { main->PopupMenu(ToQt(menu), QCursor::pos()); };
     host.ShowProgress = [main](std::int64_t done, std::int64_t total) {

@@ -1,9 +1,8 @@
 #include "ui/Mainfrm.h"
 
 #include "analog/AnalogDocument.h"
-#include "analog/DrawAnalogWave.h"
 #include "analog/ToolFuncBox.h"
-#include "files/FileOptFuncCode.h"
+#include "digital/DigitDocumentFuncBox.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -14,6 +13,7 @@
 #include "ui/ActionTable.h"
 #include "ui/CaptionBar.h"
 #include "ui/ConnectImage.h"
+#include "ui/DigitWaveFrm.h"
 #include "ui/DocumentArea.h"
 #include "ui/LinkDialog.h"
 #include "ui/LinkWait.h"
@@ -44,6 +44,10 @@ QString Text(std::string_view window, std::string_view control) {
     return ToQt(TextOf(window, control));
 }
 
+DocumentWindow* WindowOf(const QMdiSubWindow* frame) {
+    return static_cast<DocumentWindow*>(frame->widget());
+}
+
 }  // namespace
 
 Mainfrm::Mainfrm() {
@@ -56,9 +60,9 @@ Mainfrm::Mainfrm() {
     BuildToolBars();
     BuildDocumentArea();
     for (const MenuRow& row : PopupMenus()) {
-        if (row.Name == "MnuIdle") idleMenu_ = actions_->MakeMenu(row, this);
-        if (row.Name == "MnuSelect") selectMenu_ = actions_->MakeMenu(row, this);
-        if (row.Name == "MnuMin") tray_ = new TrayIcon(this, actions_->MakeMenu(row, this));
+        if (actions_->FindMenu(row.Name) != nullptr) continue;  // a sub menu
+        QMenu* menu = actions_->MakeMenu(row, this);
+        if (row.Name == "MnuMin") tray_ = new TrayIcon(this, menu);
     }
     activity_ = new ConnectImage(findChild<QToolButton*>("ConnectAresBtn"));
     auto* ticks = new QTimer(this);
@@ -99,17 +103,22 @@ void Mainfrm::BuildCaption() {
 
 void Mainfrm::BuildToolBars() {
     setContextMenuPolicy(Qt::NoContextMenu);  // the tool bars cannot be hidden
-    bool first = true;
     for (const MenuRow& row : ToolBars()) {
-        if (!first) addToolBarBreak();
+        if (row.NewLine && !bars_.empty()) addToolBarBreak();
         QToolBar* bar = actions_->MakeToolBar(row, this);
         addToolBar(bar);
+        if (row.Entries.back() == "-") {  // the same room on both sides of the last separator
+            bar->ensurePolished();
+            QMargins rim = bar->layout()->contentsMargins();
+            rim.setRight(0);
+            bar->layout()->setContentsMargins(rim);
+        }
+        bars_.push_back(bar);
         // The style's own arrow to what does not fit is black on every ground.
         if (auto* more = bar->findChild<QToolButton*>("qt_toolbar_ext_button")) {
             more->setIcon(ThemedIcon("ChevronDown"));
             more->setStyleSheet("padding: 0");  // it is 12 pixels wide
         }
-        first = false;
     }
 }
 
@@ -121,7 +130,7 @@ void Mainfrm::BuildDocumentArea() {
     area_ = new DocumentArea(centre);
     status_ = new StatusStrip(*actions_, centre);
     connect(status_, &StatusStrip::Left, this, [this] {
-        if (ActiveTag() >= 0) AnalogWindow(ActiveTag())->Plot()->setFocus();
+        if (DocumentWindow* window = Window(ActiveTag())) window->Picture()->setFocus();
     });
     column->addWidget(area_, 1);
     column->addWidget(status_);
@@ -129,7 +138,7 @@ void Mainfrm::BuildDocumentArea() {
     connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
         if (window == nullptr || DocBuilding) return;
         RefreshCommands();
-        if (ActiveTag() >= 0) ShowTool(ActiveTag());
+        ShowActiveTool();
         status_->ShowPointer({});
         TabToActive();
     });
@@ -142,71 +151,101 @@ void Mainfrm::BuildDocumentArea() {
     });
 }
 
-void Mainfrm::OpenAnalogWindow(std::int16_t slot) {
-    QMdiSubWindow*& frame = frames_[static_cast<std::size_t>(slot)];
-    if (frame == nullptr) {
-        auto* window = new WaveFrm(slot, nullptr);
-        frame = area_->AddDocument(window);
-        frame->setObjectName("WaveFrm" + window->Tag());
-        frame->installEventFilter(this);
-        connect(window->Plot(), &WavePic::ContextAsked, this, &Mainfrm::ShowContextMenu);
-        connect(window->Plot(), &WavePic::PointerMoved, status_, &StatusStrip::ShowPointer);
-        connect(window->Plot(), &WavePic::EntryAsked, status_, &StatusStrip::FocusEntry);
+QMdiSubWindow* Mainfrm::MakeWindow(std::int16_t tag) {
+    DocumentWindow* window = nullptr;
+    if (tag < FirstDigitTag) {
+        auto* analog = new WaveFrm(tag, nullptr);
+        connect(analog->Plot(), &WavePic::EntryAsked, status_, &StatusStrip::FocusEntry);
+        window = analog;
+    } else {
+        window = new DigitWaveFrm(static_cast<std::int16_t>(tag - FirstDigitTag), nullptr);
     }
-    AnalogWindow(slot)->ShowTitle();
-    AnalogWindow(slot)->ApplyTexts();
+    connect(window, &DocumentWindow::ContextAsked, this, &Mainfrm::PopupMenu);
+    connect(window, &DocumentWindow::PointerMoved, status_, &StatusStrip::ShowPointer);
+    QMdiSubWindow* frame = area_->AddDocument(window);
+    frame->setObjectName(window->objectName() + QString::number(window->Slot()));
+    frame->installEventFilter(this);
+    return frame;
+}
+
+void Mainfrm::OpenWindow(std::int16_t tag) {
+    QMdiSubWindow*& frame = frames_[static_cast<std::size_t>(tag)];
+    if (frame == nullptr) frame = MakeWindow(tag);
+    DocumentWindow* window = Window(tag);
+    window->ShowTitle();
+    window->ApplyTexts();
     area_->Open(frame);
     TabToActive();
-    AnalogWindow(slot)->LayOut();
-    ShowTitle(slot);
+    window->setFocus();
+    window->LayOut();
+    ShowTitle(tag);
 }
 
-// The Tab key must not wander into documents that lie behind the active one.
 void Mainfrm::TabToActive() {
-    for (QMdiSubWindow* frame : frames_) {
-        if (frame == nullptr) continue;
-        const bool active = frame == area_->currentSubWindow();
-        static_cast<WaveFrm*>(frame->widget())
-            ->Plot()
-            ->setFocusPolicy(active ? Qt::StrongFocus : Qt::ClickFocus);
-    }
+    for (QMdiSubWindow* frame : frames_)
+        if (frame != nullptr) WindowOf(frame)->LetTabIn(frame == area_->currentSubWindow());
 }
 
-void Mainfrm::CloseAnalogWindow(std::int16_t slot) {
-    if (QMdiSubWindow* frame = frames_[static_cast<std::size_t>(slot)]) frame->close();
+DocumentWindow* Mainfrm::Window(std::int16_t tag) const {
+    QMdiSubWindow* frame = tag < 0 ? nullptr : frames_[static_cast<std::size_t>(tag)];
+    return frame ? WindowOf(frame) : nullptr;
 }
 
 WaveFrm* Mainfrm::AnalogWindow(std::int16_t slot) const {
-    QMdiSubWindow* frame = frames_[static_cast<std::size_t>(slot)];
-    return frame ? static_cast<WaveFrm*>(frame->widget()) : nullptr;
+    return static_cast<WaveFrm*>(Window(slot));
 }
 
 std::int16_t Mainfrm::ActiveTag() const {
     QMdiSubWindow* frame = area_->currentSubWindow();
     if (frame == nullptr || !frame->isVisibleTo(area_->viewport())) return -1;
-    return static_cast<WaveFrm*>(frame->widget())->Tag().toShort();
+    return WindowOf(frame)->Tag();
 }
 
-void Mainfrm::ShowTitle(std::int16_t slot) {
-    if (WaveFrm* window = AnalogWindow(slot)) window->ShowTitle();
+// The strip's panel of the active document's tool. Without a document the hint of the one that
+// closed last stands.
+void Mainfrm::ShowActiveTool() {
     const std::int16_t active = ActiveTag();
-    WaveFrm* shown = active >= 0 ? AnalogWindow(active) : nullptr;
+    if (active >= FirstDigitTag)
+        ShowDigitStatus();
+    else if (active >= 0)
+        ShowTool(active);
+}
+
+void Mainfrm::ShowTitle(std::int16_t tag) {
+    if (DocumentWindow* window = Window(tag)) window->ShowTitle();
+    const DocumentWindow* shown = Window(ActiveTag());
     caption_->ShowDocument(shown ? shown->windowTitle() : QString());
     setWindowTitle(shown ? shown->windowTitle() + " - TideMark" : QString("TideMark"));
 }
 
-void Mainfrm::ShowPlot(std::int16_t slot) {
-    if (WaveFrm* window = AnalogWindow(slot)) window->Plot()->update();
+void Mainfrm::ShowPlot(std::int16_t tag) {
+    if (DocumentWindow* window = Window(tag)) window->ShowPlot();
+}
+
+// Menus and tool bars of the other kind of document are hidden; both kinds have two lines of tools.
+void Mainfrm::ShowKind() {
+    const ShownFor kind = ActiveIsDigital ? ShownFor::Digital : ShownFor::Analog;
+    const auto belongs = [kind](const MenuRow& row) {
+        return row.Kind == ShownFor::Both || row.Kind == kind;
+    };
+    actions_->ShowKind(kind);
+    for (const MenuRow& row : MenuStrip())
+        actions_->FindMenu(row.Name)->menuAction()->setVisible(belongs(row));
+    // What goes goes first: bars of both kinds in a line would widen it for a moment.
+    for (const bool shown : {false, true})
+        for (std::size_t i = 0; i < bars_.size(); ++i)
+            if (belongs(ToolBars()[i]) == shown) bars_[i]->setVisible(shown);
 }
 
 void Mainfrm::RefreshCommands() {
     ActiveDocumentIndex();
     RefreshDotCommands();
+    ShowKind();
     actions_->Refresh();
-    ShowTitle(ActiveAnalogIndex);
     const std::int16_t active = ActiveTag();
+    ShowTitle(active);
     status_->ShowEntries(active);
-    if (active >= 0) AnalogWindow(active)->Plot()->ShowToolCursor();
+    if (DocumentWindow* window = Window(active)) window->ShowToolCursor();
 }
 
 void Mainfrm::ApplyLanguage() {
@@ -215,7 +254,7 @@ void Mainfrm::ApplyLanguage() {
     status_->ApplyTexts();
     area_->viewport()->update();
     for (QMdiSubWindow* frame : frames_)
-        if (frame != nullptr) static_cast<WaveFrm*>(frame->widget())->ApplyTexts();
+        if (frame != nullptr) WindowOf(frame)->ApplyTexts();
     ShowLink();
 }
 
@@ -281,22 +320,23 @@ void Mainfrm::ShowEditor() {
 bool Mainfrm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::Close) return QMainWindow::eventFilter(watched, event);
     auto* frame = static_cast<QMdiSubWindow*>(watched);
-    const std::int16_t slot = static_cast<WaveFrm*>(frame->widget())->Slot();
+    DocumentWindow* window = WindowOf(frame);
     event->ignore();
-    if (!AnalogInUse[static_cast<std::size_t>(slot)]) return true;
-    if (AnalogAt(slot).Modified) area_->setActiveSubWindow(frame);
-    if (!QueryCloseDocument(slot, SaveAnalog)) return true;
+    if (!window->IsOpen()) return true;
+    if (window->IsChanged()) area_->setActiveSubWindow(frame);
+    if (!window->QueryClose()) return true;
     frame->hide();
     area_->ActivateUsedBefore(frame);
-    DocumentClosed(slot);
+    window->Closed();
+    ShowActiveTool();
     return true;
 }
 
 bool Mainfrm::CloseAllDocuments() {
-    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot) {
-        if (!AnalogInUse[static_cast<std::size_t>(slot)]) continue;
-        CloseAnalogWindow(slot);
-        if (AnalogInUse[static_cast<std::size_t>(slot)]) return false;
+    for (QMdiSubWindow* frame : frames_) {
+        if (frame == nullptr || !WindowOf(frame)->IsOpen()) continue;
+        frame->close();
+        if (WindowOf(frame)->IsOpen()) return false;
     }
     return true;
 }
@@ -308,21 +348,17 @@ void Mainfrm::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    const bool asks = std::any_of(AnalogDocs.begin(), AnalogDocs.end(),
-                                  [](const auto& wave) { return bool(wave.Modified); });
+    const bool asks = std::any_of(frames_.begin(), frames_.end(), [](QMdiSubWindow* frame) {
+        return frame != nullptr && WindowOf(frame)->IsOpen() && WindowOf(frame)->IsChanged();
+    });
     if (asks && isMinimized()) ShowEditor();
     event->setAccepted(CloseAllDocuments());
     if (event->isAccepted()) tray_->Remove();
 }
 
-void Mainfrm::ShowContextMenu(QPoint global) {
-    PopupMenu(ActiveAnalog().HasSelection ? "MnuSelect" : "MnuIdle", global);
-}
-
 void Mainfrm::PopupMenu(const QString& name, QPoint global) {
     RefreshCommands();
-    for (QMenu* menu : {idleMenu_, selectMenu_})
-        if (menu->objectName() == name) menu->popup(global);
+    if (QMenu* menu = actions_->FindMenu(name.toStdString())) menu->popup(global);
 }
 
 // The open windows stand below the arrangement entries, "1 Waveform0" and so on.
@@ -336,7 +372,8 @@ void Mainfrm::FillWindowMenu() {
         const QString name = "Mnuwin_W" + QString::number(++number);
         QString title = frame->widget()->windowTitle();
         title.replace('&', "&&");  // a file's name holds no mnemonic
-        QAction* entry = windowMenu_->addAction(Text("Mnufrm", name.toStdString()) + " " + title);
+        const QString face = Text("Mnufrm", name.toStdString()) + " " + title;
+        QAction* entry = windowMenu_->addAction(face.trimmed());  // the first ten have numbers
         entry->setObjectName(name);
         entry->setProperty("window", true);
         entry->setCheckable(true);

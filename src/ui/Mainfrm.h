@@ -5,13 +5,16 @@
 
 #include <array>
 #include <QMainWindow>
+#include <vector>
 
 class ActionTable;
 class CaptionBar;
 class ConnectImage;
 class DocumentArea;
+class DocumentWindow;
 class QMdiSubWindow;
 class QMenuBar;
+class QToolBar;
 class StatusStrip;
 class TrayIcon;
 class WaveFrm;
@@ -21,16 +24,16 @@ class Mainfrm : public QMainWindow {
 public:
     Mainfrm();
 
-    /// Makes (or reuses) the window of a slot, shows and activates it and sizes its surfaces.
-    void OpenAnalogWindow(std::int16_t slot);
-    /// Asks to close the window of a slot, as its ExtBtn does.
-    void CloseAnalogWindow(std::int16_t slot);
+    /// Makes (or reuses) the window of a document, shows and activates it and sizes its surfaces.
+    void OpenWindow(std::int16_t tag);
     /// The tag of the active child window, -1 without one.
     std::int16_t ActiveTag() const;
+    /// The window of a document; null before it was first opened, and for -1.
+    DocumentWindow* Window(std::int16_t tag) const;
     WaveFrm* AnalogWindow(std::int16_t slot) const;
 
-    void ShowTitle(std::int16_t slot);
-    void ShowPlot(std::int16_t slot);
+    void ShowTitle(std::int16_t tag);
+    void ShowPlot(std::int16_t tag);
     void RefreshCommands();
     void ApplyLanguage();
     /// Shows the state of the link: connect button, status strip and the open link dialog.
@@ -56,8 +59,10 @@ private:
     void BuildCaption();
     void BuildToolBars();
     void BuildDocumentArea();
+    QMdiSubWindow* MakeWindow(std::int16_t tag);
+    void ShowKind();
+    void ShowActiveTool();
     void TabToActive();
-    void ShowContextMenu(QPoint global);
     void FillWindowMenu();
     bool CloseAllDocuments();
     void LeaveMaximised();
@@ -66,12 +71,13 @@ private:
     ActionTable* actions_;
     CaptionBar* caption_;
     QMenuBar* menus_;
-    QMenu *idleMenu_, *selectMenu_, *windowMenu_ = nullptr;
+    QMenu* windowMenu_ = nullptr;
+    std::vector<QToolBar*> bars_;  // in the order of ToolBars()
     DocumentArea* area_;
     StatusStrip* status_;
     ConnectImage* activity_;
     TrayIcon* tray_ = nullptr;
-    std::array<QMdiSubWindow*, 11> frames_{};  // windows stay with their slots and are reused
+    std::array<QMdiSubWindow*, 20> frames_{};  // by tag; windows stay with their slots, reused
     bool mainMaximised_ = false;
     std::int16_t savedLeft_ = 0, savedTop_ = 0, savedWidth_ = 0, savedHeight_ = 0;
 };

@@ -2,9 +2,11 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/EntryFuncBox.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/StringFunc.h"
 #include "link/ConnectFuncBox.h"
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
@@ -14,6 +16,7 @@
 #include "ui/Theme.h"
 #include "ui/WaitPanel.h"
 
+#include <cmath>
 #include <QAction>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -52,13 +55,40 @@ constexpr int NarrowStrip = 1100;  // below it the boxes need some of the room a
 constexpr int WaitWidth = 320;
 constexpr qint64 Moment = 200;  // milliseconds of work before the bar shows
 
-int NumberWidth(const QWidget* widget, int digits) {
+int WidthOfDigits(const QWidget* widget, int digits) {
     return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
 }
 
 QString StripText(const QString& control) {
     return ToQt(TextOf("Mainfrm", control.toStdString()));
 }
+
+// "100 Kbps"; what the record holds beyond a thousandth is not shown.
+std::string RateText(const DigitDocument& document) {
+    constexpr std::pair<double, const char*> Units[] = {{1e6, " Mbps"}, {1e3, " Kbps"}};
+    const auto number = [](double rate) { return GeneralText(std::round(rate * 1000) / 1000); };
+    for (const auto& [size, unit] : Units)
+        if (document.Rate >= size) return number(document.Rate / size) + unit;
+    return number(document.Rate) + " bps";
+}
+
+std::string CaliperTime(const DigitDocument& document) {
+    return TimeToTextFine(GeneralText(document.Caliper / document.Rate));
+}
+
+struct DigitReadOut {
+    const char *Caption, *Label;
+    int Digits;  // of the longest text
+    std::string (*Text)(const DigitDocument& document);
+};
+
+const DigitReadOut DigitReadOuts[] = {
+    {"CaliperLab", "lblCaliper", 7,
+     [](const DigitDocument& document) { return std::to_string(document.Caliper); }},
+    {"CaliperTimeLab", "lblCaliperTime", 12, CaliperTime},
+    {"DigitDotsLab", "lblDigitDots", 7,
+     [](const DigitDocument& document) { return std::to_string(document.Dots); }},
+    {"RateLab", "lblRate", 11, RateText}};
 
 // "KT3300 connected" or "Not connected".
 QString LinkText(std::string_view text) {
@@ -109,6 +139,8 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     AddReadOut("picSelect", "SelectDotLab", "lblSelectDot");
     AddReadOut("picIdle", "lblXLab", "lblX");
     AddReadOut("picIdle", "lblYLab", "lblY");
+    for (const DigitReadOut& readOut : DigitReadOuts)
+        AddReadOut("picDigitDispTimeBar", readOut.Caption, readOut.Label, readOut.Digits);
     for (const PanelRow& row : Panels) LineOf(row.Panel)->addStretch(1);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 4, 12, 4);
@@ -183,7 +215,7 @@ void StatusStrip::AddBox(const EntryRow& row, QHBoxLayout* line) {
     auto* box = new NumberBox(value ? KeyKind::SignedReal : KeyKind::Whole, line->parentWidget());
     box->setObjectName(ToQt(row.Box));
     if (value) box->SetLongestText(ValueBoxLength);
-    box->setFixedWidth(NumberWidth(box, value ? 9 : 8) + 16);
+    box->setFixedWidth(WidthOfDigits(box, value ? 9 : 8) + 16);
     box->installEventFilter(this);
     auto* label = new QLabel(line->parentWidget());
     label->setObjectName(ToQt(row.Box) + "Lab");
@@ -233,7 +265,8 @@ void StatusStrip::AddButtons(const ActionTable& actions) {
     }
 }
 
-void StatusStrip::AddReadOut(const char* panel, const char* caption, const char* label) {
+void StatusStrip::AddReadOut(const char* panel, const char* caption, const char* label,
+                             int digits) {
     QHBoxLayout* line = LineOf(panel);
     auto* text = new QLabel(line->parentWidget());
     text->setObjectName(caption);
@@ -241,7 +274,7 @@ void StatusStrip::AddReadOut(const char* panel, const char* caption, const char*
     frame->setObjectName(label);
     frame->setProperty("readout", true);
     frame->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    frame->setMinimumWidth(NumberWidth(frame, 9) + 16);
+    frame->setMinimumWidth(WidthOfDigits(frame, digits) + 16);
     frame->setFixedHeight(28);
     readOuts_.insert(label, frame);
     if (line->count() > 0) line->addSpacing(Gap);
@@ -270,9 +303,17 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
     panels_->setCurrentWidget(target->parentWidget());
 }
 
-void StatusStrip::ShowEntries(std::int16_t slot) {
+void StatusStrip::ShowEntries(std::int16_t tag) {
+    const bool digital = tag >= FirstDigitTag;
+    groups_.value("picDigitDispTimeBar")->setVisible(digital);
+    if (digital) {
+        const DigitDocument& document = DigitAt(static_cast<std::int16_t>(tag - FirstDigitTag));
+        for (const DigitReadOut& readOut : DigitReadOuts)
+            readOuts_.value(readOut.Label)->setText(QString::fromStdString(readOut.Text(document)));
+        return;
+    }
     static const AnalogWaveRecord none;
-    const AnalogWaveRecord& wave = slot < 0 ? none : AnalogAt(slot);
+    const AnalogWaveRecord& wave = tag < 0 ? none : AnalogAt(tag);
     for (const EntryRow& row : EntryRows()) {
         NumberBox* box = boxes_.value(static_cast<int>(row.Which));
         const std::string& text = EntryText(wave, row.Which);  // digits

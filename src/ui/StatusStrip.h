@@ -25,8 +25,8 @@ public:
 
     /// Puts a text into a message label and brings its panel to the front.
     void ShowText(const QString& label, const QString& text);
-    /// Writes boxes and read-outs of a document; -1 empties them.
-    void ShowEntries(std::int16_t slot);
+    /// Writes boxes and read-outs of the document of a window; -1 empties them.
+    void ShowEntries(std::int16_t tag);
     /// Dot, time and volts under the pointer; empty outside of a plot.
     void ShowPointer(const QString& text);
     /// Moves the focus to the last box of the panel in front, where a value is typed.
@@ -53,7 +53,7 @@ private:
     QWidget* MakePanel(const char* name, const char* message);
     void AddBoxes(const ActionTable& actions);
     void AddBox(const EntryRow& row, QHBoxLayout* line);
-    void AddReadOut(const char* panel, const char* caption, const char* label);
+    void AddReadOut(const char* panel, const char* caption, const char* label, int digits = 9);
     void AddButtons(const ActionTable& actions);
     QHBoxLayout* LineOf(const QString& panel) const;
 

@@ -1,24 +1,28 @@
 #include "ui/WaveFrm.h"
 
+#include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
+#include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "ui/WavePic.h"
 
 #include <cmath>
 #include <QLayout>
-#include <QResizeEvent>
 
-WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : DocumentWindow(parent), slot_(slot) {
+WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : DocumentWindow(slot, parent) {
     setObjectName("WaveFrm");
     plot_ = new WavePic(slot, this);
     SetContent(plot_);
+    connect(plot_, &WavePic::PointerMoved, this, &DocumentWindow::PointerMoved);
+    connect(plot_, &WavePic::ContextAsked, this, [this](QPoint global) {
+        emit ContextAsked(AnalogAt(Slot()).HasSelection ? "MnuSelect" : "MnuIdle", global);
+    });
     ApplyTexts();
 }
 
 void WaveFrm::ShowTitle() {
-    const AnalogWaveRecord& wave = AnalogAt(slot_);
-    const QString name = QString::fromStdString(wave.Name);
-    SetTitle(wave.Modified ? name + QString::fromUtf8(" •") : name);
+    const AnalogWaveRecord& wave = AnalogAt(Slot());
+    SetTitle(wave.Name, bool(wave.Modified));
 }
 
 void WaveFrm::LayOut() {
@@ -27,25 +31,34 @@ void WaveFrm::LayOut() {
     const auto pixels = [scale](int logical) {
         return static_cast<std::int32_t>(std::lround(logical * scale));
     };
-    LayoutAnalogSurfaces(AnalogAt(slot_), pixels(plot_->width() - LabelGutter),
+    LayoutAnalogSurfaces(AnalogAt(Slot()), pixels(plot_->width() - LabelGutter),
                          pixels(plot_->height()), scale);
 }
 
-// A minimised window shows nothing of the plot; the surfaces wait as they are.
-void WaveFrm::FollowSize() {
-    if (!DocReady || !AnalogInUse[static_cast<std::size_t>(slot_)]) return;
-    if (ShownState() == State::Minimised) return;
-    LayOut();
-    RepaintAnalog(slot_, true);
+void WaveFrm::ShowToolCursor() {
+    plot_->ShowToolCursor();
 }
 
-void WaveFrm::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    FollowSize();
+QWidget* WaveFrm::Picture() const {
+    return plot_;
 }
 
-// A window that moves to a screen with another scale needs sharp surfaces again.
-bool WaveFrm::event(QEvent* event) {
-    if (event->type() == QEvent::ScreenChangeInternal) FollowSize();
-    return QWidget::event(event);
+bool WaveFrm::IsOpen() const {
+    return bool(AnalogInUse[static_cast<std::size_t>(Slot())]);
+}
+
+bool WaveFrm::IsChanged() const {
+    return bool(AnalogAt(Slot()).Modified);
+}
+
+bool WaveFrm::QueryClose() {
+    return QueryCloseDocument(Slot(), SaveAnalog);
+}
+
+void WaveFrm::Closed() {
+    DocumentClosed(Slot());
+}
+
+void WaveFrm::Repaint() {
+    RepaintAnalog(Slot(), true);
 }

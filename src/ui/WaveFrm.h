@@ -1,6 +1,5 @@
 #pragma once
-// The window of an analog document: the plot with its scales below the caption. It shows the
-// record's surfaces and holds no state of the document.
+// The window of an analog document: the plot with its scales below the caption.
 #include "ui/DocumentWindow.h"
 
 class WavePic;
@@ -10,21 +9,19 @@ class WaveFrm : public DocumentWindow {
 public:
     WaveFrm(std::int16_t slot, QWidget* parent);
 
-    std::int16_t Slot() const { return slot_; }
-    /// The slot as text, as the program finds the active document.
-    QString Tag() const { return QString::number(slot_); }
-
-    void ShowTitle();
-    /// Sizes the record's surfaces to this window.
-    void LayOut();
-    void FollowSize() override;
+    void ShowTitle() override;
+    void LayOut() override;
+    void ShowToolCursor() override;
+    QWidget* Picture() const override;
+    bool IsOpen() const override;
+    bool IsChanged() const override;
+    bool QueryClose() override;
+    void Closed() override;
     WavePic* Plot() const { return plot_; }
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    bool event(QEvent* event) override;
+    void Repaint() override;
 
 private:
-    std::int16_t slot_;
     WavePic* plot_;
 };

@@ -12,6 +12,7 @@
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
+#include "ui/PicMouse.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -21,13 +22,7 @@
 
 namespace {
 
-constexpr int Slack = 12;        // logical pixels around the plot that belong to it
-constexpr int WheelNotch = 120;  // eighths of a degree
-
-MouseButton ButtonOf(Qt::MouseButtons buttons) {
-    if (buttons & Qt::LeftButton) return MouseButton::Left;
-    return buttons & Qt::RightButton ? MouseButton::Right : MouseButton::None;
-}
+constexpr int Slack = 12;  // logical pixels around the plot that belong to it
 
 // Light with a dark edge, so that it is seen on the plot and on the curve. The tip is the hot spot.
 QCursor PencilCursor(qreal ratio) {
@@ -132,11 +127,8 @@ void WavePic::mouseDoubleClickEvent(QMouseEvent* event) {
 void WavePic::wheelEvent(QWheelEvent* event) {
     event->accept();
     if (event->buttons() != Qt::NoButton) return;
-    const QPoint turned = event->angleDelta();
-    const bool sideways = turned.y() == 0;
-    wheel_ += sideways ? turned.x() : turned.y();
-    const int notches = wheel_ / WheelNotch;
-    wheel_ -= notches * WheelNotch;
+    const bool sideways = event->angleDelta().y() == 0;
+    const int notches = TakeNotches(*event, wheel_);
     if (notches == 0) return;
     const QPoint plot = OnPlot(event->position());
     const bool upright = event->modifiers() & Qt::ControlModifier;

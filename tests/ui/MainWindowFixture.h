@@ -1,6 +1,7 @@
 #pragma once
 // Real windows under scripted hands, for tests of whole flows.
 #include "analog/AnalogFixture.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
 #include "ui/NumberBox.h"
@@ -88,6 +89,9 @@ protected:
         InitialiseGlobals();
         PropertyEditMode = false;
         ClipValues.clear();
+        for (DigitDocument& document : DigitDocTable) document = DigitDocument();
+        DigitDocUsed.fill(false);
+        DigitDocCount = 0;
     }
     /// An open document of 4096 dots at most, 2 V peak to peak, 10 us.
     static AnalogWaveRecord& MakeDocument(std::string_view runs, std::int32_t count = 100,

@@ -16,7 +16,8 @@ void ExpectButton(const Mainfrm& window, std::string_view name) {
 
 void ExpectMenu(const QString& menu, const QList<QAction*>& entries) {
     QStringList texts;
-    for (const QAction* entry : entries) texts << entry->text();  // separators have none
+    for (const QAction* entry : entries)
+        if (entry->isVisible()) texts << entry->text();  // separators have none
     ExpectUniqueMnemonics(menu, texts);
 }
 
@@ -41,20 +42,12 @@ TEST_F(MainWindowTest, EveryDoorSpeaksTheLanguageInUse) {
         }
         ExpectMenu("strip", Find<QMenuBar>("MnuBtnAresBtn")->actions());
         for (const QMenu* menu : window_->findChildren<QMenu*>()) {
-            const std::string name = menu->objectName().toStdString();
-            if (!name.starts_with("Mnu")) continue;
-            EXPECT_EQ(menu->title().toStdString(), TextOf("Mnufrm", name));
-            ExpectMenu(menu->objectName(), menu->actions());
+            const QString name = menu->objectName();
+            if (!name.startsWith("mnu", Qt::CaseInsensitive)) continue;
+            EXPECT_EQ(menu->title().toStdString(), TextOf("Mnufrm", name.toStdString()));
+            ExpectMenu(name, menu->actions());
         }
     }
-}
-
-TEST_F(MainWindowTest, ShortcutsAreUnique) {
-    std::set<QKeySequence> keys;
-    for (const QShortcut* own : window_->findChildren<QShortcut*>()) keys.insert(own->key());
-    for (const QAction* action : window_->actions())
-        EXPECT_TRUE(keys.insert(action->shortcut()).second) << action->text().toStdString();
-    EXPECT_TRUE(keys.contains(QKeySequence("Ctrl+S")));
 }
 
 // --- states -------------------------------------------------------------------------------------

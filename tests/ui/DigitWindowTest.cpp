@@ -1,0 +1,205 @@
+#include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitView.h"
+#include "platform/qt/QtText.h"
+#include "ui/DocumentWindow.h"
+#include "ui/MainWindowFixture.h"
+
+namespace {
+
+class DigitWindowTest : public MainWindowTest {
+protected:
+    // 4096 dots at 1 kbps, "clk" and the bus "b" of 12 channels.
+    static DigitDocument& NewDigit() {
+        ActiveDigitIndex = FirstFreeDigitSlot();
+        DigitDocument& document = ActiveDigit();
+        document.Dots = 4096;
+        document.Rate = 1000.0;
+        CreateDigitDocument();
+        AppendNode(document, {.Name = "clk"});
+        AppendNode(document, {.Name = "b", .Width = 12});
+        RenumberRows(document);
+        TheHost().RefreshCommands();
+        return document;
+    }
+    void CloseActive() const {
+        FindIn<QToolButton>(*window_->Window(window_->ActiveTag()), "ExtBtn")->click();
+    }
+    void Turn(QWidget* part, Qt::KeyboardModifiers modifiers, QPoint angle) const {
+        const QPointF at = part->rect().center();
+        QWheelEvent wheel(at, part->mapToGlobal(at), {}, angle, {}, modifiers, {}, false);
+        QApplication::sendEvent(part, &wheel);
+    }
+};
+
+TEST_F(DigitWindowTest, MenusToolsAndShortcutsFollowTheKind) {
+    New();
+    const QRect room = Find<QMdiArea>("DocumentArea")->geometry();
+    const DigitDocument& document = NewDigit();
+    const std::tuple<const char*, std::string_view, const char*> rows[] = {
+        // clang-format off
+        {"WaveBar", "a", ""}, {"ToolBar", "a", ""}, {"ValueBar", "d", ""}, {"DigitBar", "d", ""},
+        {"FileBar", "ad", ""}, {"LinkBar", "ad", ""}, {"picSelect", "a", ""},
+        {"picDigitDispTimeBar", "d", ""}, {"MnuFile", "ad", ""}, {"MnuEdit", "a", ""},
+        {"MnuMath", "a", ""}, {"MnuDigitEdit", "d", ""}, {"MnuDigitDraw", "d", ""},
+        {"MnuEdit_Undo", "a", "Ctrl+Z"}, {"MnuDigitEdit_Undo", "d", "Ctrl+Z"},
+        {"MnuView_ShowTime", "a", "Ctrl+T"}, {"mnuDigitView_ShowTime", "d", "Ctrl+T"},
+        {"MnuEdit_Paste", "ad", "Ctrl+V"}, {"mnuDigitViewZoomIn", "ad", "Ctrl+="},
+        {"mnuDigitListPopMenu_SelectEntire", "ad", "Ctrl+Shift+A"}};
+    // clang-format on
+    for (const char kind : {'d', 'a', 'd'}) {
+        SCOPED_TRACE(kind);
+        std::set<QKeySequence> keys;
+        for (const QShortcut* own : window_->findChildren<QShortcut*>()) keys.insert(own->key());
+        for (const QAction* action : window_->actions())
+            EXPECT_TRUE(keys.insert(action->shortcut()).second) << action->text().toStdString();
+        for (const auto& [name, when, shortcut] : rows) {
+            const auto* menu = window_->findChild<QMenu*>(name);
+            const bool shown = *shortcut ? !Command(name)->shortcut().isEmpty()
+                               : menu    ? menu->menuAction()->isVisible()
+                                         : Find<QWidget>(name)->isVisible();
+            EXPECT_EQ(shown, when.find(kind) != when.npos) << name;
+            EXPECT_TRUE(!*shortcut || keys.contains(QKeySequence(shortcut))) << name;
+        }
+        QStringList strip;
+        for (const QAction* menu : Find<QMenuBar>("MnuBtnAresBtn")->actions())
+            if (menu->isVisible()) strip << menu->text();
+        ExpectUniqueMnemonics("strip", strip);
+        window_->layout()->activate();
+        EXPECT_EQ(Find<QMdiArea>("DocumentArea")->geometry(), room);
+        const bool time = bool(document.ShowTime);
+        Key(Qt::Key_T);
+        EXPECT_EQ(bool(document.ShowTime) != time, kind == 'd');
+        Key(Qt::Key_Tab);
+    }
+    CloseActive();  // the last analog document
+    EXPECT_TRUE(Find<QWidget>("picDigitDispTimeBar")->isVisible());
+    CloseActive();
+    EXPECT_TRUE(Find<QWidget>("WaveBar")->isVisible() && Command("WaveAresBtn0")->isEnabled());
+}
+
+TEST_F(DigitWindowTest, ClosingAsksForBothKinds) {
+    NewSine();
+    NewDigit().Changed = true;
+    Script({Answer::Cancel});
+    CloseActive();
+    EXPECT_EQ(asked.at(0), "Save changes to Digital Waveform 0 ?");
+    EXPECT_EQ(DigitAt(0).NodeCount, 2);
+    Script({Answer::No, Answer::Cancel});
+    Find("ExitAbtn")->click();
+    EXPECT_TRUE(window_->isVisible() && AnalogDocCount == 0 && DigitDocCount == 1);
+    Script({Answer::No});
+    CloseActive();
+    EXPECT_TRUE(DigitDocCount == 0 && DigitAt(0).Nodes.empty());
+    NewDigit();
+    EXPECT_EQ(window_->windowTitle(), "Digital Waveform 0 - TideMark");
+    EXPECT_EQ(Find<QMdiArea>("DocumentArea")->subWindowList().size(), 2);
+}
+
+TEST_F(DigitWindowTest, SurfacesFollowTheParts) {
+    const DigitDocument& document = NewDigit();
+    auto* split = Find<QWidget>("SeperateImage");
+    for (const QSize size : {QSize(960, 600), QSize(1280, 800)}) {
+        window_->resize(size);
+        const int half = Find<QWidget>("DigitWaveFrm0")->width() / 2;
+        for (const auto& [by, list] : {std::pair(0, 220), {5000, half}, {-5000, 120}, {100, 220}}) {
+            const QPoint from = split->rect().center();
+            QTest::mousePress(split, Qt::LeftButton, {}, from);
+            QTest::mouseMove(split, from + QPoint(by, 0));
+            QTest::mouseRelease(split, Qt::LeftButton);
+            const QSize picture = Find<QWidget>("DigitWavePic")->size();
+            EXPECT_EQ(picture, QSize(document.PictureWidth, document.PictureHeight));
+            EXPECT_EQ(document.ListWidth, list) << by;
+            EXPECT_EQ(Find<QWidget>("DispParaListView")->size(), QSize(list, picture.height()));
+            EXPECT_EQ(document.ShownSurface.Width(),
+                      qRound(picture.width() * document.ShownSurface.Scale()));
+            EXPECT_EQ(document.VisibleDots, picture.width() / 60);
+        }
+    }
+}
+
+TEST_F(DigitWindowTest, HandsReachTheRecord) {
+    DigitDocument& document = NewDigit();
+    auto* picture = Find<QWidget>("DigitWavePic");
+    auto* list = Find<QWidget>("DispParaListView");
+    EXPECT_EQ(window_->focusWidget(), picture);
+    const std::pair<Qt::Key, std::int32_t> keys[] = {
+        {Qt::Key_End, 4095}, {Qt::Key_Left, 4094}, {Qt::Key_Home, 0}, {Qt::Key_Right, 1}};
+    for (const auto& [key, dot] : keys) {
+        QTest::keyClick(picture, key);
+        EXPECT_EQ(document.Caliper, dot);
+        EXPECT_EQ(Find<QLabel>("lblCaliper")->text(), QString::number(dot));
+    }
+    EXPECT_EQ(Find<QLabel>("lblCaliperTime")->text(), "1.000000ms");
+    EXPECT_EQ(Find<QLabel>("lblRate")->text(), "1 Kbps");
+
+    QTest::mousePress(picture, Qt::LeftButton, {}, {130, 15});
+    QTest::mouseMove(picture, {290, 15});
+    QTest::mouseRelease(picture, Qt::LeftButton, {}, {290, 15});
+    EXPECT_TRUE(document.Nodes[0].SelectStart == 2 && document.Nodes[0].SelectEnd == 4);
+    EXPECT_TRUE(Find<QLabel>("lblPointer")->text().startsWith("4 "));
+    QTest::mouseClick(list, Qt::LeftButton, {}, {60, 45});
+    QTest::keyClick(list, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_TRUE(document.Nodes[0].ListSelected && document.Nodes[1].ListSelected);
+    QTest::mouseClick(list, Qt::RightButton, {}, {60, 45});
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget()->objectName(), "mnuDigitListPopMenu");
+    QApplication::activePopupWidget()->close();
+
+    for (const auto& [key, rows] : {std::pair(Qt::Key_Plus, 14U), {Qt::Key_Space, 2U}}) {
+        QTest::keyClick(list, key);
+        EXPECT_EQ(document.ListRows.size(), rows);
+    }
+    QTest::keyClick(list, Qt::Key_Space);
+    window_->resize(960, 600);
+    auto* scroll = Find<QScrollBar>("RowScroll");
+    EXPECT_TRUE(scroll->isVisible() && scroll->maximum() == 14 - document.PageRows);
+    Turn(list, {}, {0, -120});
+    EXPECT_TRUE(document.FirstRow == std::min(3, scroll->maximum()) && document.FirstRow > 0);
+    EXPECT_EQ(scroll->value(), document.FirstRow);
+    Turn(picture, Qt::ShiftModifier, {0, -240});
+    EXPECT_EQ(document.FirstDot, 2 * (document.VisibleDots / 4));
+    Turn(picture, {}, {120, 0});
+    EXPECT_EQ(Find<QScrollBar>("DotScroll")->value(), document.VisibleDots / 4);
+    Turn(picture, Qt::ControlModifier, {0, 360});
+    EXPECT_EQ(document.Zoom, 0.125);
+    EXPECT_FALSE(Find("ZoomInAresBtn")->isEnabled());
+}
+
+TEST_F(DigitWindowTest, HeldPageButtonTurnsFasterAndStopsAtTheEnd) {
+    const DigitDocument& document = NewDigit();
+    auto* next = Find("NextPageAtn");
+    auto* timer = Find<QTimer>("SpeedTimer");
+    QTest::mousePress(next, Qt::LeftButton);
+    std::int32_t turns = 1;
+    for (const auto& [until, wait] :
+         {std::pair(1, 400), {2, 200}, {20, 200}, {21, 100}, {40, 100}, {41, 50}}) {
+        for (; turns < until; ++turns) {
+            QTimerEvent tick(timer->timerId());
+            QApplication::sendEvent(timer, &tick);
+        }
+        EXPECT_EQ(timer->interval(), wait) << until;
+        EXPECT_EQ(document.FirstDot, turns * document.VisibleDots);
+    }
+    QTest::mouseRelease(next, Qt::LeftButton);
+    EXPECT_FALSE(timer->isActive());
+    PutCaliper(0, 4095);
+    EXPECT_TRUE(Find("FrontPageAtn")->isEnabled() && !next->isEnabled());
+}
+
+TEST_F(DigitWindowTest, PartsSpeakTheLanguageInUse) {
+    NewDigit();
+    const int pages = DigitAt(0).PageCount;
+    for (const auto& [language, page] :
+         {std::pair("MnuHelp_Lang_Ch", "第 1 / %1 页"), {"MnuHelp_Lang_En", "Page 1 / %1"}}) {
+        Command(language)->trigger();
+        for (const char* name :
+             {"DispParaListView", "DigitWavePic", "FrontPageAtn", "NextPageAtn", "MaxBtn"}) {
+            const QString text = Find<QWidget>(name)->accessibleName();
+            EXPECT_TRUE(!text.isEmpty() && text == ToQt(TextOf("DigitWaveFrm", name))) << name;
+        }
+        EXPECT_EQ(Find<QLabel>("PageInfo")->text(), QString(page).arg(pages));
+    }
+}
+
+}  // namespace
