@@ -151,6 +151,7 @@ bool OnCaliperHandle(std::int16_t index, float x, float y) {
 void DigitBackWavePic_MouseDown(std::int16_t index, MouseButton button, float x, float y) {
     if (button != MouseButton::Left) return;
     DigitAt(index).CaliperDrag = true;
+    DigitAt(index).CaliperPress = x;
     if (!OnCaliperHandle(index, x, y)) DigitBackWavePic_MouseMove(index, x);
 }
 
@@ -164,8 +165,8 @@ void DigitBackWavePic_MouseMove(std::int16_t index, float x) {
 void DigitBackWavePic_MouseUp(std::int16_t index, float x) {
     DigitDocument& document = DigitAt(index);
     if (!document.CaliperDrag) return;
+    if (x != document.CaliperPress) DigitBackWavePic_MouseMove(index, x);
     document.CaliperDrag = false;
-    document.CaliperPixel = std::clamp<double>(x, 0.0, std::max(document.PictureWidth - 1, 0));
     CaliperFromPixel(document);
     TheHost().ShowEntries(TagOfDigit(index));
     Paint(index, true, false);

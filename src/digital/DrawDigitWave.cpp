@@ -71,9 +71,10 @@ void DrawRowLines(DigitDocument& document, const DigitPage& page) {
 
 void DrawHint(DigitDocument& document, const DigitPage& page) {
     if (!document.Nodes.empty()) return;
-    document.StaticSurface.Text(page.Width / 2, (page.Top + page.Height) / 2,
-                                TextOf("DigitWaveFrm", "hint"), ColoursOf(document).Label,
-                                TextAlign::Centre, HintSize);
+    Surface& surface = document.StaticSurface;
+    const std::string hint = CutText(surface, TextOf("DigitWaveFrm", "hint"), page.Width, HintSize);
+    surface.Text(page.Width / 2, (page.Top + page.Height) / 2, hint, ColoursOf(document).Label,
+                 TextAlign::Centre, HintSize);
 }
 
 void KeepSelectionPixels(DigitDocument& document) {

@@ -83,6 +83,7 @@ struct DigitDocument {
     std::int16_t AnchorRow = -1;         // row from which Shift adds rows of the list
     Flag SelectDrag;                     // a rubber band is being dragged
     Flag CaliperDrag;
+    float CaliperPress = 0.0F;                          // where the drag began
     Flag ValueEnabled;                                  // a span is selected: values can be written
     std::int32_t SelectStartDot = 0, SelectEndDot = 0;  // span of the rubber band, in any order
     std::int16_t SelectStartRow = 0, SelectEndRow = 0;  // its rows, in any order
