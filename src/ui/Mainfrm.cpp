@@ -88,7 +88,6 @@ void Mainfrm::BuildCaption() {
     menus_->setNativeMenuBar(false);
     for (const MenuRow& row : MenuStrip()) {
         QMenu* menu = actions_->MakeMenu(row, menus_);
-        menus_->addMenu(menu);
         if (row.Name == "MnuWindow") windowMenu_ = menu;
     }
     connect(windowMenu_, &QMenu::aboutToShow, this, &Mainfrm::FillWindowMenu);
@@ -222,15 +221,21 @@ void Mainfrm::ShowPlot(std::int16_t tag) {
     if (DocumentWindow* window = Window(tag)) window->ShowPlot();
 }
 
-// Menus and tool bars of the other kind of document are hidden; both kinds have two lines of tools.
+// Tool bars of the other kind of document are hidden; both kinds have two lines of them. Its menus
+// leave the strip, which would keep the mnemonics of hidden ones.
 void Mainfrm::ShowKind() {
     const ShownFor kind = ActiveIsDigital ? ShownFor::Digital : ShownFor::Analog;
     const auto belongs = [kind](const MenuRow& row) {
         return row.Kind == ShownFor::Both || row.Kind == kind;
     };
     actions_->ShowKind(kind);
+    QList<QAction*> menus;
     for (const MenuRow& row : MenuStrip())
-        actions_->FindMenu(row.Name)->menuAction()->setVisible(belongs(row));
+        if (belongs(row)) menus << actions_->FindMenu(row.Name)->menuAction();
+    if (menus_->actions() != menus) {
+        menus_->clear();
+        menus_->addActions(menus);
+    }
     // What goes goes first: bars of both kinds in a line would widen it for a moment.
     for (const bool shown : {false, true})
         for (std::size_t i = 0; i < bars_.size(); ++i)
