@@ -41,6 +41,9 @@ bool dotCommandsOn = false;  // kept with exactly one dot, see RefreshDotCommand
 bool HasAnalog() {
     return !ActiveIsDigital && bool(AnalogInUse[static_cast<std::size_t>(ActiveAnalogIndex)]);
 }
+bool HasAnalogs() {
+    return AnalogDocCount > 0;
+}
 bool HasDocument() {
     return AnalogDocCount + DigitDocCount > 0;
 }
@@ -99,7 +102,7 @@ bool CanTurnBack() {
 bool CanTurnOn() {
     return HasDigit() && CanPageOn(ActiveDigit());
 }
-bool HasAnyDocument() {
+bool HasActiveDocument() {
     return HasAnalog() || HasDigit();
 }
 bool HasWave() {
@@ -290,7 +293,7 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuFile_ImportWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"SaveAresBtn", {"MnuFile_Save"}, "Save", "Ctrl+S", Save, nullptr, HasAnalog, nullptr},
     {"", {"MnuFile_SaveAs"}, "", "Ctrl+Shift+S", SaveAs, nullptr, HasAnalog, nullptr},
-    {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasAnalog, nullptr},
+    {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasAnalogs, nullptr},
     {"", {"MnuFile_PrinterSetup"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"PrintAresBtn", {"MnuFile_PrintView"}, "Print", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuFile_Print"}, "", "Ctrl+P", nullptr, nullptr, nullptr, nullptr},
@@ -376,7 +379,7 @@ constexpr CommandRow Rows[] = {
     {"ZoomUndoAresBtn", {"MnuView_ZoomUndo"}, "ZoomUndo", "Ctrl+U",
      Run<UndoZoom>, nullptr, CanUndoZoom, nullptr},
     {"", {"MnuView_ShowTime", "mnuDigitView_ShowTime"}, "ShowTime", "Ctrl+T",
-     Toggle<&AnalogWaveRecord::TimeAxisOn>, Run<ToggleShowTime>, HasAnyDocument, ShowsTime},
+     Toggle<&AnalogWaveRecord::TimeAxisOn>, Run<ToggleShowTime>, HasActiveDocument, ShowsTime},
     {"", {"MnuView_SetWave"}, "", "", Run<ChooseCurveColour>, nullptr, HasNoDigital, nullptr},
     {"", {"MnuView_SetGrid"}, "", "", Run<ChooseGridColour>, nullptr, HasNoDigital, nullptr},
     // The boxes of the status strip
@@ -387,7 +390,7 @@ constexpr CommandRow Rows[] = {
     {"ZoomAresBtn", {}, "Apply", "", Run<ApplyZoomBoxes>, nullptr, HasAnalog, nullptr},
     // Rework
     {"", {"MnuRework_property", "mnuDigitChange_Property"}, "Property", "Alt+Return",
-     EditProperty, EditPropertyOfDigit, HasAnyDocument, nullptr},
+     EditProperty, EditPropertyOfDigit, HasActiveDocument, nullptr},
     {"", {"MnuRework_Resize", "MnuSelect_Resize"}, "", "",
      OpenDialog<Resize>, nullptr, HasSelectedDots, nullptr},
     {"", {"MnuRework_Invert", "MnuSelect_Invert"}, "", "",
