@@ -87,6 +87,11 @@ std::string ChangePosition(const DigitPropertyDialog& dialog, std::string_view t
     return HoldDigits(typed, dialog.Dots - 1);
 }
 
+std::string ChangeRate(const DigitPropertyDialog& dialog, std::string_view typed) {
+    if (TypedRate(typed, dialog.RateUnit) <= MaxDigitRate) return std::string(typed);
+    return GeneralText(MaxDigitRate / FactorOf(dialog.RateUnit));
+}
+
 void LeaveDigitDots(DigitPropertyDialog& dialog, std::string_view typed) {
     dialog.Dots = HoldBetween(WholeNumber(typed), MinDigitDots, MaxWaveDots);
     HoldPosition(dialog);

@@ -27,6 +27,8 @@ DigitPropertyDialog OpenDigitProperty();
 // The text of a box while it is typed in.
 std::string ChangeDigitDots(std::string_view typed);
 std::string ChangePosition(const DigitPropertyDialog& dialog, std::string_view typed);
+/// Only the upper bound is held: a rate begins with smaller ones.
+std::string ChangeRate(const DigitPropertyDialog& dialog, std::string_view typed);
 
 // A box was left with `typed` in it: takes the number, held to its bounds; none counts as 0.
 void LeaveDigitDots(DigitPropertyDialog& dialog, std::string_view typed);

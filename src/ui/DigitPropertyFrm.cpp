@@ -9,11 +9,6 @@ namespace {
 
 constexpr int NoteLines = 2;
 
-// Brings a text that was held to its bounds back into its box.
-void Put(NumberBox* box, const std::string& held) {
-    if (box->text() != ToQt(held)) box->setText(ToQt(held));
-}
-
 }  // namespace
 
 DigitPropertyFrm::DigitPropertyFrm(QWidget* parent)
@@ -25,10 +20,14 @@ DigitPropertyFrm::DigitPropertyFrm(QWidget* parent)
     AddRate(form);
     position_ = MakeBox("PositionTxt", KeyKind::Whole);
     AddSpun(form, position_, "PositionLab", "PositionUp", "PositionDown", SpinPosition);
-    connect(dots_, &NumberBox::textEdited, this,
-            [this](const QString& typed) { Put(dots_, ChangeDigitDots(typed.toStdString())); });
+    connect(dots_, &NumberBox::textEdited, this, [this](const QString& typed) {
+        ShowHeld(dots_, ChangeDigitDots(typed.toStdString()));
+    });
     connect(position_, &NumberBox::textEdited, this, [this](const QString& typed) {
-        Put(position_, ChangePosition(dialog_, typed.toStdString()));
+        ShowHeld(position_, ChangePosition(dialog_, typed.toStdString()));
+    });
+    connect(rate_, &NumberBox::textEdited, this, [this](const QString& typed) {
+        ShowHeld(rate_, ChangeRate(dialog_, typed.toStdString()));
     });
     OnLeft(dots_, LeaveDigitDots);
     OnLeft(rate_, LeaveRate);

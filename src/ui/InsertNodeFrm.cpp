@@ -43,7 +43,7 @@ NumberBox* InsertNodeFrm::AddDigits(QGridLayout* form, const char* name, const c
     AddRow(form, MakeLabel(label, box), box, nullptr);
     connect(box, &NumberBox::textEdited, this, [this, box, change, text](const QString& typed) {
         change(dialog_, typed.toStdString());
-        box->setText(ToQt(dialog_.*text));
+        ShowHeld(box, dialog_.*text);
     });
     return box;
 }

@@ -161,6 +161,8 @@ TEST_F(DigitRulesTest, RateChoosesItsUnitAndKeepsItsDigits) {
         EXPECT_TRUE(dialog.RateText == row.Shown && dialog.RateUnit == row.ShownUnit) << row.Typed;
         EXPECT_DOUBLE_EQ(dialog.Rate, row.Rate) << row.Typed;
     }
+    dialog.RateUnit = 2;
+    EXPECT_EQ(ChangeRate(dialog, "3000000") + ChangeRate(dialog, "0."), "20000000.");
     ChangeRateUnit(dialog, 0, "0.5");
     EXPECT_TRUE(dialog.RateText == "0.5" && dialog.RateUnit == 0 && dialog.Rate == 5e5);
 }

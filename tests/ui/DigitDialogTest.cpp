@@ -110,7 +110,7 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
         {property, "DotnumTxt", "4097", "4096", "4096"},
         {property, "DotnumTxt", "50", "50", "50"},
         {property, "PositionTxt", "60", "49", "49"},
-        {property, "Freqtxt", "3000", "3000", "2.0000"},
+        {property, "Freqtxt", "3000", "2000", "2.0000"},
     };
     for (const auto& row : rows) {
         Show(row.Dialog);
