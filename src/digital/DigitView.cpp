@@ -17,9 +17,10 @@
 namespace {
 
 constexpr std::int32_t MostPages = std::numeric_limits<std::int16_t>::max();
+constexpr double MostVisible = 1e9;  // a picture zoomed far out, then widened
 
 std::int32_t Whole(double value) {
-    return Narrow<std::int32_t>(static_cast<std::int64_t>(std::trunc(value)));
+    return RoundToInt(std::trunc(value));
 }
 
 // Page numbers must stay within 16 bits: longer pages where they would not.
@@ -68,7 +69,7 @@ void SetZoom(std::int16_t index, double zoom) {
 
 void SetPageFigures(DigitDocument& document) {
     const double dots = document.PictureWidth / DotWidth * document.Zoom;
-    document.VisibleDots = std::max(Whole(dots), 1);
+    document.VisibleDots = std::max(Whole(std::min(dots, MostVisible)), 1);
     document.PageDots = document.VisibleDots;
     CountPages(document);
     document.LastDot = document.FirstDot + document.VisibleDots;
