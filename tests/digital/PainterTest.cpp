@@ -39,9 +39,9 @@ DigitDocument& Open(std::uint8_t width, std::vector<std::int32_t> samples, std::
 std::vector<Colour> Repaint(Flag picture) {
     Paint(0, false, picture);
     const Surface& surface = picture ? DigitAt(0).StaticSurface : DigitAt(0).ShownSurface;
-    std::vector<Colour> pixels;
-    for (std::int32_t i = 0; i < surface.Height() * surface.Width(); ++i)
-        pixels.push_back(surface.Pixel(i % surface.Width(), i / surface.Width()));
+    std::vector<Colour> pixels(std::size_t(surface.Height()) * surface.Width());
+    for (std::int32_t i = 0; i < std::ssize(pixels); ++i)
+        pixels[i] = surface.Pixel(i % surface.Width(), i / surface.Width());
     return pixels;
 }
 
@@ -91,9 +91,9 @@ TEST(DigitPainter, SelectionCoversTheColumnsOfItsDots) {
                 return zoom / 60 < scale && dot == std::floor(dot) ? 7 + RoundToInt(dot) : mapped;
             };
             const std::int32_t y = RoundToInt(34 * scale);
-            std::vector<Colour> plain;
-            for (std::int32_t x = 0; x < Width * scale; ++x)
-                plain.push_back(document.StaticSurface.Pixel(x, y));
+            std::vector<Colour> plain(document.StaticSurface.Width());
+            for (std::int32_t x = 0; x < std::ssize(plain); ++x)
+                plain[x] = document.StaticSurface.Pixel(x, y);
             Paint(0, false, true);
             for (std::int32_t x = 1; x < Width * scale; ++x)
                 EXPECT_EQ(document.StaticSurface.Pixel(x, y) != plain[x],
