@@ -1,8 +1,8 @@
 #include "digital/DigitRuler.h"
 
+#include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "frame/Narrow.h"
-#include "frame/StringFunc.h"
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ constexpr double LabelRoom = 16.0, TickRoom = 6.0;  // what two leave between th
 constexpr const char* WidestTime = "888.888888us";
 
 std::string LabelOf(const DigitDocument& document, std::int32_t dot) {
-    return document.ShowTime ? TimeToTextFine(dot / document.Rate) : std::to_string(dot);
+    return document.ShowTime ? TimeOfDot(document, dot) : std::to_string(dot);
 }
 
 // The same for every page, so that labels keep their distances while paging.

@@ -193,8 +193,12 @@ void ToggleShowTime() {
     Paint(ActiveDigitIndex, false, true);
 }
 
+std::string TimeOfDot(const DigitDocument& document, std::int32_t dot) {
+    return TimeToTextFine(dot / document.Rate);
+}
+
 std::string DotText(const DigitDocument& document, std::int32_t dot) {
-    return std::to_string(dot) + "  " + TimeToTextFine(GeneralText(dot / document.Rate));
+    return std::to_string(dot) + "  " + TimeOfDot(document, dot);
 }
 
 std::int32_t PageNumber(const DigitDocument& document) {

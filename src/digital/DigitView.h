@@ -46,6 +46,8 @@ void ZoomOutDigit();
 void ZoomOffDigit();  // back to 1.0
 void ToggleShowTime();
 
+/// The time at which a dot begins, "120.000000us".
+std::string TimeOfDot(const DigitDocument& document, std::int32_t dot);
 /// "12  120.000000us", for the status strip.
 std::string DotText(const DigitDocument& document, std::int32_t dot);
 /// The page that begins nearest to FirstDot, from 1.

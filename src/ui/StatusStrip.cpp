@@ -2,6 +2,7 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/EntryFuncBox.h"
+#include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
@@ -72,10 +73,6 @@ std::string RateText(const DigitDocument& document) {
     return number(document.Rate) + " bps";
 }
 
-std::string CaliperTime(const DigitDocument& document) {
-    return TimeToTextFine(GeneralText(document.Caliper / document.Rate));
-}
-
 struct DigitReadOut {
     const char *Caption, *Label;
     int Digits;  // of the longest text
@@ -85,7 +82,8 @@ struct DigitReadOut {
 const DigitReadOut DigitReadOuts[] = {
     {"CaliperLab", "lblCaliper", 7,
      [](const DigitDocument& document) { return std::to_string(document.Caliper); }},
-    {"CaliperTimeLab", "lblCaliperTime", 12, CaliperTime},
+    {"CaliperTimeLab", "lblCaliperTime", 12,
+     [](const DigitDocument& document) { return TimeOfDot(document, document.Caliper); }},
     {"DigitDotsLab", "lblDigitDots", 7,
      [](const DigitDocument& document) { return std::to_string(document.Dots); }},
     {"RateLab", "lblRate", 11, RateText}};
