@@ -101,16 +101,8 @@ bool RoomForDots(const AnalogWaveRecord& wave) {
     return false;
 }
 
-std::int16_t FirstFreeAnalogSlot() {
-    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
-        if (!AnalogInUse[static_cast<std::size_t>(slot)]) return slot;
-    return -1;
-}
-
 bool RoomForDocument() {
-    if (AnalogDocCount + 1 <= MaxDocuments) return true;
-    Complain(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"));
-    return false;
+    return MayOpenAnother(AnalogDocCount);
 }
 
 void NewAnalogDocument() {
@@ -164,7 +156,7 @@ void CoverWithOneSegment(LoadedWave& loaded) {
 
 bool OpenLoadedWave(LoadedWave loaded) {
     if (!RoomForDocument()) return false;
-    ActiveAnalogIndex = FirstFreeAnalogSlot();
+    ActiveAnalogIndex = FirstFreeSlot(AnalogInUse);
     FillRecord(ActiveAnalog(), std::move(loaded));
     CreateAnalogDocument();
     ShowWholeWave(ActiveAnalog());

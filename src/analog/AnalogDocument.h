@@ -18,9 +18,6 @@ bool DotsFull(const AnalogWaveRecord& wave);
 /// Tests DotsFull and tells the user when it is so.
 bool RoomForDots(const AnalogWaveRecord& wave);
 
-/// Lowest slot 0..9 not in use; -1 when all are.
-std::int16_t FirstFreeAnalogSlot();
-
 /// Tests the limit of ten documents and tells the user when it is reached.
 bool RoomForDocument();
 

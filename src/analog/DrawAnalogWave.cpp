@@ -31,10 +31,6 @@ constexpr double PointerReach = 6.0, PointerDepth = 4.0;  // half sizes of a sca
 constexpr double CurvePen = 1.4;                          // logical pixels
 constexpr std::int32_t SparseSamples = 4;  // across a pixel, where single dots can be seen
 
-std::int32_t Scaled(double logical, double scale) {
-    return RoundToInt(logical * scale);
-}
-
 const PlotColours& ColoursOf(const AnalogWaveRecord& wave) {
     return wave.PrintMode ? PrintColours : ScreenColours;
 }

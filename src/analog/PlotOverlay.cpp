@@ -8,10 +8,6 @@ namespace {
 
 constexpr double Tick = 3.0;  // logical pixels
 
-std::int32_t Scaled(const Surface& plot, double logical) {
-    return RoundToInt(logical * plot.Scale());
-}
-
 }  // namespace
 
 PlotPlace PlaceOf(const AnalogWaveRecord& wave, std::int32_t x, std::int32_t y) {
@@ -32,13 +28,13 @@ void RestorePlot(AnalogWaveRecord& wave) {
 }
 
 void DrawUprightMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(plot, MarkArm), tick = Scaled(plot, Tick);
+    const std::int32_t arm = Scaled(MarkArm, plot.Scale()), tick = Scaled(Tick, plot.Scale());
     plot.Line(x, y - arm, x, y + arm, RubberColour);
     plot.Line(x - tick, y, x + tick, y, RubberColour);
 }
 
 void DrawLevelMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(plot, MarkArm), tick = Scaled(plot, Tick);
+    const std::int32_t arm = Scaled(MarkArm, plot.Scale()), tick = Scaled(Tick, plot.Scale());
     plot.Line(x - arm, y, x + arm, y, RubberColour);
     plot.Line(x, y - tick, x, y + tick, RubberColour);
 }

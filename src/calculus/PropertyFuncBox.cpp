@@ -180,7 +180,7 @@ PropertyDialog OpenPropertyDialog() {
         dialog.Period = wave.Period;
         dialog.Quantify = wave.Quantify;
     } else {
-        const std::int16_t slot = FirstFreeAnalogSlot();
+        const std::int16_t slot = FirstFreeSlot(AnalogInUse);
         if (slot >= 0) ActiveAnalogIndex = slot;
         ReadPropertySettings(dialog);
     }

@@ -14,12 +14,6 @@
 
 namespace {
 
-bool RoomForDigitDocument() {
-    if (DigitDocCount + 1 <= MaxDocuments) return true;
-    Complain(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"));
-    return false;
-}
-
 void DropSnapshot(DigitDocument& document) {
     document.UndoAvailable = document.ResumeAvailable = false;
     document.UndoNodes.clear();
@@ -33,14 +27,8 @@ void DropSnapshot(DigitDocument& document) {
 
 }  // namespace
 
-std::int16_t FirstFreeDigitSlot() {
-    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
-        if (!DigitDocUsed[static_cast<std::size_t>(slot)]) return slot;
-    return -1;
-}
-
 void NewDigitDocument() {
-    if (!RoomForDigitDocument()) return;
+    if (!MayOpenAnother(DigitDocCount)) return;
     PropertyApplied = false;
     EditDigitProperty = false;
     const std::int16_t active = ActiveDigitIndex;  // the dialog turns to the first free slot
@@ -53,7 +41,7 @@ void NewDigitDocument() {
 }
 
 bool CreateDigitDocument() {
-    if (!RoomForDigitDocument()) return false;
+    if (!MayOpenAnother(DigitDocCount)) return false;
     const std::int16_t slot = ActiveDigitIndex;
     DigitDocument& document = ActiveDigit();
     DocReady = false;

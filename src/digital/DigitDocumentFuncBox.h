@@ -4,9 +4,6 @@
 
 #include <cstdint>
 
-/// Lowest slot 0..9 not in use; -1 when all are.
-std::int16_t FirstFreeDigitSlot();
-
 /// The command New: tests the limit, runs the property dialog, creates the document.
 void NewDigitDocument();
 

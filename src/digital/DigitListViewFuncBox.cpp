@@ -5,6 +5,7 @@
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/Narrow.h"
 
 #include <algorithm>
 #include <cmath>

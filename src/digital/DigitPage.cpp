@@ -27,10 +27,6 @@ std::int32_t EndColumnOf(const DigitDocument& document, const DigitPage& page) {
 
 }  // namespace
 
-std::int32_t Scaled(double logical, double scale) {
-    return RoundToInt(logical * scale);
-}
-
 std::int32_t PenOf(double scale) {
     return std::max(1, static_cast<std::int32_t>(scale));
 }

@@ -5,8 +5,6 @@
 
 #include <cstdint>
 
-/// Whole device pixels of a logical length.
-std::int32_t Scaled(double logical, double scale);
 /// Width of a crisp line in device pixels: one, two from a scale of 2 on.
 std::int32_t PenOf(double scale);
 /// `over` at a share of 0..1 on `ground`.

@@ -40,11 +40,18 @@ double HoldRate(double rate) {
     return HoldBetween(rate, MinDigitRate, MaxDigitRate);
 }
 
+const RateRow& RowOfRate(double rate) {
+    return *std::ranges::find_if(RateRows, [rate](const RateRow& row) { return rate >= row.From; });
+}
+
+std::string TextOfRate(double rate) {
+    const RateRow& row = RowOfRate(rate);
+    return FormatPattern(rate / FactorOf(row.Unit), row.Pattern);
+}
+
 void ShowRate(DigitPropertyDialog& dialog) {
-    const RateRow& row = *std::ranges::find_if(
-        RateRows, [&](const RateRow& from) { return dialog.Rate >= from.From; });
-    dialog.RateUnit = row.Unit;
-    dialog.RateText = FormatPattern(dialog.Rate / FactorOf(row.Unit), row.Pattern);
+    dialog.RateUnit = RowOfRate(dialog.Rate).Unit;
+    dialog.RateText = TextOfRate(dialog.Rate);
 }
 
 void HoldPosition(DigitPropertyDialog& dialog) {
@@ -59,6 +66,11 @@ void SaveProperty(const DigitPropertyDialog& dialog) {
 
 }  // namespace
 
+std::string RateWithUnit(double rate) {
+    const auto unit = static_cast<std::size_t>(RowOfRate(rate).Unit);
+    return TextOfRate(rate).append(" ").append(RateUnits[unit]);
+}
+
 DigitPropertyDialog OpenDigitProperty() {
     SetInstrumentLimits();
     PropertyApplied = false;
@@ -67,7 +79,7 @@ DigitPropertyDialog OpenDigitProperty() {
         dialog.Dots = ActiveDigit().Dots;
         dialog.Rate = ActiveDigit().Rate;
     } else {
-        const std::int16_t slot = FirstFreeDigitSlot();
+        const std::int16_t slot = FirstFreeSlot(DigitDocUsed);
         if (slot >= 0) ActiveDigitIndex = slot;
         dialog.Dots =
             RoundToInt(ReadSettingNumber(Section, "MaxDots", 4096.0, MinDigitDots, MaxWaveDots));

@@ -19,6 +19,9 @@ struct DigitPropertyDialog {
     std::int16_t RateUnit = 0;  // index of RateUnits
 };
 
+/// A rate with its unit as the dialog shows it, "100.00 Kbps".
+std::string RateWithUnit(double rate);
+
 /// Fills the dialog: from the settings for a new document (and ActiveDigitIndex becomes the first
 /// free slot), dots and rate from the active document where EditDigitProperty is set. Sets the
 /// limits of the instrument anew and clears PropertyApplied.

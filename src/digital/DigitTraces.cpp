@@ -3,6 +3,7 @@
 #include "digital/DigitFuncCode.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/RadixText.h"
+#include "frame/Narrow.h"
 #include "kernel/wavecalc.h"
 
 #include <algorithm>

@@ -86,6 +86,12 @@ void InitialiseGlobals() {
     PropertyConfirmed = false;
 }
 
+std::int16_t FirstFreeSlot(const std::array<Flag, MaxDocuments + 1>& used) {
+    for (std::int16_t slot = 0; slot < MaxDocuments; ++slot)
+        if (!used[static_cast<std::size_t>(slot)]) return slot;
+    return -1;
+}
+
 AnalogWaveRecord& AnalogAt(std::int16_t slot) {
     return AnalogDocs[static_cast<std::size_t>(slot)];
 }

@@ -58,6 +58,9 @@ void LoadInstrumentModel();
 /// Sets the limits of the stored model and clears the flags of the opening sequence.
 void InitialiseGlobals();
 
+/// Lowest slot 0..9 not in use; -1 when all are.
+std::int16_t FirstFreeSlot(const std::array<Flag, MaxDocuments + 1>& used);
+
 /// The record of a slot.
 AnalogWaveRecord& AnalogAt(std::int16_t slot);
 /// The record of `ActiveAnalogIndex`.

@@ -1,5 +1,6 @@
 #include "frame/MessageBoxes.h"
 
+#include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/SafeFile.h"
 
@@ -7,6 +8,12 @@
 
 void Complain(std::string_view text, std::string_view reason) {
     TheHost().Ask(std::string(text).append(reason), Buttons::Ok, MessageIcon::Exclamation);
+}
+
+bool MayOpenAnother(std::int16_t open) {
+    if (open + 1 <= MaxDocuments) return true;
+    Complain(PickText("Exceed maximum file numbers limit", "波形文件数目达到上限"));
+    return false;
 }
 
 void TellSaveFault(int error) {

@@ -21,3 +21,8 @@ inline std::int32_t RoundToInt(double value) {
     if (value >= 2147483647.0) return std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::nearbyint(value));
 }
+
+/// Whole device pixels of a length in logical ones, at `scale` device pixels to each.
+inline std::int32_t Scaled(double logical, double scale) {
+    return RoundToInt(logical * scale);
+}

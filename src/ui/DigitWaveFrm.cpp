@@ -13,6 +13,7 @@
 #include "ui/Theme.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <QLayout>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -31,6 +32,8 @@ constexpr int BarHeight = 28, PageButton = 24;
 // Waits of SpeedTimer in milliseconds. The first is long, so that a click turns one page.
 constexpr int FirstWait = 400, UsualWait = 200, QuickWait = 100, QuickestWait = 50;
 constexpr std::int32_t QuickFrom = 20, QuickestFrom = 40, MostTurns = 1000;
+
+using Widgets = std::initializer_list<QWidget*>;
 
 QString Text(const QWidget* control) {
     return ToQt(TextOf("DigitWaveFrm", control->objectName().toStdString()));
@@ -136,11 +139,10 @@ void DigitWaveFrm::TurnPage() {
 
 void DigitWaveFrm::ApplyTexts() {
     DocumentWindow::ApplyTexts();
-    for (QWidget* part : {static_cast<QWidget*>(front_), static_cast<QWidget*>(next_)})
-        part->setToolTip(Text(part));
-    for (QWidget* part : {static_cast<QWidget*>(front_), static_cast<QWidget*>(next_),
-                          static_cast<QWidget*>(list_), static_cast<QWidget*>(picture_)})
+    for (QWidget* part : Widgets{front_, next_}) part->setToolTip(Text(part));
+    for (QWidget* part : Widgets{front_, next_, list_, picture_})
         part->setAccessibleName(Text(part));
+    place_ = {};
     FollowSize();  // list and hint have texts
 }
 
@@ -182,16 +184,23 @@ void DigitWaveFrm::PlaceParts() {
 }
 
 void DigitWaveFrm::ShowPlot() {
-    for (QWidget* part : {static_cast<QWidget*>(head_), static_cast<QWidget*>(list_),
-                          static_cast<QWidget*>(ruler_), static_cast<QWidget*>(picture_)})
-        part->update();
+    for (QWidget* part : Widgets{head_, list_, ruler_, picture_}) part->update();
     ShowPlace();
 }
 
-// Paging may go on past the last whole screen: the bar reaches as far as the page shown.
+// A drag shows the plot at every step, and the place stays. Paging may go on past the last whole
+// screen: the bar reaches as far as the page shown.
 void DigitWaveFrm::ShowPlace() {
     const DigitDocument& document = DigitAt(Slot());
     const auto rows = static_cast<std::int32_t>(document.ListRows.size());
+    const std::array place = {document.FirstDot,
+                              document.VisibleDots,
+                              document.Dots,
+                              std::int32_t{document.FirstRow},
+                              std::int32_t{document.PageRows},
+                              rows};
+    if (place == place_) return;
+    place_ = place;
     ShowRange(rows_, rows - document.PageRows, document.PageRows, document.FirstRow);
     rows_->setVisible(bool(document.ListScrollShown));
     ShowRange(dots_, std::max(document.Dots - document.VisibleDots, document.FirstDot),
@@ -205,9 +214,10 @@ void DigitWaveFrm::ShowPlace() {
 }
 
 void DigitWaveFrm::LetTabIn(bool active) {
-    for (QWidget* part : {static_cast<QWidget*>(list_), static_cast<QWidget*>(picture_)})
+    for (QWidget* part : Widgets{list_, picture_})
         part->setFocusPolicy(active ? Qt::StrongFocus : Qt::ClickFocus);
-    for (QWidget* part : {front_, next_}) part->setFocusPolicy(active ? Qt::TabFocus : Qt::NoFocus);
+    for (QWidget* part : Widgets{front_, next_})
+        part->setFocusPolicy(active ? Qt::TabFocus : Qt::NoFocus);
 }
 
 QWidget* DigitWaveFrm::Picture() const {

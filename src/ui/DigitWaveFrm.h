@@ -3,6 +3,7 @@
 // line between them that moves the split, scroll bars and page buttons.
 #include "ui/DocumentWindow.h"
 
+#include <array>
 #include <QTimer>
 
 class DigitBackWavePic;
@@ -51,6 +52,7 @@ private:
     QScrollBar *rows_, *dots_;
     QToolButton *front_, *next_;
     QLabel* page_;
-    QTimer* speedTimer_;      // repeats a page button that is held
-    std::int32_t turns_ = 0;  // pages turned since the press
+    std::array<std::int32_t, 6> place_{};  // first dot and the like that the bars show
+    QTimer* speedTimer_;                   // repeats a page button that is held
+    std::int32_t turns_ = 0;               // pages turned since the press
 };

@@ -2,12 +2,12 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/EntryFuncBox.h"
+#include "digital/DigitPropertyFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/commands/CommandTable.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
-#include "frame/StringFunc.h"
 #include "link/ConnectFuncBox.h"
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
@@ -17,7 +17,6 @@
 #include "ui/Theme.h"
 #include "ui/WaitPanel.h"
 
-#include <cmath>
 #include <QAction>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -64,15 +63,6 @@ QString StripText(const QString& control) {
     return ToQt(TextOf("Mainfrm", control.toStdString()));
 }
 
-// "100 Kbps"; what the record holds beyond a thousandth is not shown.
-std::string RateText(const DigitDocument& document) {
-    constexpr std::pair<double, const char*> Units[] = {{1e6, " Mbps"}, {1e3, " Kbps"}};
-    const auto number = [](double rate) { return GeneralText(std::round(rate * 1000) / 1000); };
-    for (const auto& [size, unit] : Units)
-        if (document.Rate >= size) return number(document.Rate / size) + unit;
-    return number(document.Rate) + " bps";
-}
-
 struct DigitReadOut {
     const char *Caption, *Label;
     int Digits;  // of the longest text
@@ -86,7 +76,8 @@ const DigitReadOut DigitReadOuts[] = {
      [](const DigitDocument& document) { return TimeOfDot(document, document.Caliper); }},
     {"DigitDotsLab", "lblDigitDots", 7,
      [](const DigitDocument& document) { return std::to_string(document.Dots); }},
-    {"RateLab", "lblRate", 11, RateText}};
+    {"RateLab", "lblRate", 11,
+     [](const DigitDocument& document) { return RateWithUnit(document.Rate); }}};
 
 // "KT3300 connected" or "Not connected".
 QString LinkText(std::string_view text) {

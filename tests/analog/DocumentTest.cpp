@@ -8,7 +8,7 @@ TEST_F(DocumentTest, TenSlotsAreFilledAndFilledAgain) {
     bool confirms = true;
     // The property dialog: turns to the first free slot and, on OK, sizes the dots.
     TheHost().RunDialog = [&](auto, auto) {
-        ActiveAnalogIndex = FirstFreeAnalogSlot();
+        ActiveAnalogIndex = FirstFreeSlot(AnalogInUse);
         if (confirms) AllocateDots(ActiveAnalog(), 500);
         PropertyConfirmed = confirms;
         return confirms;

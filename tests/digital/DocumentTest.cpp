@@ -8,7 +8,9 @@ using Texts = std::vector<std::string>;
 class DocumentTest : public DigitFixture {};
 
 TEST_F(DocumentTest, SlotsTitlesLimitAndClosing) {
-    dialog = [&] { return ActiveDigitIndex = FirstFreeDigitSlot(), PropertyApplied = true, true; };
+    dialog = [&] {
+        return ActiveDigitIndex = FirstFreeSlot(DigitDocUsed), PropertyApplied = true, true;
+    };
     const auto expectNew = [](int slot, int count) {
         NewDigitDocument();
         EXPECT_TRUE(ActiveDigitIndex == slot && DigitDocUsed[slot] && DigitDocCount == count);

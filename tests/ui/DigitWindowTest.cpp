@@ -11,7 +11,7 @@ class DigitWindowTest : public MainWindowTest {
 protected:
     // 4096 dots at 1 kbps, "clk" and the bus "b" of 12 channels.
     static DigitDocument& NewDigit() {
-        ActiveDigitIndex = FirstFreeDigitSlot();
+        ActiveDigitIndex = FirstFreeSlot(DigitDocUsed);
         DigitDocument& document = ActiveDigit();
         document.Dots = 4096;
         document.Rate = 1000.0;
@@ -131,7 +131,7 @@ TEST_F(DigitWindowTest, HandsReachTheRecord) {
         EXPECT_EQ(Find<QLabel>("lblCaliper")->text(), QString::number(dot));
     }
     EXPECT_EQ(Find<QLabel>("lblCaliperTime")->text(), "1.000000ms");
-    EXPECT_EQ(Find<QLabel>("lblRate")->text(), "1 Kbps");
+    EXPECT_EQ(Find<QLabel>("lblRate")->text(), "1.0000 Kbps");
 
     QTest::mousePress(picture, Qt::LeftButton, {}, {130, 15});
     QTest::mouseMove(picture, {290, 15});
