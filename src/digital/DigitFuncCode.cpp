@@ -138,6 +138,12 @@ std::int32_t FreeChannels(const DigitDocument& document) {
     return free;
 }
 
+std::uint8_t CountChannels(const DigitDocument& document) {
+    std::int32_t channels = 0;
+    for (const DigitNode& node : document.Nodes) channels += node.Width;
+    return Narrow<std::uint8_t>(channels);
+}
+
 void AppendNode(DigitDocument& document, const NewNode& added) {
     DigitNode node;
     node.Name = added.Name;
@@ -153,7 +159,7 @@ void AppendNode(DigitDocument& document, const NewNode& added) {
         taken |= 1 << channel;
     }
     ClearChannels(document, taken);
-    document.ChannelCount = Narrow<std::uint8_t>(document.ChannelCount + added.Width);
     document.Nodes.push_back(std::move(node));
+    document.ChannelCount = CountChannels(document);
     RenumberRows(document);
 }

@@ -50,6 +50,9 @@ void ClearChannels(DigitDocument& document, std::int32_t channels);
 /// Channels that no node has, one bit each.
 std::int32_t FreeChannels(const DigitDocument& document);
 
+/// The sum of the widths of all nodes.
+std::uint8_t CountChannels(const DigitDocument& document);
+
 struct NewNode {
     std::string Name;
     std::int16_t Radix = 0, Width = 1, StartNumber = 0;

@@ -23,6 +23,10 @@ enum class ListAdd : std::uint8_t { Replace, Toggle /* Ctrl */, Range /* Shift *
 
 void DispParaListView_MouseDown(std::int16_t index, MouseButton button, float x, float y,
                                 ListAdd add);
+/// With the left button held: a drag of the selected rows follows the pointer.
+void DispParaListView_MouseMove(std::int16_t index, float y);
+/// Drops them before the node of a row, behind the last row at the end; on a member they stay.
+void DispParaListView_MouseUp(std::int16_t index);
 void DispParaListView_DblClick(std::int16_t index, float x, float y);
 
 // Keys in list and picture.

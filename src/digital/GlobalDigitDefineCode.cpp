@@ -6,6 +6,21 @@ std::array<Flag, MaxDocuments + 1> DigitDocUsed;
 Flag EditDigitProperty;
 Flag PropertyApplied;
 
+Flag AssembleMode;
+Flag EditNodeMode;
+
+Flag SpanClipValid;
+std::int32_t SpanClipDots = 0;
+std::vector<std::int32_t> SpanClipSamples;
+std::int16_t SpanClipChannelCount = 0;
+OfMembers<std::uint8_t> SpanClipChannels{};
+
+Flag RowClipValid;
+std::uint8_t RowClipCount = 0;
+std::vector<DigitNode> RowClipNodes;
+std::int32_t RowClipDots = 0;
+std::vector<std::int32_t> RowClipSamples;
+
 std::int16_t EvaluateMode = 0;
 std::int16_t EvaluateNode = 0;
 Flag EvaluateIsMember;

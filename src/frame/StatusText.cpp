@@ -23,9 +23,11 @@ constexpr StatusRow StatusRows[] = {
 
 std::int32_t lastCode = 26;
 
-// A digital document is idle in a panel of its own.
+// A digital document has panels of its own.
 std::string_view LabelOf(const StatusRow& row) {
-    return row.Code == 9 && ActiveIsDigital ? "lblDigitIdleMessage" : row.Label;
+    if (ActiveIsDigital && row.Code == 9) return "lblDigitIdleMessage";
+    if (ActiveIsDigital && row.Code == 4) return "lblFind_Edit_Message";
+    return row.Label;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
+#include "files/DigitFileFuncCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/PlotPalette.h"
 #include "platform/Host.h"
@@ -233,7 +234,7 @@ bool DigitWaveFrm::IsChanged() const {
 }
 
 bool DigitWaveFrm::QueryClose() {
-    return QueryCloseDigit(Slot());
+    return QueryCloseDigit(Slot(), SaveDigit);
 }
 
 void DigitWaveFrm::Closed() {

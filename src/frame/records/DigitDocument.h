@@ -3,7 +3,8 @@
 // channels share one array of sample words, a word for each dot: channel n is bit n, 1 is high.
 // Positions are dots from 0, ends inclusive; a dot at or behind SampleCount reads 0. Pixels are
 // logical ones of the picture, from its left edge and its first row.
-// Invariants: ChannelCount is the sum of the widths, no channel has two owners;
+// Invariants: ChannelCount is the sum of the widths, no channel has two owners, a node of width 1
+// is no bus; a node's bits behind its DataLength are 0;
 // Nodes.size() == NodeCount, DigitSamples.size() == SampleCount; rows are numbered without a gap.
 #include "frame/Flag.h"
 #include "platform/Surface.h"
@@ -49,6 +50,13 @@ struct DigitTarget {
     friend bool operator==(const DigitTarget&, const DigitTarget&) = default;
 };
 
+// The boxes of the panel for point edit and find.
+struct DigitFindBoxes {
+    std::string Name;   // cmbName
+    std::string Dot;    // txtDigitX
+    std::string Value;  // txtDigitY in point edit, the result in find
+};
+
 struct DigitDocument {
     std::vector<DigitTarget> ListRows;           // what stands in each row of the list
     std::int32_t Dots = 4096;                    // length of the waveform
@@ -90,6 +98,16 @@ struct DigitDocument {
     std::int32_t MouseDot = 0;                          // dot under the mouse
     Flag ShowTime;                                      // the ruler shows time, not dots
     Flag PrintMode;                                     // painting uses the print colours
+    Flag ListDrag;                                      // rows of the list are being dragged
+    std::int16_t ListPressRow = -1;  // row of a press in the list; -1: none is held
+    Flag ListPressKept;              // that row was selected: a click without a drag selects it
+    float ListPressY = 0.0F;         // where the press was
+    std::int16_t ListDropNode = -1;  // node before which the drag would drop; -1: nowhere
+    Flag FindOn, PointEditOn;        // the panel below the picture; never both
+    DigitFindBoxes FindBoxes;        // what stands in it
+    std::int32_t EditDot = -1;       // dot last edited or found, marked in the picture; -1: none
+    std::int32_t EditMark = 30;      // height of that mark, a row
+    std::string EditName;            // its row
     Flag UndoAvailable, ResumeAvailable;
     std::string Title;           // "Digital Waveform 0" at first, then the file's name
     Flag IsSaved;                // the document has a file
