@@ -18,7 +18,8 @@ DigitNode& NodeAt(DigitDocument& document, DigitTarget target) {
 
 void LetGo(DigitDocument& document) {
     if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
-    document.SelectDrag = document.CaliperDrag = false;
+    document.SelectDrag = document.CaliperDrag = document.ListDrag = false;
+    document.ListPressRow = document.ListDropNode = -1;
 }
 
 void SwapSnapshot(DigitDocument& document) {

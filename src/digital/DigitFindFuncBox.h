@@ -14,8 +14,6 @@ void ToggleFind();
 
 /// Names of all rows as cmbName lists them: each node, and behind a bus its members.
 std::vector<std::string> FindNames(const DigitDocument& document);
-/// The first row of a name, members of closed buses included; no node where there is none.
-DigitTarget TargetOfName(const DigitDocument& document, std::string_view name);
 
 // A box is changed, in either use. Values are held to the width of the row, in its radix; the dot
 // of a point edit to the last one of the waveform.

@@ -80,6 +80,16 @@ std::string TargetName(const DigitDocument& document, DigitTarget target,
     return node.Name + std::string(between) + std::to_string(node.StartNumber + target.Member);
 }
 
+DigitTarget TargetOfName(const DigitDocument& document, std::string_view name) {
+    for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
+        for (std::int16_t k = -1; k < (node.IsBus ? node.Width : 0); ++k)
+            if (TargetName(document, {.Node = index, .Member = k}) == name)
+                return {.Node = index, .Member = k};
+        ++index;
+    }
+    return {};
+}
+
 std::int16_t WidthOf(const DigitDocument& document, DigitTarget target) {
     return target.Member < 0 ? NodeOf(document, target).Width : std::int16_t{1};
 }
@@ -148,18 +158,30 @@ void AppendNode(DigitDocument& document, const NewNode& added) {
     DigitNode node;
     node.Name = added.Name;
     node.Radix = added.Radix;
-    node.Width = added.Width;
-    node.IsBus = added.Width > 1;
+    node.Width = 0;
     node.StartNumber = added.StartNumber;
-    const std::int32_t free = FreeChannels(document);
-    std::int32_t taken = 0;
-    for (std::uint8_t channel = 0, k = 0; channel < MaxChannels && k < added.Width; ++channel) {
-        if ((free >> channel & 1) == 0) continue;
-        node.Channels[k++] = channel;
-        taken |= 1 << channel;
-    }
-    ClearChannels(document, taken);
     document.Nodes.push_back(std::move(node));
+    ResizeNode(document, Narrow<std::int16_t>(std::ssize(document.Nodes) - 1), added.Width);
+}
+
+void ResizeNode(DigitDocument& document, std::int16_t index, std::int16_t width) {
+    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    const std::int32_t free = FreeChannels(document);
+    std::int32_t changed = 0;
+    for (std::uint8_t channel = 0; channel < MaxChannels && node.Width < width; ++channel) {
+        if ((free >> channel & 1) == 0) continue;
+        node.Channels[static_cast<std::size_t>(node.Width++)] = channel;
+        changed |= 1 << channel;
+    }
+    while (node.Width > width)
+        changed |= 1 << node.Channels[static_cast<std::size_t>(--node.Width)];
+    FitToWidth(node);
+    if (changed != 0) ClearChannels(document, changed);
     document.ChannelCount = CountChannels(document);
     RenumberRows(document);
+}
+
+void FitToWidth(DigitNode& node) {
+    node.IsBus = node.Width > 1;
+    if (!node.IsBus) node.Expanded = false;
 }

@@ -24,6 +24,8 @@ void SetExpanded(DigitDocument& document, std::int16_t node, Flag expanded);
 /// "Name" of the node, or of a member its bus's name, `between` and its number.
 std::string TargetName(const DigitDocument& document, DigitTarget target,
                        std::string_view between = "  ");
+/// The first row of such a name, members of closed buses included; no node where there is none.
+DigitTarget TargetOfName(const DigitDocument& document, std::string_view name);
 /// Member channels of a target: the width of a node, 1 of a member.
 std::int16_t WidthOf(const DigitDocument& document, DigitTarget target);
 
@@ -60,3 +62,8 @@ struct NewNode {
 /// Adds a node at the end of the list on the lowest free channels, in increasing order, and clears
 /// their bits. The channels must be there.
 void AppendNode(DigitDocument& document, const NewNode& node);
+/// Gives a node another width: new members take the lowest free channels, which must be there;
+/// members go from the end. The bits of channels that come or go become 0.
+void ResizeNode(DigitDocument& document, std::int16_t index, std::int16_t width);
+/// Brings IsBus and Expanded to the width of a node.
+void FitToWidth(DigitNode& node);

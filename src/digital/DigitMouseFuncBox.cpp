@@ -3,6 +3,7 @@
 #include "digital/DigitEditFuncBox.h"
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitListViewFuncBox.h"
+#include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
@@ -13,6 +14,8 @@
 #include <cmath>
 
 namespace {
+
+constexpr float DragReach = 4.0F;  // a press that moves less is a click, logical pixels
 
 std::int16_t LastListRow(const DigitDocument& document) {
     return Narrow<std::int16_t>(std::ssize(document.ListRows) - 1);
@@ -29,13 +32,6 @@ std::int16_t NearestRow(const DigitDocument& document, float y) {
     const std::int32_t lowest = std::min<std::int32_t>(LastListRow(document), document.LastRow);
     return Narrow<std::int16_t>(
         std::clamp(RowAtPixel(document, y), std::int32_t{document.FirstRow}, lowest));
-}
-
-// A dot that is seen: at the left edge ties to even may give the one before the page.
-std::int32_t DotAt(const DigitDocument& document, float x) {
-    const float held = std::clamp(x, 0.0F, static_cast<float>(document.PictureWidth - 1));
-    return std::clamp(PixelToDot(document, held), document.FirstDot,
-                      std::max(document.Dots - 1, document.FirstDot));
 }
 
 bool HasSelection(const DigitDocument& document) {
@@ -62,7 +58,7 @@ void BeginRubberBand(std::int16_t index, float x) {
     const bool selected = HasSelection(document);
     ClearSelection(document);
     document.SelectDrag = true;
-    document.SelectStartDot = document.SelectEndDot = DotAt(document, x);
+    document.SelectStartDot = document.SelectEndDot = DotUnder(document, x);
     document.SelectStartRow = document.SelectEndRow = document.ClickRow;
     if (selected)
         ShowDigitSelection(index);
@@ -95,6 +91,34 @@ void SelectRow(std::int16_t index, std::int16_t row, ListAdd add) {
     ShowDigitSelection(index);
 }
 
+// A press on a row that is selected may be the start of a drag of all: what it selects is decided
+// at the release.
+void PressRow(std::int16_t index, std::int16_t row, ListAdd add, float y) {
+    DigitDocument& document = DigitAt(index);
+    const bool kept = add == ListAdd::Replace && document.ListSelection &&
+                      IsSelected(document, TargetAtRow(document, row));
+    if (kept)
+        document.ClickRow = row;
+    else
+        SelectRow(index, row, add);
+    document.ListPressRow = row;
+    document.ListPressKept = kept;
+    document.ListPressY = y;
+}
+
+// The node before which rows dropped at a height would stand; -1 where that moves nothing.
+std::int16_t DropNodeAt(const DigitDocument& document, float y) {
+    const std::int32_t row = std::max(RowAtPixel(document, y), std::int32_t{document.FirstRow});
+    const DigitTarget target = TargetAtRow(document, row);
+    const std::int16_t before = target.Node < 0 ? document.NodeCount : target.Node;
+    return target.Member < 0 && MovesNodes(document, before) ? before : std::int16_t{-1};
+}
+
+void EndListDrag(DigitDocument& document) {
+    document.ListDrag = false;
+    document.ListPressRow = document.ListDropNode = -1;
+}
+
 }  // namespace
 
 void DigitWavePic_MouseDown(std::int16_t index, MouseButton button, float x, float y) {
@@ -113,7 +137,7 @@ void DigitWavePic_MouseDown(std::int16_t index, MouseButton button, float x, flo
 
 void DigitWavePic_MouseMove(std::int16_t index, MouseButton held, float x, float y) {
     DigitDocument& document = DigitAt(index);
-    document.MouseDot = DotAt(document, x);
+    document.MouseDot = DotUnder(document, x);
     if (!document.SelectDrag || held != MouseButton::Left) return;
     document.SelectEndDot = document.MouseDot;
     document.SelectEndRow = NearestRow(document, y);
@@ -124,7 +148,7 @@ void DigitWavePic_MouseUp(std::int16_t index, MouseButton button, float x, float
     DigitDocument& document = DigitAt(index);
     if (!document.SelectDrag || button != MouseButton::Left) return;
     document.SelectDrag = false;
-    document.SelectEndDot = DotAt(document, x);
+    document.SelectEndDot = DotUnder(document, x);
     document.SelectEndRow = NearestRow(document, y);
     const auto [first, last] = std::minmax(document.SelectStartDot, document.SelectEndDot);
     const auto [top, bottom] = std::minmax(document.SelectStartRow, document.SelectEndRow);
@@ -175,6 +199,8 @@ void DigitBackWavePic_MouseUp(std::int16_t index, float x) {
 void DispParaListView_MouseDown(std::int16_t index, MouseButton button, float x, float y,
                                 ListAdd add) {
     DigitDocument& document = DigitAt(index);
+    if (document.ListDrag) return;
+    EndListDrag(document);
     const std::int16_t row = ListRowAt(document, y);
     if (row < 0) {
         document.ClickRow = -1;
@@ -183,13 +209,38 @@ void DispParaListView_MouseDown(std::int16_t index, MouseButton button, float x,
         document.ClickRow = row;
         ToggleExpanded(index, TargetAtRow(document, row).Node);
     } else if (button == MouseButton::Left) {
-        SelectRow(index, row, add);
+        PressRow(index, row, add, y);
     } else if (!IsSelected(document, TargetAtRow(document, row))) {
         SelectRow(index, row, ListAdd::Replace);  // the menu works on what the mouse shows
     } else {
         document.ClickRow = row;
     }
     if (button == MouseButton::Right) TheHost().PopupMenu("mnuDigitListPopMenu");
+}
+
+void DispParaListView_MouseMove(std::int16_t index, float y) {
+    DigitDocument& document = DigitAt(index);
+    const DigitTarget pressed = TargetAtRow(document, document.ListPressRow);
+    if (pressed.Node < 0 || pressed.Member >= 0 || !IsSelected(document, pressed)) return;
+    if (!document.ListDrag && std::abs(y - document.ListPressY) < DragReach) return;
+    const bool begins = !document.ListDrag;
+    const std::int16_t before = document.ListDropNode;
+    document.ListDrag = true;
+    document.ListDropNode = DropNodeAt(document, y);
+    if (begins || document.ListDropNode != before) TheHost().ShowPlot(TagOfDigit(index));
+}
+
+void DispParaListView_MouseUp(std::int16_t index) {
+    DigitDocument& document = DigitAt(index);
+    const std::int16_t row = document.ListPressRow, before = document.ListDropNode;
+    const bool dragged(document.ListDrag);
+    EndListDrag(document);
+    if (dragged && before >= 0)
+        MoveSelectedNodes(index, before);
+    else if (dragged)
+        TheHost().ShowPlot(TagOfDigit(index));
+    else if (row >= 0 && document.ListPressKept)
+        SelectRow(index, row, ListAdd::Replace);
 }
 
 // On the mark both presses of a double click would toggle: the first one has.
@@ -232,6 +283,10 @@ void EvaluateClickedRow(std::int16_t index) {
 
 void EscapeDigit(std::int16_t index) {
     DigitDocument& document = DigitAt(index);
+    if (document.ListDrag) {
+        EndListDrag(document);
+        return TheHost().ShowPlot(TagOfDigit(index));
+    }
     if (document.SelectDrag || document.CaliperDrag) {
         if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
         document.SelectDrag = document.CaliperDrag = false;

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-/// Name, radix, width and start number of a node. New members take the lowest free channels, which
-/// must be there; members that go do so from the end, and their bits become 0.
+/// Gives a node name, radix, start number and, as ResizeNode does, width. A new width ends all
+/// selections.
 void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& changed);
 
 /// Takes targets, as SelectedSpans gives them, out of the list. Their channels keep their bits;
@@ -33,3 +33,5 @@ bool HasSelectedBus(const DigitDocument& document);
 /// The selected nodes, together and in their order, go before a node, as an edit; NodeCount stands
 /// for the end. Nodes whose members only are selected stay.
 void MoveSelectedNodes(std::int16_t index, std::int16_t before);
+/// True where that would change the order of the nodes.
+bool MovesNodes(const DigitDocument& document, std::int16_t before);

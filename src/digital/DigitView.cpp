@@ -86,6 +86,13 @@ std::int32_t PixelToDot(const DigitDocument& document, double x) {
     return std::max(RoundToInt(x / DotWidth * document.Zoom + document.FirstDot - 0.5), 0);
 }
 
+// At the left edge ties to even may give the dot before the page.
+std::int32_t DotUnder(const DigitDocument& document, double x) {
+    const double held = std::clamp(x, 0.0, std::max(document.PictureWidth - 1.0, 0.0));
+    return std::clamp(PixelToDot(document, held), document.FirstDot,
+                      std::max(document.Dots - 1, document.FirstDot));
+}
+
 double DotToPixel(const DigitDocument& document, double dot) {
     return (dot - document.FirstDot) * DotWidth / document.Zoom;
 }

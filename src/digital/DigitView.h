@@ -18,6 +18,8 @@ void SetPageFigures(DigitDocument& document);
 
 /// The dot of a pixel, nearest with ties to even, never below 0. May lie past the last dot.
 std::int32_t PixelToDot(const DigitDocument& document, double x);
+/// The dot under a place of the picture: one that is seen, the last one behind the waveform.
+std::int32_t DotUnder(const DigitDocument& document, double x);
 /// Where a dot begins; the next one begins 60 / Zoom pixels to the right.
 double DotToPixel(const DigitDocument& document, double dot);
 /// The row at a height of the picture; it may not exist. -1 above the first one.

@@ -1,5 +1,6 @@
 #include "digital/DrawDigitWave.h"
 
+#include "digital/DigitFuncCode.h"
 #include "digital/DigitListViewFuncBox.h"
 #include "digital/DigitPage.h"
 #include "digital/DigitRuler.h"
@@ -149,6 +150,20 @@ void DrawRubberBand(DigitDocument& document, const DigitPage& page) {
     DrawOutline(surface, across, down, colours.RubberBand);
 }
 
+// The dot last edited or found.
+void DrawMark(DigitDocument& document, const DigitPage& page) {
+    if (document.EditDot < 0) return;
+    const DigitTarget target = TargetOfName(document, document.EditName);
+    const std::int16_t row = target.Node < 0 ? std::int16_t{-1} : RowOfTarget(document, target);
+    if (row < document.FirstRow) return;
+    const ColumnSpan across = ColumnsOfSpan(document, page, document.EditDot, document.EditDot);
+    const std::int32_t top = BoxOfRow(document, page.Top, page.Scale, row).Top;
+    const RowBox down = {top,
+                         std::min(top + Scaled(document.EditMark, page.Scale), page.Height) - 1};
+    if (across.Left > across.Right || down.Top > down.Bottom) return;
+    DrawOutline(document.ShownSurface, across, down, ColoursOf(document).Caliper);
+}
+
 // A tag whose lower half tapers to the line.
 void DrawHandle(Surface& surface, std::int32_t x, std::int32_t pen, Colour colour) {
     const double scale = surface.Scale();
@@ -182,6 +197,7 @@ void DrawMoving(DigitDocument& document) {
     const DigitPage page = PageOf(document);
     document.ShownSurface.CopyFrom(document.StaticSurface);
     DrawRubberBand(document, page);
+    DrawMark(document, page);
     DrawCaliper(document, page);
 }
 

@@ -14,12 +14,12 @@ inline constexpr std::int16_t MaxStartNumber = 100;
 enum class NodeUse : std::uint8_t { Insert, Assemble, Edit };
 
 struct InsertNodeDialog {
-    NodeUse Use = NodeUse::Insert;
-    std::int16_t Node = -1;  // that is edited
     std::string Name;
     std::int16_t Radix = 0;
     std::string BusCount;     // digits, 1..16
     std::string StartNumber;  // digits, 0..100
+    NodeUse Use = NodeUse::Insert;
+    std::int16_t Node = -1;  // that is edited
 };
 
 // The node that was inserted last: radix and width are proposed again.

@@ -22,11 +22,16 @@ TEST_F(DocumentTest, SlotsTitlesLimitAndClosing) {
     EXPECT_FALSE(CreateDigitDocument());
     EXPECT_EQ(std::exchange(asked, {}), Texts(2, "Exceed maximum file numbers limit"));
     EXPECT_EQ(DigitDocCount, 10);
-    EXPECT_TRUE(QueryCloseDigit(0) && asked.empty());
-    DigitAt(0).Changed = true;
-    for (const Answer said : {Answer::Cancel, Answer::No})
-        EXPECT_EQ((answer = said, QueryCloseDigit(0)), said == Answer::No);
-    EXPECT_EQ(asked, Texts(2, "Save changes to Digital Waveform 0 ?"));
+    const auto saves = [](std::int16_t index) { return index == 1; };
+    EXPECT_TRUE(QueryCloseDigit(0, saves) && asked.empty());
+    DigitAt(0).Changed = DigitAt(1).Changed = true;
+    for (const auto& [said, slot, closes] : {std::tuple(Answer::Cancel, 1, false),
+                                             {Answer::No, 0, true},
+                                             {Answer::Yes, 0, false},
+                                             {Answer::Yes, 1, true}})
+        EXPECT_EQ((answer = said, QueryCloseDigit(std::int16_t(slot), saves)), closes);
+    EXPECT_EQ(asked.size(), 4U);
+    EXPECT_EQ(asked[0], "Save changes to Digital Waveform 1 ?");
     DigitDocumentClosed(7);
     DigitDocumentClosed(3);
     const auto confirmed = std::exchange(dialog, [] { return ActiveDigitIndex = 3, false; });
@@ -66,7 +71,7 @@ TEST_F(DocumentTest, NewNodesTakeTheLowestChannels) {
 }
 
 TEST_F(DocumentTest, ValuesStandAtTheCaliper) {
-    auto& document = MakeDocument("a d[4]%1 e[7]%2 f[5]%3", "11 1 0 1 0 1 0 1 0 1 1 0 1 0 1 0 1");
+    auto& document = MakeDocument("a d[4]%1 e[7]%2 f[4]%3", "11 1 0 1 0 1 0 1 0 1 1 0 1 0 1 0");
     document.DigitSamples[1] = 0xFFFF;  // behind the data of all but a
     const auto check = [&](const std::string& dot, const std::string& expected) {
         std::string texts;
@@ -74,7 +79,7 @@ TEST_F(DocumentTest, ValuesStandAtTheCaliper) {
         for (const DigitNode& node : document.Nodes) texts += ' ' + node.ValueText;
         EXPECT_EQ(texts, ' ' + expected);
     };
-    ForRows("0 => 1B AH 126O 21U; 1 => 1B 0H 000O 0U", check);
+    ForRows("0 => 1B AH 126O 10U; 1 => 1B 0H 000O 0U", check);
     EXPECT_EQ(DotText(document, 12), "12  120.000000us");
 }
 

@@ -12,12 +12,17 @@
 #include "calculus/RunEdit.h"
 #include "calculus/TransformFuncBox.h"
 #include "calculus/WindowMathFuncBox.h"
+#include "digital/DigitClipFuncBox.h"
 #include "digital/DigitDocumentFuncBox.h"
 #include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFindFuncBox.h"
 #include "digital/DigitFuncCode.h"
+#include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitValueFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
+#include "digital/InsertNodeFuncBox.h"
+#include "files/DigitFileFuncCode.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -41,9 +46,6 @@ bool dotCommandsOn = false;  // kept with exactly one dot, see RefreshDotCommand
 bool HasAnalog() {
     return !ActiveIsDigital && bool(AnalogInUse[static_cast<std::size_t>(ActiveAnalogIndex)]);
 }
-bool HasAnalogs() {
-    return AnalogDocCount > 0;
-}
 bool HasDocument() {
     return AnalogDocCount + DigitDocCount > 0;
 }
@@ -64,14 +66,17 @@ bool CanResume() {
 bool HasSelectedDots() {
     return HasAnalog() && dotCommandsOn && ActiveAnalog().HasSelection && ActiveAnalog().Dots > 0;
 }
+bool HasNodes() {
+    return HasDigit() && ActiveDigit().NodeCount > 0;
+}
 bool CanPaste() {
-    return HasAnalog() && ClipDotCount != 0;
+    return HasDigit() ? HasNodes() && SpanClipValid : HasAnalog() && ClipDotCount != 0;
+}
+bool CanRepaste() {
+    return HasDigit() && RowClipValid;
 }
 bool HasDots() {
     return HasAnalog() && ActiveAnalog().Dots > 0;
-}
-bool HasNodes() {
-    return HasDigit() && ActiveDigit().NodeCount > 0;
 }
 bool CanSelectAll() {
     return HasDots() || HasNodes();
@@ -89,6 +94,15 @@ bool HasBus() {
 }
 bool HasSelectedSpan() {
     return HasDigit() && ActiveDigit().ValueEnabled;
+}
+bool CanCopy() {
+    return HasSelectedDots() || HasSelectedSpan();
+}
+bool CanSplit() {
+    return HasDigit() && HasSelectedBus(ActiveDigit());
+}
+bool CanSort() {
+    return HasDigit() && ActiveDigit().NodeCount > 1;
 }
 bool CanZoomDigitIn() {
     return HasDigit() && CanZoomIn(ActiveDigit());
@@ -163,6 +177,15 @@ bool ShowsVolts() {
 bool ShowsMillivolts() {
     return HasAnalog() && ActiveAnalog().LineY1Unit != 1;
 }
+bool EditsPoints() {
+    return HasDigit() && ActiveDigit().PointEditOn;
+}
+bool Finds() {
+    return HasDigit() && ActiveDigit().FindOn;
+}
+bool EditsOrFinds() {
+    return EditsPoints() || Finds();
+}
 bool SpeaksEnglish() {
     return UseEnglish == 1;
 }
@@ -205,8 +228,14 @@ void Save(std::int16_t) {
 void SaveAs(std::int16_t) {
     SaveAnalogAs(ActiveAnalogIndex);
 }
+void SaveActiveDigit(std::int16_t) {
+    SaveDigit(ActiveDigitIndex);
+}
+void SaveActiveDigitAs(std::int16_t) {
+    SaveDigitAs(ActiveDigitIndex);
+}
 void SaveAll(std::int16_t) {
-    SaveAllAnalog();
+    if (SaveAllAnalog()) SaveAllDigit();
 }
 void Exit(std::int16_t) {
     TheHost().CloseMainWindow();
@@ -289,11 +318,13 @@ constexpr CommandRow Rows[] = {
     {"OpenAresBtn", {"MnuFile_Open_Analog"}, "Open", "Ctrl+O",
      Run<OpenAnalog>, nullptr, nullptr, nullptr},
     {"OpenDigitAresBtn", {"MnuFile_Open_Digit"}, "OpenDigit", "Ctrl+Shift+O",
-     nullptr, nullptr, nullptr, nullptr},
+     Run<OpenDigit>, nullptr, nullptr, nullptr},
     {"", {"MnuFile_ImportWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"SaveAresBtn", {"MnuFile_Save"}, "Save", "Ctrl+S", Save, nullptr, HasAnalog, nullptr},
-    {"", {"MnuFile_SaveAs"}, "", "Ctrl+Shift+S", SaveAs, nullptr, HasAnalog, nullptr},
-    {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasAnalogs, nullptr},
+    {"SaveAresBtn", {"MnuFile_Save"}, "Save", "Ctrl+S",
+     Save, SaveActiveDigit, HasActiveDocument, nullptr},
+    {"", {"MnuFile_SaveAs"}, "", "Ctrl+Shift+S",
+     SaveAs, SaveActiveDigitAs, HasActiveDocument, nullptr},
+    {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasDocument, nullptr},
     {"", {"MnuFile_PrinterSetup"}, "", "", nullptr, nullptr, nullptr, nullptr},
     {"PrintAresBtn", {"MnuFile_PrintView"}, "Print", "", nullptr, nullptr, nullptr, nullptr},
     {"", {"MnuFile_Print"}, "", "Ctrl+P", nullptr, nullptr, nullptr, nullptr},
@@ -307,17 +338,18 @@ constexpr CommandRow Rows[] = {
      "Ctrl+Y", Run<ResumeAnalog>, Run<ResumeDigit>, CanResume, nullptr},
     {"CutAresBtn", {"MnuEdit_Cut", "MnuSelect_Cut", "MnuDigitEdit_Cut", "mnuDigitListPopMenu_Cut",
                     "mnuDigitWavePicPopMenu_Cut"}, "Cut", "Ctrl+X",
-     Run<CutAnalog>, nullptr, HasSelectedDots, nullptr},
+     Run<CutAnalog>, Run<CutDigit>, CanCopy, nullptr},
     {"CopyAresBtn", {"MnuEdit_Copy", "MnuSelect_Copy", "MnuDigitEdit_Copy",
                      "mnuDigitListPopMenu_Copy", "mnuDigitWavePicPopMenu_Copy"}, "Copy", "Ctrl+C",
-     Run<CopyAnalog>, nullptr, HasSelectedDots, nullptr},
+     Run<CopyAnalog>, Run<CopyDigit>, CanCopy, nullptr},
     {"PasteAresBtn", {"MnuEdit_Paste", "MnuSelect_Paste", "MnuDraw_InsertFromClipBoard",
-                      "mnuDigitWavePicPopMenu_Paste"}, "Paste", "Ctrl+V", Run<PasteAnalog>, nullptr, CanPaste, nullptr},
+                      "mnuDigitWavePicPopMenu_Paste"}, "Paste", "Ctrl+V",
+     Run<PasteAnalog>, Run<PasteDigit>, CanPaste, nullptr},
     {"", {"MnuDigitEdit_Repaste", "mnuDigitListPopMenu_Repaste", "mnuDigitWavePicPopMenu_Repaste"},
-     "", "Ctrl+Shift+V", nullptr, nullptr, nullptr, nullptr},
+     "", "Ctrl+Shift+V", nullptr, Run<RepasteDigit>, CanRepaste, nullptr},
     {"DeletAresBtn", {"MnuEdit_delet", "MnuSelect_Delete", "MnuDigitEdit_Delete",
                       "mnuDigitListPopMenu_Delete", "mnuDigitWavePicPopMenu_Delete"}, "Delete",
-     "Del", Run<DeleteAnalog>, nullptr, HasSelectedDots, nullptr},
+     "Del", Run<DeleteAnalog>, Run<DeleteDigit>, CanCopy, nullptr},
     {"", {"MnuEdit_SelAll", "MnuIdle_SelAll", "mnuDigitEdit_SelectAll"}, "", "Ctrl+A",
      SelectAll, Run<SelectAllDigit>, CanSelectAll, nullptr},
     {"", {"mnuDigitListPopMenu_SelectEntire", "mnuDigitWavePicPopMenu_SelectEntire"}, "",
@@ -449,15 +481,20 @@ constexpr CommandRow Rows[] = {
     {"InsertNodeAresBtn", {"mnuDigitDrawInsertNode", "mnuDigitListPopMenu_Insert",
                            "mnuDigitWavePicPopMenu_Insert"}, "InsertNode", "Ins",
      nullptr, OpenDialog<InsertNode>, CanInsertNode, nullptr},
-    {"BranchToBusAresBtn", {"mnuDigitListPopMenu_AssembleBus"}, "BranchToBus", "",
-     nullptr, nullptr, nullptr, nullptr},
-    {"BusToBranchAresBtn", {"mnuDigitListPopMenu_SplitBus"}, "BusToBranch", "",
-     nullptr, nullptr, nullptr, nullptr},
-    {"", {"mnuDigitListPopMenu_Property"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"mnuDigitDrawPointEdit"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"FindAresBtn", {"mnuDigitDrawFind"}, "Find", "Ctrl+F", nullptr, nullptr, nullptr, nullptr},
-    {"SortAresBtn", {}, "Sort", "", nullptr, nullptr, nullptr, nullptr},
-    {"SortDescendAresBtn", {}, "SortDescend", "", nullptr, nullptr, nullptr, nullptr},
+    {"BranchToBusAresBtn", {"mnuDigitListPopMenu_AssembleBus"}, "BranchToBus", "Ctrl+B",
+     nullptr, Run<AssembleBus>, HasSelectedSpan, nullptr},
+    {"BusToBranchAresBtn", {"mnuDigitListPopMenu_SplitBus"}, "BusToBranch", "Ctrl+Shift+B",
+     nullptr, Run<SplitBuses>, CanSplit, nullptr},
+    {"", {"mnuDigitListPopMenu_Property"}, "", "F2",
+     nullptr, Run<EditNodeOfRow>, CanSelectEntire, nullptr},
+    {"", {"mnuDigitDrawPointEdit"}, "", "Ctrl+Shift+F",
+     nullptr, Run<TogglePointEdit>, HasNodes, EditsPoints},
+    {"FindAresBtn", {"mnuDigitDrawFind"}, "Find", "Ctrl+F",
+     nullptr, Run<ToggleFind>, HasNodes, Finds},
+    {"FindOkAresBtn", {}, "Apply", "", nullptr, Run<ConfirmFind>, EditsOrFinds, nullptr},
+    {"SortAresBtn", {}, "Sort", "", nullptr, Run<SortNodes>, CanSort, nullptr},
+    {"SortDescendAresBtn", {}, "SortDescend", "",
+     nullptr, Run<SortNodesDescending>, CanSort, nullptr},
     {"ExpandAllAresBtn", {}, "ExpandAll", "", nullptr, Run<ExpandAllBuses>, HasBus, nullptr},
     {"CloseAllAresBtn", {}, "CloseAll", "", nullptr, Run<CollapseAllBuses>, HasBus, nullptr},
     {"ZoomInAresBtn", {"mnuDigitViewZoomIn"}, "ZoomIn", "Ctrl+=",

@@ -192,6 +192,7 @@ constexpr Names DigitBar[] = {"InsertNodeAresBtn",
 constexpr Names LineButtons[] = {"VAresBtn", "mVAresBtn", "OkAresBtn"};
 constexpr Names PointButtons[] = {"VAresBtn", "mVAresBtn", "AresButton1"};
 constexpr Names BandButtons[] = {"ZoomAresBtn"};
+constexpr Names FindButtons[] = {"FindOkAresBtn"};
 constexpr Names ValueBandButtons[] = {"VAresBtn", "mVAresBtn", "ZoomAresBtn"};
 
 constexpr MenuRow Strip[] = {{"MnuFile", FileMenu},
@@ -216,9 +217,10 @@ constexpr MenuRow Popups[] = {{"MnuFile_New", NewMenu},
                               {"mnuDigitListPopMenu", DigitListMenu},
                               {"mnuDigitWavePicPopMenu", DigitPictureMenu},
                               {"MnuMin", TrayMenu}};
-constexpr MenuRow Panels[] = {{"picLineDraw", LineButtons},  {"picEditDot", PointButtons},
-                              {"picZoomH", BandButtons},     {"picZoomV", ValueBandButtons},
-                              {"PicZoom", ValueBandButtons}, {"picZoomCenter", BandButtons}};
+constexpr MenuRow Panels[] = {{"picLineDraw", LineButtons},      {"picEditDot", PointButtons},
+                              {"picZoomH", BandButtons},         {"picZoomV", ValueBandButtons},
+                              {"PicZoom", ValueBandButtons},     {"picZoomCenter", BandButtons},
+                              {"picDigitFind_Edit", FindButtons}};
 constexpr MenuRow Bars[] = {
     {"FileBar", FileBar, ShownFor::Both, true},   {"WaveBar", WaveBar, ShownFor::Analog},
     {"ValueBar", ValueBar, ShownFor::Digital},    {"LinkBar", LinkBar},

@@ -1,0 +1,173 @@
+#include "digital/DigitFindFuncBox.h"
+
+#include "digital/DialogAnswers.h"
+#include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitView.h"
+#include "digital/DrawDigitWave.h"
+#include "digital/GlobalDigitDefineCode.h"
+#include "digital/RadixText.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
+#include "kernel/wavecalc.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr std::int32_t NoDot = -1, UsualMark = 30;
+
+std::int16_t RadixOf(const DigitDocument& document, DigitTarget target) {
+    // Members are shown as bits.
+    return target.Node < 0 || target.Member >= 0
+               ? std::int16_t{0}
+               : document.Nodes[static_cast<std::size_t>(target.Node)].Radix;
+}
+
+DigitTarget ChosenTarget(const DigitDocument& document) {
+    return TargetOfName(document, document.FindBoxes.Name);
+}
+
+// Value and result belong to a row; another row shows none until OK.
+void HoldValue(DigitDocument& document) {
+    const DigitTarget target = ChosenTarget(document);
+    if (target.Node < 0) return document.FindBoxes.Value.clear();
+    const std::int16_t radix = RadixOf(document, target);
+    const std::int32_t largest = LargestOf(WidthOf(document, target));
+    if (RadixValue(document.FindBoxes.Value, radix) > largest)
+        document.FindBoxes.Value = RadixNumber(largest, radix);
+}
+
+void WriteValue(DigitDocument& document, DigitTarget target, std::int32_t dot, std::int32_t value) {
+    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const auto first = static_cast<std::size_t>(std::max<std::int16_t>(target.Member, 0));
+    const auto width = static_cast<std::size_t>(WidthOf(document, target));
+    ExtendSamples(document, target.Node, dot);
+    for (std::size_t k = 0; k < width; ++k) {
+        const std::uint8_t channel = node.Channels[first + k];
+        Dealvalue(&document.DigitSamples[static_cast<std::size_t>(dot)], 1, channel,
+                  LargestOf(MaxChannels) & ~(1 << channel), value >> (width - 1 - k) & 1);
+    }
+}
+
+// The mark of an open bus covers its members.
+void Mark(DigitDocument& document, DigitTarget target, std::int32_t dot) {
+    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const bool open = target.Member < 0 && node.Expanded;
+    document.EditDot = dot;
+    document.EditName = document.FindBoxes.Name;
+    document.EditMark = UsualMark * (open ? 1 + node.Width : 1);
+}
+
+void EditPoint(DigitDocument& document, DigitTarget target) {
+    const std::int32_t dot =
+        std::clamp(WholeNumber(document.FindBoxes.Dot), 0, std::max(document.Dots - 1, 0));
+    const std::int32_t value = RadixValue(document.FindBoxes.Value, RadixOf(document, target));
+    BeginEdit(document);
+    WriteValue(document, target, dot, value & LargestOf(WidthOf(document, target)));
+    Mark(document, target, dot);
+    ShowDotsFrom(ActiveDigitIndex, dot);
+    EndDigitEdit(ActiveDigitIndex);
+}
+
+void FindPoint(DigitDocument& document, DigitTarget target) {
+    const std::int32_t dot = WholeNumber(document.FindBoxes.Dot);
+    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    document.FindBoxes.Value.clear();
+    if (dot < node.DataLength)
+        document.FindBoxes.Value = RadixValueText(
+            ValueAt(document, target, dot), RadixOf(document, target), WidthOf(document, target));
+    Mark(document, target, dot);
+    const bool seen = dot >= document.FirstDot && dot < document.FirstDot + document.VisibleDots;
+    if (!seen && dot < document.Dots) ShowDotsFrom(ActiveDigitIndex, dot);
+    TheHost().ShowEntries(TagOfDigit(ActiveDigitIndex));
+    Paint(ActiveDigitIndex, false, false);
+}
+
+// Turns one use on, with a name in its box, or off.
+void Toggle(Flag DigitDocument::*use) {
+    DigitDocument& document = ActiveDigit();
+    const Flag on = !(document.*use);
+    const DigitFindBoxes boxes = document.FindBoxes;
+    EndFind(document);
+    document.*use = on;
+    if (on) {
+        document.FindBoxes.Name = boxes.Name;
+        document.FindBoxes.Dot = boxes.Dot;
+        const DigitTarget clicked = TargetAtRow(document, document.ClickRow);
+        if (ChosenTarget(document).Node < 0 && document.NodeCount > 0)
+            document.FindBoxes.Name =
+                TargetName(document, clicked.Node < 0 ? DigitTarget{.Node = 0} : clicked);
+    }
+    ShowDigitStatus();
+    TheHost().RefreshCommands();
+    Paint(ActiveDigitIndex, false, false);
+}
+
+}  // namespace
+
+void TogglePointEdit() {
+    Toggle(&DigitDocument::PointEditOn);
+}
+
+void ToggleFind() {
+    Toggle(&DigitDocument::FindOn);
+}
+
+std::vector<std::string> FindNames(const DigitDocument& document) {
+    std::vector<std::string> names;
+    for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
+        for (std::int16_t k = -1; k < (node.IsBus ? node.Width : 0); ++k)
+            names.push_back(TargetName(document, {.Node = index, .Member = k}));
+        ++index;
+    }
+    return names;
+}
+
+void ChangeFindName(DigitDocument& document, std::string_view name) {
+    document.FindBoxes.Name = name;
+    if (document.FindOn)
+        document.FindBoxes.Value.clear();
+    else
+        HoldValue(document);
+}
+
+void ChangeFindDot(DigitDocument& document, std::string_view typed) {
+    const std::int32_t last = std::max(document.Dots - 1, 0);
+    document.FindBoxes.Dot =
+        HoldDigits(typed, document.PointEditOn ? last : std::numeric_limits<std::int32_t>::max());
+    if (document.FindOn) document.FindBoxes.Value.clear();
+}
+
+void ChangeFindValue(DigitDocument& document, std::string_view typed) {
+    document.FindBoxes.Value = typed;
+    HoldValue(document);
+}
+
+KeyKind FindValueKeys(const DigitDocument& document) {
+    return KeysOfRadix(RadixOf(document, ChosenTarget(document)));
+}
+
+void ConfirmFind() {
+    DigitDocument& document = ActiveDigit();
+    if (!document.PointEditOn && !document.FindOn) return;
+    const DigitFindBoxes& boxes = document.FindBoxes;
+    if (boxes.Dot.empty() || (document.PointEditOn && boxes.Value.empty()))
+        return Complain(PickText("Please input value all!", "输入不能为空"));
+    const DigitTarget target = ChosenTarget(document);
+    if (target.Node < 0) return;
+    if (document.PointEditOn)
+        EditPoint(document, target);
+    else
+        FindPoint(document, target);
+}
+
+void EndFind(DigitDocument& document) {
+    document.FindOn = document.PointEditOn = false;
+    document.FindBoxes = {};
+    document.EditDot = NoDot;
+    document.EditMark = UsualMark;
+    document.EditName.clear();
+}

@@ -1,0 +1,199 @@
+#include "digital/DigitNodeFuncBox.h"
+
+#include "digital/GlobalDigitDefineCode.h"
+#include "frame/Narrow.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+using Order = std::vector<std::size_t>;  // indices into Nodes
+
+DigitNode& NodeOf(DigitDocument& document, DigitTarget target) {
+    return document.Nodes[static_cast<std::size_t>(target.Node)];
+}
+
+void TakeOutMember(DigitNode& node, std::int16_t member) {
+    const auto first = node.Channels.begin();
+    std::copy(first + member + 1, first + node.Width, first + member);
+    --node.Width;
+    FitToWidth(node);
+}
+
+// Where the row of a target stands among the nodes: a member's place is behind its bus while that
+// has other members.
+std::ptrdiff_t PlaceOfFirst(const DigitDocument& document, const std::vector<SelectedSpan>& taken) {
+    const DigitTarget first = taken.front().Target;
+    if (first.Member < 0) return first.Node;
+    const auto gone = std::ranges::count(taken, first.Node,
+                                         [](const SelectedSpan& span) { return span.Target.Node; });
+    const bool stays = gone < document.Nodes[static_cast<std::size_t>(first.Node)].Width;
+    return first.Node + (stays ? 1 : 0);
+}
+
+std::vector<DigitNode> SplitNode(const DigitDocument& document, std::int16_t index) {
+    const DigitNode& bus = document.Nodes[static_cast<std::size_t>(index)];
+    std::vector<DigitNode> nodes(static_cast<std::size_t>(bus.Width));
+    for (std::int16_t k = 0; k < bus.Width; ++k) {
+        DigitNode& node = nodes[static_cast<std::size_t>(k)];
+        node.Name = TargetName(document, {.Node = index, .Member = k}, "");
+        node.Channels[0] = bus.Channels[static_cast<std::size_t>(k)];
+        node.Radix = bus.Radix;
+        node.DataLength = bus.DataLength;
+    }
+    return nodes;
+}
+
+Order OrderAsItIs(const DigitDocument& document) {
+    Order order(document.Nodes.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    return order;
+}
+
+void Reorder(DigitDocument& document, const Order& order) {
+    std::vector<DigitNode> nodes;
+    nodes.reserve(order.size());
+    for (const std::size_t index : order) nodes.push_back(std::move(document.Nodes[index]));
+    document.Nodes = std::move(nodes);
+}
+
+// Pairs change places as a selection sort does it, which settles the order of equal names.
+void Sort(bool descending) {
+    DigitDocument& document = ActiveDigit();
+    Order order = OrderAsItIs(document);
+    const auto name = [&](std::size_t index) -> const std::string& {
+        return document.Nodes[order[index]].Name;
+    };
+    for (std::size_t i = 0; i + 1 < order.size(); ++i)
+        for (std::size_t j = i + 1; j < order.size(); ++j)
+            if (descending ? name(i) < name(j) : name(i) > name(j)) std::swap(order[i], order[j]);
+    if (order == OrderAsItIs(document)) return;
+    BeginEdit(document);
+    Reorder(document, order);
+    ClearSelection(document);
+    EndDigitEdit(ActiveDigitIndex);
+}
+
+Order OrderAfterMove(const DigitDocument& document, std::int16_t before) {
+    const Order all = OrderAsItIs(document);
+    const auto stands = [&](bool selected, bool behind) {
+        return [&document, before, selected, behind](std::size_t index) {
+            if (bool(document.Nodes[index].WaveSelected) != selected) return false;
+            return selected || (std::cmp_greater_equal(index, before) == behind);
+        };
+    };
+    Order order;
+    const auto put = std::back_inserter(order);
+    std::ranges::copy_if(all, put, stands(false, false));
+    std::ranges::copy_if(all, put, stands(true, false));
+    std::ranges::copy_if(all, put, stands(false, true));
+    return order;
+}
+
+}  // namespace
+
+void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& changed) {
+    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    node.Name = changed.Name;
+    node.Radix = changed.Radix;
+    node.StartNumber = changed.StartNumber;
+    if (node.Width == changed.Width) return;
+    ClearSelection(document);
+    ResizeNode(document, index, changed.Width);
+}
+
+void TakeOut(DigitDocument& document, const std::vector<SelectedSpan>& taken) {
+    for (auto span = taken.rbegin(); span != taken.rend(); ++span) {
+        DigitNode& node = NodeOf(document, span->Target);
+        if (span->Target.Member >= 0) TakeOutMember(node, span->Target.Member);
+        if (span->Target.Member < 0 || node.Width == 0)
+            document.Nodes.erase(document.Nodes.begin() + span->Target.Node);
+    }
+    document.ChannelCount = CountChannels(document);
+}
+
+std::vector<std::uint8_t> ChannelsOf(const DigitDocument& document,
+                                     const std::vector<SelectedSpan>& targets) {
+    std::vector<std::uint8_t> channels;
+    for (const auto& [target, start, end] : targets) {
+        const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+        const auto first = node.Channels.begin() + std::max<std::int16_t>(target.Member, 0);
+        channels.insert(channels.end(), first, first + WidthOf(document, target));
+    }
+    return channels;
+}
+
+void AssembleSelection(const NewNode& bus) {
+    DigitDocument& document = ActiveDigit();
+    const std::vector<SelectedSpan> taken = SelectedSpans(document);
+    if (taken.empty()) return;
+    DigitNode node;
+    node.Name = bus.Name;
+    node.Radix = bus.Radix;
+    node.StartNumber = bus.StartNumber;
+    const std::vector<std::uint8_t> channels = ChannelsOf(document, taken);
+    std::ranges::copy(channels, node.Channels.begin());
+    node.Width = Narrow<std::int16_t>(channels.size());
+    FitToWidth(node);
+    for (const SelectedSpan& span : taken)
+        node.DataLength = std::max(node.DataLength, NodeOf(document, span.Target).DataLength);
+    BeginEdit(document);
+    const std::ptrdiff_t place = PlaceOfFirst(document, taken);
+    TakeOut(document, taken);
+    document.Nodes.insert(document.Nodes.begin() + place, std::move(node));
+    document.ChannelCount = CountChannels(document);
+    ClearSelection(document);
+    EndDigitEdit(ActiveDigitIndex);
+}
+
+bool HasSelectedBus(const DigitDocument& document) {
+    return std::ranges::any_of(document.Nodes, [](const DigitNode& node) {
+        return bool(node.IsBus) && bool(node.WaveSelected);
+    });
+}
+
+void SplitBuses() {
+    DigitDocument& document = ActiveDigit();
+    if (!HasSelectedBus(document)) return;
+    BeginEdit(document);
+    std::vector<DigitNode> nodes;
+    for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
+        if (node.IsBus && node.WaveSelected) {
+            std::ranges::move(SplitNode(document, index), std::back_inserter(nodes));
+        } else {
+            nodes.push_back(node);
+        }
+        ++index;
+    }
+    document.Nodes = std::move(nodes);
+    ClearSelection(document);
+    EndDigitEdit(ActiveDigitIndex);
+}
+
+void SortNodes() {
+    Sort(false);
+}
+
+void SortNodesDescending() {
+    Sort(true);
+}
+
+bool MovesNodes(const DigitDocument& document, std::int16_t before) {
+    return OrderAfterMove(document, before) != OrderAsItIs(document);
+}
+
+void MoveSelectedNodes(std::int16_t index, std::int16_t before) {
+    DigitDocument& document = DigitAt(index);
+    const Order order = OrderAfterMove(document, before);
+    if (order == OrderAsItIs(document)) return;
+    DigitTarget clicked = TargetAtRow(document, document.ClickRow);
+    if (clicked.Node >= 0)
+        clicked.Node = Narrow<std::int16_t>(
+            std::ranges::find(order, static_cast<std::size_t>(clicked.Node)) - order.begin());
+    BeginEdit(document);
+    Reorder(document, order);
+    EndDigitEdit(index);
+    document.ClickRow = document.AnchorRow = RowOfTarget(document, clicked);
+}
