@@ -202,6 +202,7 @@ int RunTour(const QString& folder) {
     DrawWithTheMouse(tour);
     ComputeWaves(tour);
     EditDigitalWaves(tour);
+    EditBuses(tour);
     UseTheInstrument(tour);
     ArrangeWindows(tour);
     SpeakChinese(tour);

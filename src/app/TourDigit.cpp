@@ -1,3 +1,4 @@
+#include "app/TourDigits.h"
 #include "app/TourHands.h"
 #include "app/TourSteps.h"
 #include "digital/DigitFuncCode.h"
@@ -9,88 +10,15 @@
 #include <QPushButton>
 
 // The chapter on digital documents: channels and buses by name, patterns by the mouse and by typed
-// positions. Rows and dots are aimed at as a user does, on list and picture.
+// positions.
 
 namespace {
 
-const DigitDocument& Wave() {
-    return ActiveDigit();
-}
-
-QWidget* Part(const TourState& tour, const char* name) {
-    return Control(tour.Window.get(), name);
-}
-
-std::int16_t NodeOf(const char* name) {
-    for (std::int16_t node = 0; node < Wave().NodeCount; ++node)
-        if (Wave().Nodes[static_cast<std::size_t>(node)].Name == name) return node;
-    return -1;
-}
-
-int RowY(const char* name) {
-    const int row = Wave().Nodes[static_cast<std::size_t>(NodeOf(name))].Row;
-    return qRound((row - Wave().FirstRow + 0.5) * RowHeight);
-}
-
-// The middle of a dot in a node's row of the picture.
-QPoint At(const char* name, int dot) {
-    return {qRound(DotToPixel(Wave(), dot + 0.5)), RowY(name)};
-}
-
-// The first letters of a node's name in the list, clear of the mark in front.
-QPoint InList(const char* name) {
-    return {60, RowY(name)};
-}
-
-std::int32_t Value(const char* name, std::int32_t dot) {
-    return ValueAt(Wave(), {.Node = NodeOf(name)}, dot);
-}
-
-template <typename Expected>
-bool Reads(const char* name, std::int32_t first, std::int32_t last, Expected expected) {
-    for (std::int32_t dot = first; dot <= last; ++dot)
-        if (Value(name, dot) != expected(dot)) return false;
-    return true;
-}
-
-struct Entry {
-    const char *Box, *Text;
-};
-
-void FillIn(QWidget* dialog, std::initializer_list<Entry> entries) {
-    for (const auto& [box, text] : entries) {
-        TypeInto(Control(dialog, box), text);
-        PressKey(Control(dialog, box), Qt::Key_Tab);
-    }
-}
-
-// Turns a list to its entry `index`, as the arrow keys do.
-void Pick(QWidget* list, int index) {
-    PressKey(list, Qt::Key_Home);
-    for (int i = 0; i < index; ++i) PressKey(list, Qt::Key_Down);
-}
-
 void MakeDocument(TourState& tour) {
-    WithDialog([&] { Click(Part(tour, "NewDigitWaveAresBtn")); },
-               [&](QWidget* dialog) {
-                   FillIn(dialog, {{"DotnumTxt", "256"}, {"PositionTxt", "3"}});
-                   Picture(tour, dialog, "digital-property");
-                   Click(Control(dialog, "OkAresBtn"));
-               });
+    NewDigitalDocument(tour, "256", "3", "digital-property");
     Step(tour, "a new digital waveform of 256 dots",
          DigitDocCount == 1 && Wave().Dots == 256 && Wave().Caliper == 3 && Wave().NodeCount == 0);
     Picture(tour, tour.Window.get(), "digital-new");
-}
-
-void InsertNode(TourState& tour, const char* name, const char* width, int radix,
-                const char* picture) {
-    WithDialog([&] { Click(Part(tour, "InsertNodeAresBtn")); },
-               [&](QWidget* dialog) {
-                   FillIn(dialog, {{"DigitNameTxt", name}, {"DigitBusTXt", width}});
-                   Pick(Control(dialog, "DigitRadixCmb"), radix);
-                   if (picture) Picture(tour, dialog, picture);
-                   Click(Control(dialog, "OkAresBtn"));
-               });
 }
 
 void InsertNodes(TourState& tour) {

@@ -1,5 +1,5 @@
+#include "app/TourDigits.h"
 #include "app/TourHands.h"
-#include "app/TourSteps.h"
 
 #include "frame/GlobalDefineCode.h"
 #include "link/ConnectFuncBox.h"
@@ -16,7 +16,8 @@
 #include <QTimer>
 
 // The chapter on the instrument: a simulated KT3300 is connected, a waveform goes into its volatile
-// memory and into a stored location, is renamed, read back and deleted there. All pauses are real.
+// memory and into a stored location, is renamed, read back and deleted there; a digital one is
+// stored and read back. All pauses are real.
 
 namespace {
 
@@ -182,6 +183,34 @@ void CancelAndDelete(TourState& tour) {
     DiscardDocument(tour);
 }
 
+// The pattern goes into a location beside the analog ones, and comes back as sixteen channels.
+void SendPattern(TourState& tour) {
+    OpenPattern(tour);
+    const std::vector<std::int32_t> sent = Wave().DigitSamples;
+    const auto send = [&](QWidget* dialog) {
+        TypeInto(Control(dialog, "txtUserWaveName"), "pattern");
+        Click(Control(dialog, "SaveAresBtn"));
+        Step(tour, "a digital waveform is stored beside the analog ones",
+             !Link.CommError && Entries(dialog, "cmbAllWave").last() == "PATTERN");
+        Picture(tour, dialog, "send-digital");
+        Click(Control(dialog, "ExitAresBtn"));
+    };
+    WithCatalogue(tour, "TransAresBtn", send);
+    const auto load = [&](QWidget* dialog) {
+        PickEntry(Control(dialog, "cmbAllWave"), "PATTERN");
+        Picture(tour, dialog, "read-digital");
+        Click(Control(dialog, "LoadAresBtn"));
+        Settle(50);
+    };
+    WithCatalogue(tour, "LoadDigitAresBtn", load);
+    const DigitDocument& read = Wave();
+    Step(tour, "read back: the same words in sixteen channels",
+         DigitDocCount == 2 && read.Title == "PATTERN" && read.NodeCount == 16 &&
+             read.DigitSamples == sent && read.Rate == DigitAt(0).Rate);
+    Picture(tour, tour.Window.get(), "digital-read-back");
+    for (int i = 0; i < 2; ++i) Click(Pic(tour, "ExtBtn"));
+}
+
 void Unplug(TourState& tour, Simulator& simulator) {
     Click(Control(tour.Window.get(), "ConnectAresBtn"));
     Step(tour, "disconnected", !Link.IsConnected);
@@ -206,6 +235,7 @@ void UseTheInstrument(TourState& tour) {
     Send(tour);
     ReadBack(tour);
     CancelAndDelete(tour);
+    SendPattern(tour);
     Unplug(tour, simulator);
     SaveTranscript(tour);
 }

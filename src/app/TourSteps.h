@@ -46,8 +46,9 @@ void DrawWithTheMouse(TourState& tour);
 /// The chapter on resize, transforms, math and filters, on documents of its own.
 void ComputeWaves(TourState& tour);
 
-/// The chapter on digital documents, on one of its own.
+/// The chapters on digital documents, on some of their own. The second one leaves a file.
 void EditDigitalWaves(TourState& tour);
+void EditBuses(TourState& tour);
 
 /// The chapter on the link to a simulated instrument; its pauses take most of a minute.
 void UseTheInstrument(TourState& tour);

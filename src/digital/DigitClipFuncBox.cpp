@@ -56,16 +56,27 @@ void CopyRows(const DigitDocument& document) {
     RowClipValid = true;
 }
 
+// Rows with the same span are cleared in one pass.
+void ClearSpans(DigitDocument& document, const std::vector<SelectedSpan>& spans) {
+    for (auto first = spans.begin(); first != spans.end();) {
+        const auto behind = std::find_if(first, spans.end(), [&](const SelectedSpan& span) {
+            return span.Start != first->Start || span.End != first->End;
+        });
+        const std::int32_t bits = BitsOf(document, {first, behind});
+        const std::int32_t end = std::min(first->End + 1, document.SampleCount);
+        for (std::int32_t dot = first->Start; dot < end; ++dot)
+            document.DigitSamples[static_cast<std::size_t>(dot)] &= ~bits;
+        first = behind;
+    }
+}
+
 void DeleteSpan(DigitDocument& document, const std::vector<SelectedSpan>& spans) {
     for (const SelectedSpan& span : spans) {
         DigitNode& node = document.Nodes[static_cast<std::size_t>(span.Target.Node)];
-        const bool past = span.Target.Member < 0 && span.End >= node.DataLength;
-        if (past) node.DataLength = std::min(node.DataLength, span.Start);
-        const std::int32_t bits = BitsOf(document, {span});
-        const std::int32_t end = std::min(span.End + 1, document.SampleCount);
-        for (std::int32_t dot = span.Start; dot < end; ++dot)
-            document.DigitSamples[static_cast<std::size_t>(dot)] &= ~bits;
+        if (span.Target.Member >= 0 || span.End < node.DataLength) continue;
+        node.DataLength = std::min(node.DataLength, span.Start);
     }
+    ClearSpans(document, spans);
 }
 
 void DeleteRows(DigitDocument& document, const std::vector<SelectedSpan>& spans) {
