@@ -22,34 +22,46 @@ inline Outcome AnswerLine(const std::string& text) {
     return outcome;
 }
 
-// Analog waves.
-Outcome ListAnalog(Instrument& instrument, std::string_view argument);
-Outcome ListStoredAnalog(Instrument& instrument, std::string_view argument);
-Outcome CountFree(Instrument& instrument, std::string_view argument);
+/// Counts a change of a wave, if the active output plays it.
+void NoteChange(Instrument& instrument, WaveKind kind, std::string_view name);
+
+/// Makes the packets that have come in the volatile wave of their kind.
+void CompleteTransfer(Instrument& instrument);
+
+// Samples in and out.
 Outcome TakeBinary(Instrument& instrument, std::string_view argument);
 Outcome TakeText(Instrument& instrument, std::string_view argument);
 Outcome TakeReal(Instrument& instrument, std::string_view argument);
+Outcome TakeDigital(Instrument& instrument, std::string_view argument);
+Outcome LoadAnalog(Instrument& instrument, std::string_view argument);
+Outcome LoadDigital(Instrument& instrument, std::string_view argument);
+
+// The locations.
+Outcome CountFree(Instrument& instrument, std::string_view argument);
 Outcome CopyAnalog(Instrument& instrument, std::string_view argument);
+Outcome CopyDigital(Instrument& instrument, std::string_view argument);
 Outcome Delete(Instrument& instrument, std::string_view argument);
 Outcome RenameByComma(Instrument& instrument, std::string_view argument);
 Outcome RenameByBlank(Instrument& instrument, std::string_view argument);
+
+// Analog waves.
+Outcome ListAnalog(Instrument& instrument, std::string_view argument);
+Outcome ListStoredAnalog(Instrument& instrument, std::string_view argument);
 Outcome SelectWave(Instrument& instrument, std::string_view argument);
 Outcome ApplyUser(Instrument& instrument, std::string_view argument);
 Outcome TellFrequency(Instrument& instrument, std::string_view argument);
 Outcome TellAmplitude(Instrument& instrument, std::string_view argument);
 Outcome TellOffset(Instrument& instrument, std::string_view argument);
-Outcome LoadAnalog(Instrument& instrument, std::string_view argument);
 
 // Digital waves.
 Outcome ListDigital(Instrument& instrument, std::string_view argument);
 Outcome ListStoredDigital(Instrument& instrument, std::string_view argument);
-Outcome RefuseDigitalData(Instrument& instrument, std::string_view argument);
-Outcome CopyDigital(Instrument& instrument, std::string_view argument);
-Outcome LoadDigital(Instrument& instrument, std::string_view argument);
+Outcome RefuseDigitalText(Instrument& instrument, std::string_view argument);
 Outcome ListProtocols(Instrument& instrument, std::string_view argument);
 Outcome SelectProtocol(Instrument& instrument, std::string_view argument);
 Outcome SetDigitRate(Instrument& instrument, std::string_view argument);
 Outcome TellDigitRate(Instrument& instrument, std::string_view argument);
 Outcome SelectDigital(Instrument& instrument, std::string_view argument);
+Outcome FinishDigital(Instrument& instrument, std::string_view argument);
 
 }  // namespace sim

@@ -24,8 +24,13 @@ void ListWaves(Simulator& simulator, const std::string&) {
         std::printf("%-12s built in\n", std::string(name).c_str());
     }
     std::printf("%-12s %zu dots\n", std::string(VolatileName).c_str(), memory.Volatile.size());
+    if (HasDigital(simulator.Device.Id)) {
+        std::printf("%-12s %zu dots, digital\n", std::string(VolatileName).c_str(),
+                    memory.DigitVolatile.size());
+    }
     for (const StoredWave& wave : memory.Stored) {
-        std::printf("%-12s %zu dots, stored\n", wave.Name.c_str(), wave.Codes.size());
+        std::printf("%-12s %zu dots, %sstored\n", wave.Name.c_str(), wave.Codes.size(),
+                    wave.Kind == WaveKind::Digital ? "digital, " : "");
     }
     std::printf("%zu of %zu locations free\n", memory.Locations - memory.Stored.size(),
                 memory.Locations);

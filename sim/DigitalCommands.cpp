@@ -1,16 +1,8 @@
-// Commands on digital waves. Queries and settings; there are no digital samples yet, so the
-// digital memory is empty.
+// The digital catalogue and the digital output. Its set-up is collected and plays from
+// DIGIT:FINISH on.
 #include "Commands.h"
 
-#include <algorithm>
-
 namespace sim {
-
-namespace {
-
-constexpr std::string_view Protocols[] = {"RS232", "USB", "SPI", "CAN", "LAN", "DS", "TV"};
-
-}  // namespace
 
 Outcome ListDigital(Instrument& instrument, std::string_view) {
     return AnswerLine(CatalogueText(instrument.Memory, WaveKind::Digital));
@@ -20,19 +12,8 @@ Outcome ListStoredDigital(Instrument& instrument, std::string_view) {
     return AnswerLine(StoredNamesText(instrument.Memory, WaveKind::Digital));
 }
 
-Outcome RefuseDigitalData(Instrument&, std::string_view) {
-    return Refuse("digital samples are not simulated");
-}
-
-Outcome CopyDigital(Instrument&, std::string_view) {
-    return Refuse("the digital volatile memory is empty");
-}
-
-Outcome LoadDigital(Instrument&, std::string_view name) {
-    if (!IsWaveName(name)) return Refuse("not a name");
-    Outcome outcome;
-    outcome.Reply = std::string(name) + ",0";
-    return outcome;
+Outcome RefuseDigitalText(Instrument&, std::string_view) {
+    return Refuse("digital samples as text are not simulated");
 }
 
 Outcome ListProtocols(Instrument&, std::string_view) {
@@ -42,26 +23,46 @@ Outcome ListProtocols(Instrument&, std::string_view) {
 }
 
 Outcome SelectProtocol(Instrument& instrument, std::string_view name) {
-    if (name != "PO" && std::ranges::find(Protocols, name) == std::end(Protocols)) {
-        return Refuse("no such protocol");
-    }
-    instrument.DigitProtocol = name;
+    if (name != UserPattern && !IsProtocol(name)) return Refuse("no such protocol");
+    instrument.Digit.Protocol = name;
     return {};
 }
 
 Outcome SetDigitRate(Instrument& instrument, std::string_view text) {
     const auto rate = ReadNumber(text);
     if (!rate || *rate <= 0.0) return Refuse("not a rate");
-    instrument.DigitRate = *rate;
+    instrument.Digit.Rate = *rate;
     return {};
 }
 
 Outcome TellDigitRate(Instrument& instrument, std::string_view) {
-    return AnswerLine(NumberText(instrument.DigitRate));
+    return AnswerLine(RateText(instrument.Digit.Rate));
 }
 
-Outcome SelectDigital(Instrument&, std::string_view) {
-    return Refuse("no such digital wave");
+// An editor may select a stored pattern without a word on the protocol, so this leaves a built-in
+// one.
+Outcome SelectDigital(Instrument& instrument, std::string_view name) {
+    if (SamplesOf(instrument.Memory, WaveKind::Digital, name).empty()) {
+        return Refuse(name == VolatileName ? "the volatile memory is empty"
+                                           : "no such digital wave");
+    }
+    instrument.Digit.Wave = name;
+    instrument.Digit.Protocol = UserPattern;
+    return {};
+}
+
+Outcome FinishDigital(Instrument& instrument, std::string_view) {
+    const DigitSetup& setup = instrument.Digit;
+    const Samples& words = SamplesOf(instrument.Memory, WaveKind::Digital, setup.Wave);
+    const bool isUsers = setup.Protocol == UserPattern;
+    if (isUsers && words.empty()) return Refuse("the volatile memory is empty");
+    instrument.DigitOutput = setup;
+    instrument.Playing = WaveKind::Digital;
+    ++instrument.OutputVersion;
+    Outcome outcome;
+    outcome.Note = "plays " + setup.Protocol + ", rate " + RateText(setup.Rate);
+    if (isUsers) outcome.Note += ": " + setup.Wave + ", " + std::to_string(words.size()) + " dots";
+    return outcome;
 }
 
 }  // namespace sim

@@ -5,8 +5,6 @@
 #include "Commands.h"
 #include "QuietCommands.h"
 
-#include <utility>
-
 namespace sim {
 
 namespace {
@@ -47,7 +45,7 @@ enum Trait : unsigned {
     UsbOnly = 1,
     Acknowledged = 2,  // by a line on the serial link
     SampleData = 4,    // a packet of a transfer
-    Binary = 8,        // samples behind the field of 16 characters
+    Binary = 8,        // samples behind a field of characters
 };
 
 struct Row {
@@ -84,9 +82,9 @@ constexpr Row Rows[] = {
     {"DATA:DIGIT:Catalog?", 0, HasDigital, ListDigital},
     {"DATA:DIGIT:Nvolatile:Catalog?", 0, HasDigital, ListStoredDigital},
     {"DATA:DIGIT:Nvolatile:FREE?", 0, HasDigital, CountFree},
-    {"DATA:DIGITAL16", ',', HasDigital, RefuseDigitalData, UsbOnly | Binary},
-    {"DATA:DIGITAL", ',', HasDigital, RefuseDigitalData, Acknowledged},
-    {"DATA DIGITAL", ',', HasDigital, RefuseDigitalData, Acknowledged},
+    {"DATA:DIGITAL16", ',', HasDigital, TakeDigital, UsbOnly | SampleData | Binary},
+    {"DATA:DIGITAL", ',', HasDigital, RefuseDigitalText, Acknowledged},
+    {"DATA DIGITAL", ',', HasDigital, RefuseDigitalText, Acknowledged},
     {"DATA:DIGIT:COPY", ' ', HasDigital, CopyDigital, Acknowledged},
     {"DATA:DIGIT:LOAD", ' ', HasDigital, LoadDigital, UsbOnly},
     {"DATA:DIGIT:DELete", ' ', HasDigital, Delete},
@@ -96,7 +94,7 @@ constexpr Row Rows[] = {
     {"DIGIT:RATE?", 0, HasDigital, TellDigitRate},
     {"DIGIT:RATE", ' ', HasDigital, SetDigitRate},
     {"DIGIT:USER", ' ', HasDigital, SelectDigital},
-    {"DIGIT:FINISH", 0, HasDigital, TakeIn},
+    {"DIGIT:FINISH", 0, HasDigital, FinishDigital},
 };
 
 bool Matches(const Row& row, std::string_view message) {
@@ -125,11 +123,16 @@ Outcome HandleOther(std::string_view message) {
 }
 
 // There is no command that ends a transfer early: what has come in stays in the volatile memory.
-void BreakOffTransfer(Instrument& instrument) {
-    if (!instrument.IsReceiving) return;
-    instrument.IsReceiving = false;
-    instrument.Memory.Volatile = std::exchange(instrument.Incoming, {});
-    if (instrument.ActiveWave == VolatileName) ++instrument.OutputVersion;
+void BreakOffTransfer(Instrument& instrument, const Row* row) {
+    const WaveKind kind = row && row->Run == TakeDigital ? WaveKind::Digital : WaveKind::Analog;
+    const bool goesOn = row && row->Traits & SampleData && kind == instrument.IncomingKind;
+    if (instrument.IsReceiving && !goesOn) CompleteTransfer(instrument);
+}
+
+std::size_t TextSize(const Row& row, std::string_view message) {
+    const std::size_t head = row.Head.size() + 1;
+    const std::size_t digit = row.Run == TakeDigital ? DigitTextSize(message.substr(head)) : 0;
+    return head + (digit ? digit : PacketField);
 }
 
 Outcome RunRow(Instrument& instrument, const Row& row, Link link, std::string_view message) {
@@ -155,13 +158,17 @@ Instrument MakeInstrument(const Identity& id, const Faults& faults) {
 }
 
 Outcome HandleMessage(Instrument& instrument, Link link, std::string_view message) {
-    if (message.empty()) return {};
+    Outcome outcome;
+    if (message.empty()) {
+        outcome.Note = "empty message";
+        return outcome;
+    }
     const Row* row = FindRow(instrument.Id, message);
-    if (!row || !(row->Traits & SampleData)) BreakOffTransfer(instrument);
-    if (!row || row->Run != LoadAnalog) instrument.Load = {};
+    BreakOffTransfer(instrument, row);
+    if (!row || (row->Run != LoadAnalog && row->Run != LoadDigital)) instrument.Load = {};
     if (!row) return HandleOther(message);
-    Outcome outcome = RunRow(instrument, *row, link, message);
-    if (row->Traits & Binary) outcome.TextBytes = row->Head.size() + 1 + PacketField;
+    outcome = RunRow(instrument, *row, link, message);
+    if (row->Traits & Binary) outcome.TextBytes = TextSize(*row, message);
     return outcome;
 }
 
@@ -176,10 +183,21 @@ std::string ReplyAfterFaults(const Faults& faults, Link link, const Outcome& out
 }
 
 Samples OutputSamples(const Instrument& instrument) {
-    const WaveMemory& memory = instrument.Memory;
-    if (instrument.ActiveWave == VolatileName) return memory.Volatile;
-    const StoredWave* wave = FindStored(memory, WaveKind::Analog, instrument.ActiveWave);
-    return wave ? wave->Codes : BuiltInSamples(instrument.ActiveWave);
+    const std::string& name = instrument.ActiveWave;
+    return IsBuiltIn(name) ? BuiltInSamples(name)
+                           : SamplesOf(instrument.Memory, WaveKind::Analog, name);
+}
+
+const Samples& OutputWords(const Instrument& instrument) {
+    static const Samples none;
+    const DigitSetup& output = instrument.DigitOutput;
+    return output.Protocol == UserPattern
+               ? SamplesOf(instrument.Memory, WaveKind::Digital, output.Wave)
+               : none;
+}
+
+const ChannelMap& OutputChannels(const Instrument& instrument) {
+    return ChannelsOf(instrument.Memory, instrument.DigitOutput.Wave);
 }
 
 double VoltsOf(const Instrument& instrument, std::uint16_t code) {

@@ -77,7 +77,9 @@ constexpr OptionRow Rows[] = {
      TakeFirmware},
     {"--variant", nullptr, "the KT1100 with ten locations", TakeVariant},
     {"--serial", "TEXT", "serial number, so that several can run (SIM0001)", TakeSerial},
-    {"--store", "NAME=FILE", "fills a location: numbers 0..16383, or sine:4096, ramp:N, square:N",
+    {"--store", "NAME=FILE",
+     "fills a location: numbers 0..16383, or sine:4096, ramp:N, square:N;\n"
+     "                                  digital: words:FILE, numbers 0..65535, or count:N",
      TakeStore},
     {"--fault", "FAULT", "misbehaves, see below; may be given again", TakeFault},
     {"--picture", "FILE.svg", "keeps a picture of the active output there", TakePicture},

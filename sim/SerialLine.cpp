@@ -66,7 +66,7 @@ void ServeSerial(SerialLine& line, const TakeMessage& take) {
         if (end == line.In.npos) break;
         const std::string message = line.In.substr(0, end);
         line.In.erase(0, end + 1);
-        if (!message.empty()) take(message);
+        take(message);
     }
     Send(line);
 }

@@ -51,6 +51,10 @@ void RenewPicture(Simulator& simulator) {
 void TakeCommand(Simulator& simulator, Link link, std::string_view message) {
     if (simulator.HasEnded) return;
     const Outcome outcome = HandleMessage(simulator.Device, link, message);
+    if (message.empty()) {  // no command: what waits to be read stays
+        if (!simulator.Option.IsQuiet) PrintLine(MessageLine(link, message, outcome));
+        return;
+    }
     std::string reply = ReplyAfterFaults(simulator.Option.Fault, link, outcome);
     simulator.HasEnded = ++simulator.Commands == simulator.Option.Fault.DropAfter;
     if (simulator.HasEnded) reply.clear();
@@ -114,6 +118,10 @@ std::string StartSimulator(Simulator& simulator, const Options& options) {
     for (const std::string& store : options.Stores) {
         std::string error = StoreFromOption(simulator.Device.Memory, maxDots, store);
         if (!error.empty()) return error;
+    }
+    if (!HasDigital(options.Id) &&
+        !StoredNamesText(simulator.Device.Memory, WaveKind::Digital).empty()) {
+        return "--store: this instrument has no digital waves";
     }
     simulator.Usb.LosesReads = options.Fault.LostRead;
     simulator.IsTypingPossible = fcntl(STDIN_FILENO, F_GETFD) >= 0;

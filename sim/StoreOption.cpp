@@ -1,11 +1,11 @@
 #include "StoreOption.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <fstream>
 #include <iterator>
 #include <numbers>
+#include <numeric>
 
 namespace sim {
 
@@ -22,21 +22,37 @@ constexpr ShapeRow Shapes[] = {
     {"square:", [](double place) { return place < 0.5 ? 1.0 : -1.0; }},
 };
 
+constexpr std::string_view Count = "count:", Words = "words:";
+constexpr std::uint16_t MaxWord = 65535;
+
+std::string ReadDots(std::string_view dots, std::size_t maxDots, std::size_t& count) {
+    const auto value = ReadPlain(dots);
+    count = value.value_or(0);
+    if (count >= 1 && count <= maxDots) return {};
+    return "the number of dots is 1 to " + std::to_string(maxDots);
+}
+
 std::string MakeShape(const ShapeRow& shape, std::string_view dots, std::size_t maxDots,
                       Samples& codes) {
     std::size_t count = 0;
-    const auto read = std::from_chars(dots.data(), dots.data() + dots.size(), count);
-    if (read.ec != std::errc() || read.ptr != dots.data() + dots.size() || count < 1 ||
-        count > maxDots) {
-        return "the number of dots is 1 to " + std::to_string(maxDots);
-    }
-    for (std::size_t dot = 0; dot < count; ++dot) {
+    std::string error = ReadDots(dots, maxDots, count);
+    for (std::size_t dot = 0; error.empty() && dot < count; ++dot) {
         codes.push_back(CodeOf(shape.At(static_cast<double>(dot) / static_cast<double>(count))));
     }
-    return {};
+    return error;
 }
 
-std::string ReadCodes(const std::string& path, std::size_t maxDots, Samples& codes) {
+std::string MakeCount(std::string_view dots, std::size_t maxDots, Samples& words) {
+    std::size_t count = 0;
+    std::string error = ReadDots(dots, maxDots, count);
+    for (std::size_t dot = 0; error.empty() && dot < count; ++dot) {
+        words.push_back(static_cast<std::uint16_t>(dot & MaxWord));
+    }
+    return error;
+}
+
+std::string ReadCodes(const std::string& path, std::size_t maxDots, std::uint16_t maxCode,
+                      Samples& codes) {
     std::ifstream file(path);
     if (!file) return "cannot read " + path;
     const std::string text{std::istreambuf_iterator<char>(file), {}};
@@ -44,9 +60,11 @@ std::string ReadCodes(const std::string& path, std::size_t maxDots, Samples& cod
     for (auto at = text.find_first_not_of(between); at != text.npos;) {
         const auto end = std::min(text.find_first_of(between, at), text.size());
         const std::string number = text.substr(at, end - at);
-        const Packet packet = ReadTextPacket(number);
-        if (packet.Codes.size() != 1) return "not a number of 0 to 16383: " + number.substr(0, 20);
-        codes.push_back(packet.Codes[0]);
+        const auto code = ReadPlain(number);
+        if (!code || *code > maxCode) {
+            return "not a number of 0 to " + std::to_string(maxCode) + ": " + number.substr(0, 20);
+        }
+        codes.push_back(static_cast<std::uint16_t>(*code));
         at = text.find_first_not_of(between, end);
     }
     if (codes.empty()) return "no numbers in " + path;
@@ -54,20 +72,30 @@ std::string ReadCodes(const std::string& path, std::size_t maxDots, Samples& cod
     return "more than " + std::to_string(maxDots) + " dots in " + path;
 }
 
+std::string FillWave(StoredWave& wave, std::string_view content, std::size_t maxDots) {
+    for (const ShapeRow& shape : Shapes) {
+        if (!content.starts_with(shape.Name)) continue;
+        return MakeShape(shape, content.substr(shape.Name.size()), maxDots, wave.Codes);
+    }
+    const bool counts = content.starts_with(Count);
+    if (!counts && !content.starts_with(Words)) {
+        return ReadCodes(std::string(content), maxDots, MaxCode, wave.Codes);
+    }
+    wave.Kind = WaveKind::Digital;
+    wave.Channels.resize(MaxChannels);
+    std::iota(wave.Channels.begin(), wave.Channels.end(), std::uint8_t{0});
+    content.remove_prefix(counts ? Count.size() : Words.size());
+    return counts ? MakeCount(content, maxDots, wave.Codes)
+                  : ReadCodes(std::string(content), maxDots, MaxWord, wave.Codes);
+}
+
 }  // namespace
 
 std::string StoreFromOption(WaveMemory& memory, std::size_t maxDots, std::string_view option) {
     const auto equals = option.find('=');
     if (equals == option.npos) return "not NAME=FILE: " + std::string(option);
-    const std::string_view content = option.substr(equals + 1);
     StoredWave wave{std::string(option.substr(0, equals)), WaveKind::Analog, {}};
-    for (const ShapeRow& shape : Shapes) {
-        if (!content.starts_with(shape.Name)) continue;
-        const std::string_view dots = content.substr(shape.Name.size());
-        std::string error = MakeShape(shape, dots, maxDots, wave.Codes);
-        return error.empty() ? StoreWave(memory, std::move(wave)) : error;
-    }
-    std::string error = ReadCodes(std::string(content), maxDots, wave.Codes);
+    std::string error = FillWave(wave, option.substr(equals + 1), maxDots);
     return error.empty() ? StoreWave(memory, std::move(wave)) : error;
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace sim {
 
@@ -50,12 +51,18 @@ void Receive(UsbConnection& connection) {
     connection.IsClosing = true;
 }
 
+/// An empty message says nothing when a read follows, and counts when none does.
+void HandHeldMessage(UsbConnection& connection, const TakeMessage& take) {
+    if (std::exchange(connection.IsEmptyHeld, false)) take({});
+}
+
 /// Takes one frame off the input. False when there is no whole frame, or a read is still waiting.
 bool TakeFrame(UsbConnection& connection, const TakeMessage& take) {
     std::string& in = connection.In;
     if (connection.WaitingRead || in.size() < FrameHead) return false;
     const std::uint32_t count = CountAt(in, 1);
     if (in[0] == 'R') {
+        connection.IsEmptyHeld = false;
         connection.WaitingRead = count;
         in.erase(0, FrameHead);
         return true;
@@ -67,7 +74,9 @@ bool TakeFrame(UsbConnection& connection, const TakeMessage& take) {
     if (in.size() < FrameHead + count) return false;
     const std::string message = in.substr(FrameHead, count);
     in.erase(0, FrameHead + count);
-    if (count > 0) take(message);
+    HandHeldMessage(connection, take);
+    connection.IsEmptyHeld = message.empty();
+    if (!message.empty()) take(message);
     connection.Out += FrameOf('A', count);
     return true;
 }
@@ -103,6 +112,7 @@ void ServeConnection(UsbSocket& usb, UsbConnection& connection, const TakeMessag
     do {
         HandReply(usb, connection);
     } while (TakeFrame(connection, take));
+    if (connection.IsClosing) HandHeldMessage(connection, take);
 }
 
 void AcceptAll(UsbSocket& usb) {

@@ -1,9 +1,10 @@
 #pragma once
 // The instrument's USB side, a local stream socket. Counts are 32 bits, little-endian:
-//   'W' count bytes    a message to the instrument; 0 bytes do nothing  ->  'A' count
+//   'W' count bytes    a message to the instrument (0 bytes too)         ->  'A' count
 //   'R' most           read at most that many bytes                     ->  'D' count bytes
 // A read waits until there is something to read, and is forgotten with its connection. Connections
-// come and go with each exchange; what is still to be read stays here.
+// come and go with each exchange; what is still to be read stays here. An editor writes 0 bytes
+// ahead of each read, which says nothing; other empty messages are told.
 #include <poll.h>
 #include <chrono>
 #include <cstdint>
@@ -22,6 +23,7 @@ struct UsbConnection {
     int Fd = -1;
     std::string In, Out;
     std::optional<std::uint32_t> WaitingRead;  // bytes asked for
+    bool IsEmptyHeld = false;                  // an empty message came last
     bool IsClosing = false;
 };
 
@@ -39,7 +41,7 @@ std::string OpenUsb(UsbSocket& usb, const std::string& path);
 /// Adds what to wait for.
 void WatchUsb(const UsbSocket& usb, std::vector<pollfd>& watched);
 
-/// Moves whatever can move without waiting. `take` gets each message that is not empty, and may set
+/// Moves whatever can move without waiting. `take` gets each message, and may set
 /// `Reply` and `ReplyAt`.
 void ServeUsb(UsbSocket& usb, const TakeMessage& take);
 

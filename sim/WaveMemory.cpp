@@ -51,13 +51,19 @@ void AddName(std::string& list, std::string_view name) {
     list += Quote(name);
 }
 
-std::string WhyNotToBeStored(std::string_view name) {
+std::string WhyNotToBeStored(std::string_view name, WaveKind kind) {
     if (!IsWaveName(name)) return "not a name for a wave: " + Quote(name.substr(0, 20));
-    if (IsBuiltIn(name) || name == VolatileName) return std::string(name) + " is reserved";
-    return {};
+    const bool isTaken =
+        kind == WaveKind::Digital ? IsProtocol(name) || name == UserPattern : IsBuiltIn(name);
+    if (!isTaken && name != VolatileName) return {};
+    return std::string(name) + " is reserved";
 }
 
 }  // namespace
+
+bool IsProtocol(std::string_view name) {
+    return std::ranges::find(Protocols, name) != std::end(Protocols);
+}
 
 bool IsBuiltIn(std::string_view name) {
     return std::ranges::find(BuiltInNames, name) != std::end(BuiltInNames);
@@ -76,6 +82,20 @@ const StoredWave* FindStored(const WaveMemory& memory, WaveKind kind, std::strin
         if (wave.Kind == kind && wave.Name == name) return &wave;
     }
     return nullptr;
+}
+
+const Samples& SamplesOf(const WaveMemory& memory, WaveKind kind, std::string_view name) {
+    static const Samples none;
+    if (name == VolatileName) {
+        return kind == WaveKind::Analog ? memory.Volatile : memory.DigitVolatile;
+    }
+    const StoredWave* wave = FindStored(memory, kind, name);
+    return wave ? wave->Codes : none;
+}
+
+const ChannelMap& ChannelsOf(const WaveMemory& memory, std::string_view name) {
+    const StoredWave* wave = FindStored(memory, WaveKind::Digital, name);
+    return wave ? wave->Channels : memory.DigitChannels;
 }
 
 std::string StoredNamesText(const WaveMemory& memory, WaveKind kind) {
@@ -97,7 +117,7 @@ std::string CatalogueText(const WaveMemory& memory, WaveKind kind) {
 }
 
 std::string StoreWave(WaveMemory& memory, StoredWave wave) {
-    if (std::string reason = WhyNotToBeStored(wave.Name); !reason.empty()) return reason;
+    if (std::string reason = WhyNotToBeStored(wave.Name, wave.Kind); !reason.empty()) return reason;
     const auto place = PlaceOf(memory, wave.Name);
     if (place != memory.Stored.end()) {
         *place = std::move(wave);
@@ -118,7 +138,7 @@ std::string DeleteStored(WaveMemory& memory, std::string_view name) {
 std::string RenameStored(WaveMemory& memory, std::string_view from, std::string_view to) {
     const auto place = PlaceOf(memory, from);
     if (place == memory.Stored.end()) return "no stored wave " + Quote(from);
-    if (std::string reason = WhyNotToBeStored(to); !reason.empty()) return reason;
+    if (std::string reason = WhyNotToBeStored(to, place->Kind); !reason.empty()) return reason;
     if (from != to && PlaceOf(memory, to) != memory.Stored.end()) {
         return Quote(to) + " exists already";
     }

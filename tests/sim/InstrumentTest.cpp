@@ -10,7 +10,7 @@
 namespace {
 
 using sim::Samples;
-using namespace std::string_literals;
+using namespace std::literals;
 
 // An instrument as the command line makes it, and short ways to talk to it.
 class SimTest : public ::testing::Test {
@@ -231,6 +231,123 @@ TEST_F(SimTest, PictureShowsEachPeakAndStaysSmall) {
     EXPECT_EQ(sim::WithUnit(0.99999, "s") + sim::WithUnit(2e7, "Hz"), "1 s20 MHz");
 }
 
+// A digital packet of one channel in its map, D9, and samples of two bytes each.
+std::string DigitPacket(const std::string& text, const std::string& samples) {
+    return "DATA:DIGITAL16," + text + "\x01\x09" + std::string(15, '\0') + samples;
+}
+
+TEST_F(SimTest, DigitalPacketsMakeAWaveOfWordsAndChannels) {
+    const auto map = "\x03\x05\x00\x0F\0\0\0\0\0\0\0\0\0\0\0\0\0"s;
+    EXPECT_TRUE(Takes("DATA:DIGITAL16,CON,2," + map + "\x01\x80\xFF\xFF"));
+    EXPECT_FALSE(Takes(DigitPacket("END,1,", "ab")));  // another map
+    EXPECT_FALSE(Takes("DATA:DIGITAL16,END,2," + map + "ab"));
+    EXPECT_TRUE(device.Memory.DigitVolatile.empty());
+    const std::string end = "DATA:DIGITAL16,END,1," + map + "\x02\0"s;
+    EXPECT_EQ(sim::MessageLine(sim::Link::Usb, end, Send(end)),
+              "USB   -> DATA:DIGITAL16,END,1,  (1 samples, 3 channels; wave of 3 dots complete)");
+    EXPECT_EQ(device.Memory.DigitVolatile, (Samples{0x8001, 0xFFFF, 2}));
+    EXPECT_EQ(device.Memory.DigitChannels, (sim::ChannelMap{5, 0, 15}));
+    // A packet of the other kind ends a transfer, as any other command does.
+    EXPECT_TRUE(Takes("DATA:DAC Volatile,7,CON") && Takes(DigitPacket("CON,1,", "\4\0"s)));
+    EXPECT_EQ(device.Memory.Volatile, (Samples{7}));
+    EXPECT_TRUE(Takes("DATA:DAC Volatile,8"));
+    EXPECT_EQ(device.Memory.DigitVolatile, (Samples{4}));
+    EXPECT_EQ(device.Memory.Volatile, (Samples{8}));
+    EXPECT_EQ(Send(DigitPacket("END,1,", "ab"), sim::Link::Serial).Error, "only on USB");
+    for (int packet = 0; packet < 4; ++packet)
+        EXPECT_TRUE(Takes(DigitPacket("CON,262144,", std::string(524288, '\1'))));
+    EXPECT_FALSE(Takes(DigitPacket("END,1,", "ab")));  // 1048576 is all
+}
+
+TEST_F(SimTest, DamagedDigitalPacketsAreRefused) {
+    for (const char* text : {"", "END", "end,1,", "END,01,", "END,1", "END 1,", "END,0,", "END,,",
+                             "END,2,", "END, 1,", "END,1 ,"})
+        EXPECT_FALSE(Takes(DigitPacket(text, "ab"))) << text;
+    for (const char* samples : {"", "a", "abc", "abcd"})
+        EXPECT_FALSE(Takes(DigitPacket("END,1,", samples))) << samples;
+    const std::string zeros(13, '\0');
+    std::string all16 = "\x10\xF\xE\xD\xC\xB\xA\x9\x8\x7\x6\x5\x4\x3\x2\x1"s + '\0';
+    for (const std::string& map :
+         {"\0\0\0\0"s + zeros, "\x11" + all16.substr(1), "\1\x10\0\0"s + zeros, "\2\4\4\0"s + zeros,
+          "\2\0\0\0"s + zeros, "\2\4\5\6"s + zeros, "\1\1"s})
+        EXPECT_FALSE(Takes("DATA:DIGITAL16,END,1," + map + "ab")) << testing::PrintToString(map);
+    EXPECT_TRUE(device.Memory.DigitVolatile.empty() && !device.IsReceiving);
+    EXPECT_TRUE(Takes("DATA:DIGITAL16,END,1," + all16 + "ab"));
+}
+
+TEST_F(SimTest, BothKindsShareLocationsAndNames) {
+    EXPECT_FALSE(Takes("DATA:DIGIT:COPY A"));  // nothing in the volatile memory
+    Ask("DATA:DAC Volatile,1");
+    Ask(DigitPacket("END,1,", "\2\0"s));
+    EXPECT_TRUE(Takes("DATA:COPY A") && Takes("FUNction:USER A"));
+    EXPECT_EQ(Serial("DATA:DIGIT:COPY B"), "PARSE FINISHED\n");
+    EXPECT_TRUE(Takes("DATA:COPY C") && Takes("DATA:DIGIT:COPY D"));
+    EXPECT_FALSE(Takes("DATA:DIGIT:COPY E"));
+    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "0\n");
+    EXPECT_FALSE(Takes("DATA:REName B A"));
+    EXPECT_FALSE(Takes("DATA:REName B SPI"));
+    EXPECT_TRUE(Takes("DATA:REName C SPI"));
+    EXPECT_TRUE(Takes("DATA:REName B NEW"));
+    EXPECT_TRUE(Takes("DATA:DELete D"));
+    EXPECT_TRUE(Takes("DATA:DIGIT:COPY A"));  // its location again, though of the other kind
+    EXPECT_EQ(device.ActiveWave, "EXP_RISE");
+    EXPECT_EQ(Ask("DATA:DIGIT:Catalog?"), "\"VOLATILE\",\"A\",\"NEW\"\n");
+    EXPECT_EQ(Ask("DATA:Nvolatile:Catalog?"), "\"SPI\"\n");
+    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "1\n");
+    for (const char* name : {"RS232", "USB", "SPI", "CAN", "LAN", "DS", "TV", "PO", "VOLATILE"})
+        EXPECT_FALSE(Takes("DATA:DIGIT:COPY "s + name)) << name;
+}
+
+TEST_F(SimTest, DigitalLoadGivesAllSixteenBits) {
+    ASSERT_EQ(sim::StoreFromOption(device.Memory, 1048576, "D=count:40000"), "");
+    EXPECT_EQ(Ask("DATA:DIGIT:LOAD D"), "D,40000");
+    EXPECT_EQ(Ask("DATA:DIGIT:LOAD D").size(), 65536u);
+    const std::string rest = Ask("DATA:DIGIT:LOAD D");  // dots 32768 to 39999
+    EXPECT_EQ(rest.size(), 14464u);
+    EXPECT_EQ(rest.substr(0, 4) + rest.substr(14462), "\x00\x80\x01\x80\x3F\x9C"s);
+    Ask("DATA:DAC Volatile,1,2");
+    Ask(DigitPacket("END,1,", "\xFE\xFF"));
+    EXPECT_EQ(Ask("DATA:LOAD VOLATILE"), "VOLATILE,2");  // and not on with the other kind
+    for (const char* next : {"VOLATILE,1", "\xFE\xFF", "VOLATILE,1"})
+        EXPECT_EQ(Ask("DATA:DIGIT:LOAD VOLATILE"), next);
+    EXPECT_EQ(Ask("DATA:LOAD D") + Ask("DATA:DIGIT:LOAD NONE"), "D,0NONE,0");
+    const std::string path = testing::TempDir() + "words.txt";
+    for (const auto& [word, taken] : {std::pair{"65535", true}, {"65536", false}}) {
+        std::ofstream(path) << word;
+        EXPECT_EQ(sim::StoreFromOption(device.Memory, 4, "W=words:" + path).empty(), taken);
+    }
+    EXPECT_EQ(device.Memory.Stored[1].Codes, (Samples{65535}));
+}
+
+TEST_F(SimTest, DigitalOutputBeginsWhenItsSetUpIsFinished) {
+    const std::pair<const char*, const char*> rates[] = {{"999.5", "999.5\n"},
+                                                         {"1000", "1Kbps\n"},
+                                                         {"999999", "999.999Kbps\n"},
+                                                         {"2500000", "2.5Mbps\n"}};
+    for (const auto& [rate, told] : rates)
+        EXPECT_EQ((Ask("DIGIT:RATE "s + rate), Ask("DIGIT:RATE?")), told);
+    EXPECT_FALSE(Takes("DIGIT:FINISH"));  // no pattern yet
+    Ask(DigitPacket("END,2,", "\0\2\0\0"s));
+    Ask("DATA:DIGIT:COPY A");
+    EXPECT_TRUE(Takes("DIGIT:PROTOCOL SPI"));
+    const auto version = device.OutputVersion;
+    EXPECT_EQ(Send("").Note, "empty message");
+    EXPECT_TRUE(Takes("DIGIT:USER A"));
+    EXPECT_EQ(device.OutputVersion, version);
+    EXPECT_EQ(Send("DIGIT:FINISH").Note, "plays PO, rate 2.5Mbps: A, 2 dots");
+    Ask("DATA:REName A B");
+    EXPECT_EQ(sim::OutputWords(device), (Samples{0x200, 0}));
+    // D9 in the first of 16 rows of 25 pixels from 60 on: high for half of the 800 columns.
+    EXPECT_NE(sim::PictureOf(device).find("d='M90 64H490V81H890'"), std::string::npos);
+    Ask("DATA:DELete B");
+    EXPECT_EQ(device.Playing, sim::WaveKind::Analog);
+    Ask("DIGIT:PROTOCOL USB");
+    EXPECT_EQ(Send("DIGIT:FINISH").Note, "plays USB, rate 2.5Mbps");
+    EXPECT_NE(sim::PictureOf(device).find("output: USB"), std::string::npos);
+    EXPECT_TRUE(Takes("FUNction:USER SINC"));
+    EXPECT_EQ(device.Playing, sim::WaveKind::Analog);
+}
+
 constexpr unsigned Kt1100New = 1, Kt2200New = 2, Kt3300New = 4, Variant = 8, New = 15;
 constexpr unsigned Kt1100Old = 16, Kt2200Old = 32, Kt3300Old = 64, Old = 112, All = New | Old;
 constexpr unsigned None = 0;
@@ -248,7 +365,7 @@ const std::pair<unsigned, std::vector<std::string>> Instruments[] = {
 // Every instrument gets a volatile wave of two dots and the stored wave A; then one message.
 struct Row {
     unsigned Taken;  // by these instruments, and refused by all others
-    const char* Message;
+    std::string_view Message;
 };
 
 const Row Rows[] = {
@@ -269,6 +386,11 @@ const Row Rows[] = {
     {Kt3300New, "DIGIT:PROTOCOL SPI"},
     {None, "DIGIT:PROTOCOL I2C"},
     {None, "DATA:DIGIT:COPY D"},
+    {None, "DATA:DIGITAL,1,0,5"},
+    {Kt3300New, "DATA:DIGITAL16,END,1,\1\1\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0ab"sv},
+    {Kt3300New, "DATA:DIGIT:LOAD D"},
+    {None, "DIGIT:USER A"},
+    {All, ""},
     {All, "APPLy:USER 1E-06,2.5,-0.5"},
     {None, "APPLy:USER 1000,2"},
     {None, "APPLy:USER 1000, 2, 0"},
@@ -289,7 +411,7 @@ const Row Rows[] = {
 TEST_F(SimTest, CommandsAreTakenByWhoKnowsThemAndChangeNothingElsewhere) {
     for (const Row& row : Rows)
         for (const auto& [instrument, arguments] : Instruments) {
-            SCOPED_TRACE(row.Message + testing::PrintToString(arguments));
+            SCOPED_TRACE(std::string(row.Message) + testing::PrintToString(arguments));
             Plug(arguments);
             device.Memory.Volatile = {5, 6};
             device.Memory.Stored = {{"A", sim::WaveKind::Analog, {7, 8}}};

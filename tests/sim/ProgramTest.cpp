@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -132,6 +133,24 @@ TEST_F(ProgramTest, SerialLineOutlivesItsEditors) {
     }
     EXPECT_EQ(End(SIGINT), 0);
     EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(ProgramTest, EmptyMessageIsNotedWhenNoReadFollows) {
+    const std::string log = fs::path(folder).parent_path() / "log";
+    Start("> " + log);
+    Exchange("W\x08\0\0\0VOLTage?"s, 5);
+    Exchange("W\0\0\0\0"s, 5);
+    EXPECT_EQ(Exchange("W\0\0\0\0R\xC8\0\0\0"s, 12), "A\0\0\0\0D\x02\0\0\0001\n"s);
+    const int fd = open((folder + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
+    Write(fd, "\rVOLTage?\r");
+    EXPECT_EQ(Read(fd, 2), "1\n");
+    close(fd);
+    End(SIGTERM);
+    std::ifstream file(log);
+    std::string notes;
+    for (std::string line; std::getline(file, line);)
+        if (line.find("(empty message)") != line.npos) notes += line.substr(13, 5) + ";";
+    EXPECT_EQ(notes, "USB  ;RS232;");
 }
 
 TEST_F(ProgramTest, NameIsTakenOnlyWhileSomebodyRuns) {
