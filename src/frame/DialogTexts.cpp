@@ -290,6 +290,13 @@ constexpr WindowText Rows[] = {
     {"SendAnalogWaveFrm", "CancelWaitTip", "Stop waiting (Esc)", "停止等待 (Esc)"},
     {"SendAnalogWaveFrm", "ExitAresBtn", "&Close", "关闭(&C)"},
 
+    {"SendDigitWaveFrm", "", "Send Digital Waveform", "发送数字波形"},
+    {"SendDigitWaveFrm", "SummaryInfo", "%1 dots · %2 channels · %3", "%1 点 · %2 通道 · %3"},
+    {"SendDigitWaveFrm", "ManageHelp",
+     "Protocols can only be activated. Your own waveforms can be renamed and deleted as well, but "
+     "not while one is active.",
+     "内置协议只能激活；用户存储的波形还可以重命名和删除，但当前波形除外，请先激活其他波形。"},
+
     {"DownLoadWaveFrm", "", "Upload Waveform", "上传波形"},
     {"DownLoadWaveFrm", "cmbAllWaveLab", "&Waveform", "波形(&W)"},
     {"DownLoadWaveFrm", "cmbAllWave", "Waveform", "波形"},
@@ -300,6 +307,8 @@ constexpr WindowText Rows[] = {
     {"DownLoadWaveFrm", "CancelWaitTip", "Stop waiting (Esc)", "停止等待 (Esc)"},
     {"DownLoadWaveFrm", "LoadAresBtn", "&Upload", "上传(&U)"},
     {"DownLoadWaveFrm", "CancelAresBtn", "Close", "关闭"},
+
+    {"DownLoadDigitWaveFrm", "", "Upload Digital Waveform", "上传数字波形"},
 
     {"DigitPropertyFrm", "", "Property Setting", "属性设置"},
     {"DigitPropertyFrm", "DotnumLab", "&Dots", "点数(&D)"},

@@ -3,6 +3,7 @@
 #include "frame/WindowTextRows.h"
 #include "platform/Settings.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <unordered_map>
@@ -66,6 +67,23 @@ constexpr CatalogueRow Catalogue[] = {
     {51, "Find appointed value manually", "手动查找指定点数值"},
 };
 
+// Windows that differ from another one in a few rows: the rest are that one's.
+constexpr std::pair<std::string_view, std::string_view> Siblings[] = {
+    {"SendDigitWaveFrm", "SendAnalogWaveFrm"}, {"DownLoadDigitWaveFrm", "DownLoadWaveFrm"}};
+
+void AddSiblingRows(std::vector<WindowText>& rows, std::string_view window,
+                    std::string_view sibling) {
+    const std::vector<WindowText> own = rows;
+    for (WindowText row : own) {
+        const auto isOwn = [&](const WindowText& other) {
+            return other.Window == window && other.Control == row.Control;
+        };
+        if (row.Window != sibling || std::ranges::any_of(own, isOwn)) continue;
+        row.Window = window;
+        rows.push_back(row);
+    }
+}
+
 using TextKey = std::pair<std::string_view, std::string_view>;  // window, control
 
 struct HashKey {
@@ -98,6 +116,7 @@ std::span<const WindowText> WindowTexts() {
     static const std::vector<WindowText> rows = [] {
         std::vector<WindowText> all(MainTexts().begin(), MainTexts().end());
         all.insert(all.end(), DialogTexts().begin(), DialogTexts().end());
+        for (const auto& [window, sibling] : Siblings) AddSiblingRows(all, window, sibling);
         return all;
     }();
     return rows;

@@ -21,7 +21,8 @@ struct WindowText {
     std::string_view Chinese;
 };
 
-/// Every window text, grouped by window.
+/// Every window text; a window that is much like another one has that one's rows too, behind the
+/// others.
 std::span<const WindowText> WindowTexts();
 
 /// The text of a control in the current language; empty when there is no row.

@@ -3,10 +3,9 @@
 #include "analog/DacCode.h"
 #include "frame/Narrow.h"
 #include "link/CommandfDefBox.h"
+#include "link/TransferSteps.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 
 namespace {
 
@@ -23,15 +22,11 @@ std::vector<std::uint16_t> SamplesOf(std::span<const WaveDot> dots) {
 
 void MakeBinaryPacket(std::string_view head, std::span<const std::uint16_t> samples, bool more,
                       std::vector<std::uint8_t>& packet) {
-    static_assert(std::endian::native == std::endian::little, "samples are copied as they lie");
     std::string start(head);
     start.append(more ? "CON," : Command::LastPacket);
     start.append(std::to_string(samples.size())).append(",");
     start.resize(head.size() + FieldWidth, ' ');
-    packet.resize(start.size() + samples.size_bytes());
-    std::memcpy(packet.data(), start.data(), start.size());
-    if (!samples.empty())
-        std::memcpy(packet.data() + start.size(), samples.data(), samples.size_bytes());
+    FillPacket(start, samples, packet);
 }
 
 std::int32_t TextPacketRoom(std::int32_t baudRate) {

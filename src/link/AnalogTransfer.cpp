@@ -11,43 +11,20 @@
 #include "link/CommunicateFunBox.h"
 #include "link/ConnectFuncBox.h"
 #include "link/RS232FuncBox.h"
+#include "link/TransferSteps.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace {
 
 constexpr std::int64_t TransferShare = 90;  // percent; the rest is storing and activating
 
-void ShowSent(std::int32_t position, std::int32_t dots) {
-    ShowTransfer(TransferShare * position / dots);
-    Pump();
-}
-
-// What each packet waits for before the next may follow.
-void PacePacket() {
-    if (Link.IOType == SerialLink)
-        AwaitParseFinished();
-    else
-        Sleep(200);
-}
-
 void SendBinaryPackets(std::span<const WaveDot> dots) {
     const std::string_view head = HasOldFirmware() ? Command::Binary16Old : Command::Binary16;
     const std::vector<std::uint16_t> samples = SamplesOf(dots);
-    const auto all = static_cast<std::int32_t>(samples.size());
-    std::vector<std::uint8_t> packet;
-    for (std::int32_t position = 0; position < all;) {
-        const std::int32_t count = std::min(BinaryPacketSamples, all - position);
-        MakeBinaryPacket(head, std::span(samples).subspan(position, count), position + count < all,
-                         packet);
-        position += count;
-        SendBlock(packet);
-        if (Link.CommError) return;
-        PacePacket();
-        ShowSent(position, all);
-        if (Link.CommError) return;
-    }
+    SendInPackets(
+        samples, BinaryPacketSamples, TransferShare,
+        [&](auto part, bool more, auto& packet) { MakeBinaryPacket(head, part, more, packet); });
 }
 
 // Takes samples while they fit into `room` characters; each with a comma behind.
@@ -89,7 +66,7 @@ void SendTextPackets(std::span<const WaveDot> dots) {
         SendText(message);
         if (Link.CommError) return;
         PacePacket();
-        ShowSent(position, all);
+        ShowSent(position, all, TransferShare);
         if (Link.CommError) return;
     }
 }
@@ -100,10 +77,6 @@ void PaceCommand() {
 }
 
 }  // namespace
-
-void TellMostDots(std::string_view most) {
-    Complain(std::string(ResText(19)).append(PickText(" ", "")).append(most));
-}
 
 void SendWaveData() {
     ActiveDocumentIndex();

@@ -9,6 +9,3 @@ void SendWaveData();
 void CopyToStore(std::string_view name);
 /// Selects a waveform and applies frequency and amplitude of the document.
 void ActivateWave(std::string_view name);
-
-/// The message that only so many dots can be stored.
-void TellMostDots(std::string_view most);

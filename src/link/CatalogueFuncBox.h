@@ -30,14 +30,24 @@ struct WaveCatalogue {
 /// the free locations or the digital names are not told, what was known of the locations stays.
 void RefreshCatalogue(WaveCatalogue& catalogue);
 
-/// True for an index of AllWaveName that the user stored: it can be deleted and renamed.
-bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index);
+/// The same for the digital dialog: built-in protocols with the stored digital waveforms behind
+/// them, and the analog names that share the locations. Any failure, silence included, speaks once
+/// and leaves CommError set and all lists as they were.
+void RefreshDigitCatalogue(WaveCatalogue& catalogue);
+
+/// Index in AllWaveName of the first waveform that the user stored.
+std::int16_t FirstStoredWave(const WaveCatalogue& catalogue);
+/// True for an index from there on, unless its name is a reserved one: it can be deleted and
+/// renamed.
+bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index,
+                  std::span<const std::string_view> reserved);
 
 /// True for a waveform that every instrument comes with.
 bool IsBuiltInWave(std::string_view name);
 
-/// Which names a send dialog refuses.
+// Which names each send dialog refuses.
 std::span<const std::string_view> ReservedAnalogNames();
+std::span<const std::string_view> ReservedDigitNames();
 
 enum class NameFault { None, Empty, TooLong, Reserved };
 /// Tests a name without its outer blanks.

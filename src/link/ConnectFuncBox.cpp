@@ -3,6 +3,7 @@
 #include "frame/FirmwareVersion.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "link/CommandfDefBox.h"
 #include "link/CommunicateFunBox.h"
 #include "link/RS232FuncBox.h"
@@ -164,6 +165,10 @@ bool UploadAllowed() {
 
 bool HasDigitalWaves() {
     return Link.ConnectedModel == 2 && !Link.OldFirmwareKT3300;
+}
+
+void TellNotAvailable() {
+    Complain(PickText("Function not available", "功能不可用"));
 }
 
 bool HasOldFirmware() {

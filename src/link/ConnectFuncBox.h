@@ -21,6 +21,8 @@ void ToggleConnection();
 bool UploadAllowed();
 /// Digital waveforms need a KT3300 with new firmware.
 bool HasDigitalWaves();
+/// Tells that the connected instrument, or the link, cannot do what was asked.
+void TellNotAvailable();
 /// The firmware of the connected family is at or below its threshold.
 bool HasOldFirmware();
 /// The most dots that the connected instrument takes.

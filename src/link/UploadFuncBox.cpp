@@ -1,46 +1,33 @@
 #include "link/UploadFuncBox.h"
 
-#include "analog/AnalogDocument.h"
-#include "analog/DacCode.h"
-#include "calculus/PropertyFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
 #include "frame/StringFunc.h"
 #include "link/CatalogueFuncBox.h"
-#include "link/CommandfDefBox.h"
 #include "link/CommunicateFunBox.h"
 #include "link/ConnectFuncBox.h"
 #include "link/USB_FuncBox.h"
 #include "platform/Host.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 // The instrument answers each load command with one block. The first is text, with the number of
-// dots behind its last comma; the later ones are samples, 16 bits each, little-endian. Waveforms
-// read back span 20 volts: amplitude and offset of the output are folded into their shape.
+// dots behind its last comma; the later ones are samples, 16 bits each, little-endian.
 
 namespace {
 
 constexpr std::int32_t MostWords = 524289;  // of a load
-constexpr double FullScale = 20.0;          // volts, peak to peak
-constexpr std::uint8_t SampleMask = 0x3F;   // upper byte of a 14-bit sample
 
 using Words = std::vector<std::uint16_t>;
-
-// Output settings behind the samples.
-struct OutputState {
-    double Frequency = 0.0, Amplitude = 0.0, Offset = 0.0;  // hertz, volts, volts
-};
 
 bool MayGoOn() {
     return Link.IsConnected && !Link.CommError;
 }
 
-void AskForPacket(std::string_view name) {
-    UsbSendText(std::string(Command::Load).append(" ").append(name));
+void AskForPacket(const UploadKind& kind, std::string_view name) {
+    UsbSendText(std::string(kind.Load).append(" ").append(name));
 }
 
 // Reads one block into `buffer`; empty when the instrument has gone silent.
@@ -58,21 +45,24 @@ double CountBehindComma(std::span<const std::uint8_t> block) {
 
 // The number of dots that the instrument announces. A variant that announces none is asked again
 // until it has them, or the user cancels.
-std::optional<double> AskDotCount(std::string_view name, std::vector<std::uint8_t>& buffer) {
+std::optional<double> AskDotCount(const UploadKind& kind, std::string_view name,
+                                  std::vector<std::uint8_t>& buffer) {
     double count = 0.0;
     do {
-        if (!RoomForDocument()) return std::nullopt;
+        if (!kind.Room()) return std::nullopt;
         ShowTransfer(1);
-        AskForPacket(name);
-        Pump();
-        Sleep(4000);
-        Pump();
+        AskForPacket(kind, name);
+        if (kind.Pause > 0) {
+            Pump();
+            Sleep(kind.Pause);
+            Pump();
+        }
         if (!MayGoOn()) return std::nullopt;
         Sleep(200);
         const std::span<const std::uint8_t> block = ReadPacket(buffer);
         if (block.empty()) return std::nullopt;
         count = CountBehindComma(block);
-    } while (count == 0.0 && ModelVariant);
+    } while (count == 0.0 && kind.VariantRestarts && ModelVariant);
     return count;
 }
 
@@ -82,14 +72,14 @@ std::size_t TakeWords(std::span<const std::uint8_t> block, std::size_t received,
     const std::size_t count = block.size() / 2;
     const std::size_t taken = std::min(count, words.size() - received);
     for (std::size_t i = 0; i < taken; ++i)
-        words[received + i] =
-            static_cast<std::uint16_t>(block[2 * i] | (block[2 * i + 1] & SampleMask) << 8);
+        words[received + i] = static_cast<std::uint16_t>(block[2 * i] | block[2 * i + 1] << 8);
     return count;
 }
 
-bool ReadWords(std::string_view name, std::vector<std::uint8_t>& buffer, Words& words) {
+bool ReadWords(const UploadKind& kind, std::string_view name, std::vector<std::uint8_t>& buffer,
+               Words& words) {
     for (std::size_t received = 0; received < words.size();) {
-        AskForPacket(name);
+        AskForPacket(kind, name);
         Sleep(200);
         const std::size_t count = TakeWords(ReadPacket(buffer), received, words);
         if (count == 0) return false;
@@ -98,45 +88,15 @@ bool ReadWords(std::string_view name, std::vector<std::uint8_t>& buffer, Words& 
         Sleep(200);
         Pump();
     }
+    for (std::uint16_t& word : words) word &= kind.WordMask;
     return true;
 }
 
-// A query whose reply is a number; an empty reply is a failure.
-bool QueryNumber(std::string_view query, double& number) {
-    const std::string reply = QueryText(query);
-    number = LeadingNumber(reply);
-    return MayGoOn() && !IsEmptyReply(reply);
-}
-
-bool ReadOutput(OutputState& output) {
-    return QueryNumber(Command::FrequencyQuery, output.Frequency) &&
-           QueryNumber(Command::OffsetQuery, output.Offset) &&
-           QueryNumber(Command::VoltageQuery, output.Amplitude) &&
-           std::isnormal(output.Frequency) && output.Frequency > 0.0;
-}
-
-LoadedWave MakeWave(const Words& words, const OutputState& output) {
-    LoadedWave wave;
-    wave.MaxDots = wave.Dots = static_cast<std::int32_t>(words.size());
-    wave.LastDot = wave.Dots - 1;
-    wave.Vpp = FullScale;
-    wave.Period = 1.0 / output.Frequency;
-    wave.Quantify = StoredQuantify();
-    wave.DotArray.resize(words.size());
-    for (std::int32_t i = 0; i < wave.Dots; ++i) {
-        const double y = (2.0 * words[i] / LargestCode - 1.0) * output.Amplitude / FullScale +
-                         2.0 * output.Offset / FullScale;
-        wave.DotArray[i] = {double(i), std::clamp(y, -1.0, 1.0)};
-    }
-    CoverWithOneSegment(wave);
-    return wave;
-}
-
 // Reads a whole waveform; false, with the reason for the user in `note`, when that fails.
-bool LoadWave(std::string_view name, LoadedWave& wave, std::string& note) {
+bool LoadWave(const UploadKind& kind, std::string_view name, ReadWave& wave, std::string& note) {
     std::vector<std::uint8_t> buffer(LargestBlock);
     note = PickText("The instrument has not sent the waveform.", "仪器没有送出该波形。");
-    const std::optional<double> count = AskDotCount(name, buffer);
+    const std::optional<double> count = AskDotCount(kind, name, buffer);
     if (!count) return false;
     const std::int32_t most = std::min(MaxWaveDots, MostWords);
     if (!(*count >= 1.0 && *count <= most)) {
@@ -145,10 +105,8 @@ bool LoadWave(std::string_view name, LoadedWave& wave, std::string& note) {
             {most});
         return false;
     }
-    Words words(static_cast<std::size_t>(*count));
-    OutputState output;
-    if (!ReadWords(name, buffer, words) || !ReadOutput(output)) return false;
-    wave = MakeWave(words, output);
+    wave.Words.resize(static_cast<std::size_t>(*count));
+    if (!ReadWords(kind, name, buffer, wave.Words) || !kind.AskOutput(wave)) return false;
     note.clear();
     return true;
 }
@@ -159,9 +117,9 @@ void OpenDownLoad(DownLoadDialog& dialog) {
     const LinkWork work(PickText("Reading the catalogue...", "正在读取波形目录..."));
     EndTransfer();
     dialog.CloseAsked = true;
-    SendText(Command::Catalogue);
+    SendText(dialog.Kind->Catalogue);
     if (Link.CommError) return;
-    const std::string reply = QueryText(Command::Catalogue);
+    const std::string reply = QueryText(dialog.Kind->Catalogue);
     if (Link.CommError) return;
     Sleep(1000);
     if (IsEmptyReply(reply)) {
@@ -169,7 +127,7 @@ void OpenDownLoad(DownLoadDialog& dialog) {
         return;
     }
     dialog.AllWaveName = QuotedNames(reply, MostWaveNames);
-    const auto first = std::ranges::find_if_not(dialog.AllWaveName, IsBuiltInWave);
+    const auto first = std::ranges::find_if_not(dialog.AllWaveName, dialog.Kind->IsBuiltIn);
     if (first != dialog.AllWaveName.end())
         dialog.AllIndex = static_cast<std::int16_t>(first - dialog.AllWaveName.begin());
     dialog.CloseAsked = false;
@@ -181,35 +139,36 @@ void PickUploadWave(DownLoadDialog& dialog, std::int16_t index) {
 
 bool CanLoadWave(const DownLoadDialog& dialog) {
     if (dialog.AllIndex < 0 || dialog.AllIndex >= std::ssize(dialog.AllWaveName)) return false;
-    return !IsBuiltInWave(dialog.AllWaveName[dialog.AllIndex]);
+    return !dialog.Kind->IsBuiltIn(dialog.AllWaveName[dialog.AllIndex]);
 }
 
 void LoadChosenWave(DownLoadDialog& dialog) {
     if (Link.SendBusy || !CanLoadWave(dialog)) return;
-    if (!RoomForDocument()) {
+    const UploadKind& kind = *dialog.Kind;
+    if (!kind.Room()) {
         dialog.CloseAsked = true;
         return;
     }
     const std::string& name = dialog.AllWaveName[dialog.AllIndex];
-    LoadedWave wave;
+    ReadWave wave;
     {
         const LinkWork work(PickText("Reading the waveform...", "正在读取波形..."));
         Link.SendBusy = true;
-        const bool loaded = LoadWave(name, wave, dialog.Note);
+        const bool loaded = LoadWave(kind, name, wave, dialog.Note);
         EndTransfer();
         if (!loaded) return;
     }
     dialog.CloseAsked = true;
-    if (!OpenLoadedWave(std::move(wave))) return;
-    ActiveAnalog().Name = name;
-    TheHost().ShowTitle(ActiveAnalogIndex);
-    TheHost().RefreshCommands();
+    kind.Open(wave, name);
 }
 
 void UploadAnalogWave() {
-    if (!Link.IsConnected) {
-        Complain(ResText(25));
-        return;
-    }
-    if (RoomForDocument()) TheHost().RunDialog("DownLoadWaveFrm", 0);
+    if (!Link.IsConnected) return Complain(ResText(25));
+    if (UploadAnalogKind.Room()) TheHost().RunDialog(UploadAnalogKind.Window, 0);
+}
+
+void UploadDigitWave() {
+    if (!Link.IsConnected) return Complain(ResText(25));
+    if (!HasDigitalWaves()) return TellNotAvailable();
+    if (UploadDigitKind.Room()) TheHost().RunDialog(UploadDigitKind.Window, 0);
 }

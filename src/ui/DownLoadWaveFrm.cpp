@@ -12,7 +12,9 @@ constexpr int NoteLines = 2;
 
 }  // namespace
 
-DownLoadWaveFrm::DownLoadWaveFrm(QWidget* parent) : LinkDialog("DownLoadWaveFrm", parent) {
+DownLoadWaveFrm::DownLoadWaveFrm(const UploadKind& kind, QWidget* parent)
+    : LinkDialog(kind.Window, parent) {
+    dialog_.Kind = &kind;
     QGridLayout* form = MakeForm();
     form->setColumnMinimumWidth(2, FieldsWidth - DialogUnitGap - DialogUnitWidth);
     waves_ = AddList(form, "cmbAllWave", "cmbAllWaveLab", {});

@@ -6,7 +6,7 @@
 
 class DownLoadWaveFrm final : public LinkDialog {
 public:
-    explicit DownLoadWaveFrm(QWidget* parent = nullptr);
+    explicit DownLoadWaveFrm(const UploadKind& kind, QWidget* parent = nullptr);
 
     void Refresh() override;
 

@@ -18,7 +18,7 @@
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
 #include "ui/ResizeWaveFrm.h"
-#include "ui/SendAnalogWaveFrm.h"
+#include "ui/SendWaveFrm.h"
 #include "ui/SmoothSetFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/StatusStrip.h"
@@ -156,6 +156,12 @@ int RunModal(Mainfrm* parent, std::int16_t argument) {
         return Frm(parent).exec();
 }
 
+// The dialogs of the link are one window for both kinds of waveforms.
+template <typename Frm, const auto& Kind>
+int RunKind(Mainfrm* parent, std::int16_t) {
+    return Frm(Kind, parent).exec();
+}
+
 bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
     constexpr std::pair<std::string_view, int (*)(Mainfrm*, std::int16_t)> Windows[] = {
         {"PropertyFrm", RunModal<PropertyFrm>},
@@ -168,8 +174,10 @@ bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
         {"SmoothSetFrm", RunModal<SmoothSetFrm>},
         {"CommunicateSettingFrm", RunModal<CommunicateSettingFrm>},
         {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
-        {"SendAnalogWaveFrm", RunModal<SendAnalogWaveFrm>},
-        {"DownLoadWaveFrm", RunModal<DownLoadWaveFrm>},
+        {"SendAnalogWaveFrm", RunKind<SendWaveFrm, SendAnalogKind>},
+        {"SendDigitWaveFrm", RunKind<SendWaveFrm, SendDigitKind>},
+        {"DownLoadWaveFrm", RunKind<DownLoadWaveFrm, UploadAnalogKind>},
+        {"DownLoadDigitWaveFrm", RunKind<DownLoadWaveFrm, UploadDigitKind>},
         {"DigitPropertyFrm", RunModal<DigitPropertyFrm>},
         {"InsertNodeFrm", RunModal<InsertNodeFrm>},
         {"ArbitraryValueFrm", RunModal<ArbitraryValueFrm>},

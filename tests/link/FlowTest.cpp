@@ -10,6 +10,48 @@ struct Flow {
 };
 
 // Drain times: 3.125 ms for each character of a line and its carriage return, ties to even.
+std::vector<Flow> DigitFlows() {
+    const std::string names = "sleep 200|" + Asked("DIGIT:PROTOCOL?") +
+                              Asked("DATA:DIGIT:Catalog?") + Asked("DATA:Nvolatile:FREE?") +
+                              Asked("DATA:Nvolatile:FREE?") + Asked("DATA:Catalog?");
+    const std::string data =
+        "bar 0|RM|open USB0::1|timeout 5000|write [44]|sleep 500|close 2|"
+        "close 1|sleep 100|sleep 200|bar 100|pump|";
+    const std::string rate = "sleep 100|" + Sent("DIGIT:RATE 100000");
+    const std::string finish = Sent("DIGIT:FINISH");
+    const std::string pattern =
+        Sent("DIGIT:PROTOCOL PO") + rate + Sent("DIGIT:USER VOLATILE") + finish;
+    const std::string words = Sent("DATA:DIGIT:LOAD A1") + "sleep 200|" +
+                              "sleep 1000|RM|open USB0::1|sleep 100|timeout 5000|sleep 100|write |"
+                              "sleep 500|read 1048576|sleep 2000|close 2|close 1|";
+    const std::string lines = "sleep 200|" + Out("DIGIT:PROTOCOL?", 50) +
+                              Out("DATA:DIGIT:Catalog?", 62) + Out("DATA:Nvolatile:FREE?", 66) +
+                              Out("DATA:Nvolatile:FREE?", 66) + Out("DATA:Catalog?", 44);
+    return {
+        {0, 2, "digit volatile", data + pattern + "bar |"},
+        {0, 2, "digit store",
+         data + "pump|" + Sent("DATA:DIGIT:COPY NEW") + Sent("") + rate + Sent("DIGIT:USER NEW") +
+             finish + names + "bar |"},
+        {0, 2, "digit rename", Sent("DATA:REName A1 C3") + names},
+        {0, 2, "digit delete", Sent("DATA:DELete A1") + names},
+        {0, 2, "digit activate", Sent("") + rate + Sent("DIGIT:USER A1") + finish},
+        {0, 2, "digit activate protocol", Sent("DIGIT:PROTOCOL USB") + finish},
+        {0, 2, "digit activate volatile", pattern},
+        {0, 2, "digit open", names},
+        {0, 2, "digit open to load",
+         Sent("DATA:DIGIT:Catalog?") + Asked("DATA:DIGIT:Catalog?") + "sleep 1000|"},
+        {0, 2, "digit load",
+         "bar 1|" + words + words + "bar 50|sleep 200|pump|" + words + "bar 100|sleep 200|pump|" +
+             Asked("DIGIT:RATE?") + "bar |"},
+        {2, 2, "digit rename", Out("DATA:REName A1 C3", 56) + lines},
+        {2, 2, "digit delete", Out("DATA:DELete A1", 47) + lines},
+        {2, 2, "digit activate",
+         Out("", 3) + "sleep 100|" + Out("DIGIT:RATE 100000", 56) + Out("DIGIT:USER A1", 44) +
+             Out("DIGIT:FINISH", 41)},
+        {2, 2, "digit open", lines},
+    };
+}
+
 std::vector<Flow> Flows() {
     const std::string names =
         Asked("DATA:Catalog?") + "sleep 200|" + Asked("DATA:Nvolatile:FREE?") + "sleep 200|";
@@ -64,16 +106,21 @@ public:
         Link.IOType = flow.IOType;
         Link.ConnectedModel = flow.Model;
         Link.IsConnected = flow.What != "connect";
-        OpenSendAnalog(dialog);
+        if (flow.What.starts_with("digit ")) UseDigital({{2, 0}, {5}}, {1, 2, 3});
+        OpenSend(dialog);
         dialog.txtUserWaveName = "NEW";
         PickStoredWave(dialog, 2);
+        if (flow.What == "digit activate protocol") PickStoredWave(dialog, 0);
+        if (flow.What == "digit activate volatile") PickStoredWave(dialog, 1);
         replies["DATA:Catalog?"] = {Quoted("SINC,VOLATILE,Z9") + "\n"};
         replies["DATA:DIGIT:Catalog?"] = {Quoted("D1") + "\n"};
-        replies["DATA:LOAD A1"] = {"A1,2\n", std::string("\0\x20", 2), std::string("\0\0", 2)};
+        replies["DATA:LOAD A1"] = replies["DATA:DIGIT:LOAD A1"] = {
+            "A1,2\n", std::string("\0\x20", 2), std::string("\0\0", 2)};
         road.clear();
         openings = exchanges = pauses = 0;
     }
-    void Run(const std::string& what) {
+    void Run(std::string_view what) {
+        if (what.starts_with("digit ")) what.remove_prefix(6);
         if (what.ends_with("connect")) ToggleConnection();
         if (what == "volatile") PickStoreTarget(dialog, 0);
         if (what == "volatile" || what == "store") SaveToInstrument(dialog);
@@ -83,8 +130,8 @@ public:
             ConfirmRename(dialog);
         }
         if (what == "delete") DeleteChosenWave(dialog);
-        if (what == "activate") ActivateChosenWave(dialog);
-        if (what == "open") OpenSendAnalog(dialog);
+        if (what.starts_with("activate")) ActivateChosenWave(dialog);
+        if (what == "open") OpenSend(dialog);
         if (what == "open to load") OpenDownLoad(load);
         if (what == "load") LoadChosenWave(load);
     }
@@ -108,13 +155,16 @@ TEST_F(FlowTest, OrderOfStepsAndAFaultAtEachOfThem) {
         {2, &FlowTest::failOutput, &FlowTest::exchanges},
         {2, &FlowTest::silentFrom, &FlowTest::exchanges},
         {2, &FlowTest::cancelAt, &FlowTest::pauses}};
+    std::vector<Flow> flows = Flows();
+    std::ranges::move(DigitFlows(), std::back_inserter(flows));
     for (const auto& [ioType, failsAt, steps] : faults)
-        for (const Flow& flow : Flows()) {
+        for (const Flow& flow : flows) {
             if (flow.IOType != ioType) continue;
             Prepare(flow);
             Run(flow.What);
             EXPECT_EQ(Road(), flow.Road);
             EXPECT_EQ(AnalogDocCount, flow.What == "load" ? 2 : 1);
+            EXPECT_EQ(DigitDocUsed[1], Flag(flow.What == "digit load"));
             for (int step = 1, last = this->*steps; step <= last; ++step) {
                 Prepare(flow);
                 const std::string lists = Lists();
@@ -125,6 +175,7 @@ TEST_F(FlowTest, OrderOfStepsAndAFaultAtEachOfThem) {
                 EXPECT_TRUE(!Link.Cancelled && Link.Awaited.empty() && !Link.ReadPending);
                 EXPECT_TRUE(!Link.CommError || Lists() == lists) << Lists();
                 EXPECT_TRUE(AnalogDocCount == 1 && !AnalogInUse[1] && AnalogDocs[0].Dots == 3);
+                EXPECT_TRUE(!DigitDocUsed[1] && DigitDocTable[0].SampleCount == 3 * DigitDocCount);
                 EXPECT_FALSE(flow.What == "connect" && Link.IsConnected);
                 const Texts boxes = Boxes();
                 const std::set<std::string> told(boxes.begin(), boxes.end());

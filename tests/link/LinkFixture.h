@@ -2,10 +2,11 @@
 // An instrument behind both transports that answers from a table and fails on request, and one list
 // of all that the link does: calls, pauses, boxes and the progress bar, in order.
 #include "analog/AnalogFixture.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "link/AnalogTransfer.h"
 #include "link/ConnectFuncBox.h"
 #include "link/RS232FuncBox.h"
-#include "link/SendAnalogFuncBox.h"
+#include "link/SendWaveFuncBox.h"
 #include "link/UploadFuncBox.h"
 #include "platform/SerialPort.h"
 #include "platform/Settings.h"
@@ -30,9 +31,13 @@ public:
         for (int i = 0; i < 3; ++i) wave.DotArray[i].Y = i - 1;
         wave.Period = 1e-5;
         wave.Vpp = 4.0;
-        dialog = SendAnalogDialog();
+        dialog = SendDialog();
         load = DownLoadDialog();
         load.AllWaveName = {"A1"};
+        DigitDocTable = {};
+        DigitDocUsed.fill(false);
+        DigitDocCount = 0;
+        tag = -1;
         road = packets = {};
         pending = bar = "";
         openings = exchanges = pauses = failOpening = failOutput = silentFrom = cancelAt = idle = 0;
@@ -45,6 +50,31 @@ public:
                    {"VOLTage:OFFSet?", {"5\n"}}};
         ScriptUserAndPort();
         ScriptVisa();
+    }
+    /// A KT3300 with digital waveforms, both dialogs for them, and an active document of one node
+    /// for each row of channels; word n is `words`[n].
+    DigitDocument& UseDigital(const std::vector<std::vector<std::uint8_t>>& nodes,
+                              std::vector<std::int32_t> words) {
+        Link.ConnectedModel = 2;
+        dialog.Kind = &SendDigitKind;
+        load.Kind = &UploadDigitKind;
+        tag = FirstDigitTag;
+        replies["DIGIT:PROTOCOL?"] = {Quoted("USB,VOLATILE") + "\n"};
+        replies["DATA:DIGIT:Catalog?"] = {Quoted("VOLATILE,A1") + "\n"};
+        replies["DIGIT:RATE?"] = {"100 Kbps\n"};
+        DigitDocCount = 1;
+        DigitDocUsed[0] = true;
+        DigitDocument& document = DigitAt(0) = DigitDocument();
+        document.Dots = document.SampleCount = static_cast<std::int32_t>(words.size());
+        document.DigitSamples = std::move(words);
+        document.NodeCount = static_cast<std::uint8_t>(nodes.size());
+        for (const auto& channels : nodes) {
+            DigitNode& node = document.Nodes.emplace_back();
+            node.Width = static_cast<std::int16_t>(channels.size());
+            std::ranges::copy(channels, node.Channels.begin());
+            document.ChannelCount = static_cast<std::uint8_t>(document.ChannelCount + node.Width);
+        }
+        return document;
     }
     static std::string Joined(const auto& texts, const char* between = ",") {
         std::string all;
@@ -65,7 +95,7 @@ public:
         return boxes;
     }
 
-    SendAnalogDialog dialog;
+    SendDialog dialog;
     DownLoadDialog load;                   // with the one name A1
     Texts road, packets;                   // packets: data, whole
     std::map<std::string, Texts> replies;  // for each time it is asked, the last one from then on
@@ -90,7 +120,7 @@ private:
         CancelLinkWork();
     }
     std::string Hear(const std::string& text) {
-        const bool data = text.starts_with("DATA:DAC");
+        const bool data = text.starts_with("DATA:DAC") || text.starts_with("DATA:DIGITAL16");
         if (data) packets.push_back(text);
         idle = 0;
         if (++exchanges >= silentFrom && silentFrom > 0) return {};
@@ -150,7 +180,7 @@ private:
         };
         visa.viWrite = [this](auto, const std::uint8_t* bytes, auto count, auto*) {
             const std::string text(reinterpret_cast<const char*>(bytes), count);
-            const bool block = text.starts_with("DATA:DAC16");
+            const bool block = text.starts_with("DATA:DAC16") || text.starts_with("DATA:DIGITAL16");
             if (count > 0) pending = Hear(text);
             return Say("write " + (block ? "[" + std::to_string(count) + "]" : text));
         };

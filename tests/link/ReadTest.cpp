@@ -49,20 +49,45 @@ TEST_F(ReadTest, RepliesBecomeListsAndButtons) {
         replies["DATA:Catalog?"] = {catalogue};
         replies["DATA:Nvolatile:FREE?"] = {free};
         replies["DATA:DIGIT:Catalog?"] = {digital};
-        OpenSendAnalog(dialog);
+        OpenSend(dialog);
         EXPECT_EQ(Shown(), shown) << catalogue;
         EXPECT_TRUE(Boxes().empty() && !dialog.CloseAsked);
     }
     replies["DATA:Catalog?"] = {"busy", "", Quoted("A1"), "", "", "", Quoted("A1")};
     for (const bool gone : {false, true}) {  // asked three times
         exchanges = 0;
-        OpenSendAnalog(dialog);
+        OpenSend(dialog);
         EXPECT_TRUE(exchanges == (gone ? 3 : 4) && dialog.CloseAsked == Flag(gone));
     }
 }
 
+// Protocols and stored digital waveforms; the locations hold analog ones before them. A free count
+// that lies opens no protocol.
+TEST_F(ReadTest, DigitalRepliesBecomeListsAndButtons) {
+    const std::string most = "A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U";
+    const std::tuple<const char*, std::string, const char*, std::string, std::string> rows[] = {
+        {"VOLATILE,D1,D2", "USB,SPI", "1\n", "SINC,A1", "USB,SPI,D1,D2/A1,D1,D2,4/D1 D2 /3"},
+        {"VOLATILE", "USB", "4", "SINC", "USB/1//0"},
+        {"VOLATILE", "USB", "0", "SINC,A,B,C,D", "USB/A,B,C,D//"},
+        {"D1,VOLATILE,D2", "USB", "3", "SINC", "USB,D1,D2/D2,2/D2 /1"},
+        {"D1", "USB", "0", "A1", "USB,D1/A1,,,D1/D1 /"},
+        {"CAN,usb", "USB", "2", "SINC", "USB,CAN,usb/CAN,usb,3/usb /2"},
+        {"D1", most + ",V", "4", "SINC", most + "/1//0"}};
+    for (const auto& [waves, protocols, free, analog, shown] : rows) {
+        SetUp();
+        UseDigital({{0}}, {1});
+        replies["DIGIT:PROTOCOL?"] = {Quoted(protocols) + "\n"};
+        replies["DATA:DIGIT:Catalog?"] = {Quoted(waves) + "\n"};
+        replies["DATA:Nvolatile:FREE?"] = {free};
+        replies["DATA:Catalog?"] = {Quoted(analog) + "\n"};
+        OpenSend(dialog);
+        EXPECT_EQ(Shown(), shown) << waves;
+        EXPECT_TRUE(Boxes().empty() && !dialog.CloseAsked);
+    }
+}
+
 TEST_F(ReadTest, ChoicesFollowTheListsAndSpareBuiltInWaves) {
-    OpenSendAnalog(dialog);
+    OpenSend(dialog);
     EXPECT_TRUE(dialog.UserIndex == 2 && CanNameLocation(dialog));
     PickLocation(dialog, 1);
     EXPECT_TRUE(dialog.txtUserWaveName == "B2" && !CanNameLocation(dialog));
@@ -123,6 +148,48 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
         EXPECT_TRUE(AnalogDocCount == (dots > 0 ? 2 : 1) && AnalogDocs[1].Dots == dots);
         EXPECT_TRUE(load.CloseAsked == Flag(dots > 0) && load.Note.empty() == (dots > 0));
         EXPECT_TRUE(exchanges == steps && Boxes().empty()) << exchanges;
+    }
+}
+
+TEST_F(ReadTest, DigitalWordsBecomeSixteenChannels) {
+    const std::tuple<const char*, double> rows[] = {{"100000\n", 1e5},
+                                                    {"12.5 Kbps\n", 12500},
+                                                    {"1.5Mbps", 1.5e6},
+                                                    {"2E+3 bps", 2000},
+                                                    {"9 Mbps", 2e6},
+                                                    {"0.25", 1},
+                                                    {"", 0},
+                                                    {"fast Kbps", 0},
+                                                    {"0", 0},
+                                                    {"-5", 0}};
+    for (const auto& [reply, rate] : rows) {
+        SetUp();
+        UseDigital({{0}}, {1});
+        replies["DATA:DIGIT:LOAD A1"] = {"A1,3\n", std::string("\0\0\xFF\xFF", 4), "\x01\x80?"};
+        replies["DIGIT:RATE?"] = {reply};
+        LoadChosenWave(load);
+        SCOPED_TRACE(reply);
+        const DigitDocument& document = DigitDocTable[1];
+        ASSERT_TRUE(DigitDocUsed[1] == Flag(rate > 0) && load.CloseAsked == Flag(rate > 0));
+        if (!DigitDocUsed[1]) continue;
+        EXPECT_TRUE(document.Rate == rate && document.Dots == 3 && document.SampleCount == 3);
+        EXPECT_EQ(document.DigitSamples, (std::vector<std::int32_t>{0, 0xFFFF, 0x8001}));
+        EXPECT_TRUE(document.Title == "A1" && !document.Changed && !document.IsSaved);
+        EXPECT_TRUE(document.Caliper == 0 && document.ChannelCount == 16);
+        ASSERT_EQ(document.NodeCount, 16);
+        for (int n = 0; n < 16; ++n) {
+            const DigitNode& node = document.Nodes[n];
+            EXPECT_EQ(node.Name, "D" + std::to_string(n));
+            EXPECT_TRUE(node.Channels[0] == n && node.Width == 1 && node.DataLength == 3);
+            EXPECT_TRUE(node.Row == n && node.Radix == 0 && !node.IsBus);
+        }
+    }
+    ModelVariant = true;  // no variant has digital waveforms: an empty one is not asked for again
+    for (const auto& [count, steps] : {std::pair("x,0", 1), {"x,4097", 1}, {"x,4096", 2}}) {
+        replies["DATA:DIGIT:LOAD A1"] = {count, ""};
+        exchanges = 0;
+        LoadChosenWave(load);
+        EXPECT_EQ(exchanges, steps);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "analog/DacCode.h"
+#include "link/DigitTransfer.h"
 #include "LinkFixture.h"
 
 #include <limits>
@@ -59,6 +60,44 @@ TEST_F(SendTest, BinaryPacketsByteForByte) {
             EXPECT_TRUE(packets == expected) << dots;
         }
     EXPECT_EQ(packets[0].size(), 65530U);
+}
+
+// Word n is n with bits above the 16 of a word. Data that ends before or behind the dots is filled
+// with zeros or left out.
+TEST_F(SendTest, DigitalPacketsByteForByte) {
+    using Nodes = std::vector<std::vector<std::uint8_t>>;
+    const std::pair<Nodes, std::string> layouts[] = {
+        {{{2, 0}, {5}}, {"\3\2\0\5\0\0\0\0\0\0\0\0\0\0\0\0\0", 17}},
+        {{{9}, {15, 0, 14, 1, 13, 2}, {12, 3, 11, 4, 10, 5, 8, 6, 7}},
+         {"\20\11\17\0\16\1\15\2\14\3\13\4\12\5\10\6\7", 17}}};
+    const std::tuple<std::int32_t, std::int32_t, Texts> rows[] = {
+        {1, 1, {"END,1,"}},
+        {100, 100, {"END,100,"}},
+        {32746, 32746, {"END,32746,"}},
+        {32747, 32747, {"CON,32746,", "END,1,"}},
+        {100, 70, {"END,100,"}},
+        {100, 170, {"END,100,"}},
+        {40000, 40000, {"CON,32746,", "END,7254,"}}};
+    for (const auto& [nodes, channels] : layouts)
+        for (const auto& [dots, samples, fields] : rows) {
+            SetUp();
+            std::vector<std::int32_t> words(samples);
+            for (std::int32_t i = 0; i < samples; ++i) words[i] = 0x7FFF0000 | i;
+            Texts expected;
+            for (std::int32_t dot = 0; const std::string& field : fields) {
+                std::string bytes = "DATA:DIGITAL16," + field;
+                bytes += channels;
+                for (int i = 0; i < 32746 && dot < dots; ++i, ++dot) {
+                    bytes += static_cast<char>(dot < samples ? dot % 256 : 0);
+                    bytes += static_cast<char>(dot < samples ? dot / 256 : 0);
+                }
+                expected.push_back(bytes);
+            }
+            UseDigital(nodes, words).Dots = dots;
+            SendDigitData();
+            EXPECT_TRUE(packets == expected) << dots << " " << samples;
+        }
+    EXPECT_EQ(packets[0].size(), 65534U);
 }
 
 // A packet has baud / 4 characters less 21 for values with a comma behind each: 2379 at 9600 baud,
@@ -125,6 +164,92 @@ TEST_F(SendTest, ChecksBeforeAStoreInTheirOrder) {
     }
 }
 
+// As above, where an empty document is one without channels. The names of built-in analog waves are
+// free here. Stored: packet, copy, rate, name, end; a new name is followed by five queries.
+TEST_F(SendTest, ChecksBeforeADigitalStoreInTheirOrder) {
+    const Answer ok = Answer::Ok, no = Answer::No, yes = Answer::Yes, cancel = Answer::Cancel;
+    const std::tuple<const char*, int, std::int32_t, std::int16_t, std::vector<Answer>, const char*,
+                     int, bool>
+        rows[] = {{"  ", 0, 8, 4, {}, "21", 0, false},
+                  {"USB", 0, 524289, 4, {}, "17,18", 0, false},
+                  {"USB", 1, 524289, 4, {}, "17,19", 0, false},
+                  {"USB", 1, 131073, 1, {ok, cancel}, "17,27", 0, true},
+                  {"LAN", 1, 131073, 1, {ok, ok, cancel}, "17,27,23", 0, true},
+                  {"PO", 1, 131072, 4, {}, "17", 0, false},
+                  {"S1", 1, 8, 4, {}, "22", 0, false},
+                  {"S1", 1, 8, 2, {no}, "23", 0, false},
+                  {"S1", 1, 8, 2, {yes}, "23", 5, false},
+                  {"SINC", 1, 0, 1, {}, "19", 0, false},
+                  {"SINC", 1, 8, 1, {}, "", 10, false}};
+    for (const auto& [name, nodes, dots, used, given, told, sent, accepted] : rows) {
+        SetUp();
+        MaxWaveDots = 524288;
+        UseDigital({std::vector<std::uint8_t>(nodes)}, {}).Dots = dots;
+        DigitAt(0).NodeCount = static_cast<std::uint8_t>(nodes);
+        dialog.Stored.UsedStoreCount = used;
+        dialog.Stored.UserWaveName = {"S1", "S2", "S3", "S4"};
+        dialog.txtUserWaveName = name;
+        answers = given;
+        EnterUserWaveName(dialog);
+        EXPECT_EQ(Told(), told);
+        EXPECT_TRUE(exchanges == sent && Link.BigWaveAccepted == Flag(accepted)) << told;
+    }
+    for (const char* name : {"RS232", "USB", "SPI", "DS", "TV", "VOLATILE", "PO", "CAN", "LAN"})
+        EXPECT_EQ(CheckWaveName(name, ReservedDigitNames()), NameFault::Reserved) << name;
+}
+
+TEST_F(SendTest, WhatADigitalSendRefuses) {
+    const std::string most = std::string(ResText(19)) + " 1048576 !";
+    const std::tuple<std::uint8_t, std::uint8_t, std::int32_t, std::string> rows[] = {
+        {0, 0, 1048577, std::string(ResText(18))},
+        {0, 1, 1048577, most},
+        {0, 1, 0, most},
+        {1, 1, 8, "Function not available"},
+        {2, 0, 0, "Function not available"}};
+    for (const auto& [ioType, nodes, dots, told] : rows) {
+        SetUp();
+        Link.IOType = ioType;
+        UseDigital({{0}}, {}).Dots = dots;
+        DigitAt(0).NodeCount = nodes;
+        PickStoreTarget(dialog, 0);
+        SaveToInstrument(dialog);
+        EXPECT_EQ(Road(), "box TideMark: " + told + "|");
+        EXPECT_TRUE(Link.StoreTarget == 1 && !Link.SendBusy);
+    }
+    Link.IOType = UsbLink;
+    for (const std::int32_t dots : {524288, 524289}) {
+        Link.DigitStoreTarget = 1;
+        DigitAt(0).Dots = dots;
+        OpenSend(dialog);
+        PickStoreTarget(dialog, 1);
+        EXPECT_EQ(Link.DigitStoreTarget, dots == 524288 ? 1 : 0);
+    }
+}
+
+TEST_F(SendTest, CommandsOfDigitalWavesAskForWhatTheyNeed) {
+    const std::string none = "TideMark: Function not available";
+    const std::tuple<bool, std::int16_t, std::uint8_t, std::string, std::string> rows[] = {
+        {false, 0, 0, "TideMark: " + std::string(ResText(25)),
+         "TideMark: " + std::string(ResText(25))},
+        {true, 0, 1, "TideMark: " + std::string(ResText(26)), none},
+        {true, 1, 1, none, none},
+        {true, 1, 2, "SendDigitWaveFrm", "DownLoadDigitWaveFrm"},
+        {true, 10, 2, "SendDigitWaveFrm", "TideMark: Exceed maximum digit file numbers limit"}};
+    TheHost().RunDialog = [this](auto window, auto) {
+        road.push_back("box " + std::string(window));
+        return false;
+    };
+    for (const auto& [connected, documents, model, send, upload] : rows) {
+        Link.IsConnected = connected;
+        Link.ConnectedModel = model;
+        DigitDocCount = documents;
+        road.clear();
+        SendDigitWaveform();
+        UploadDigitWave();
+        EXPECT_EQ(Boxes(), (Texts{send, upload}));
+    }
+}
+
 TEST_F(SendTest, RenameAndActivateInTheFirmwaresForm) {
     const std::tuple<std::uint8_t, bool, bool, std::string, std::string> rows[] = {
         {0, false, true, " A1,C3", "NEGRAMP"},   {0, true, false, ",A1,C3", "NEGRAMP"},
@@ -140,7 +265,7 @@ TEST_F(SendTest, RenameAndActivateInTheFirmwaresForm) {
         Link.OldFirmwareKT3300 = model == 2 && old;
         ActivateWave("NEG_RAMP");
         EXPECT_EQ(road[3], "write FUNction:USER " + selected);
-        OpenSendAnalog(dialog);
+        OpenSend(dialog);
         PickStoredWave(dialog, 2);
         BeginRename(dialog);
         road.clear();

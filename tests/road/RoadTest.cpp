@@ -2,9 +2,11 @@
 // over its pseudo-terminal, with the bodies of all ports. A waveform sent over the serial line is
 // read back over USB, since the simulator has both.
 #include "analog/AnalogFixture.h"
+#include "digital/DigitDocumentFuncBox.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "link/ConnectFuncBox.h"
 #include "link/RS232FuncBox.h"
-#include "link/SendAnalogFuncBox.h"
+#include "link/SendWaveFuncBox.h"
 #include "link/UploadFuncBox.h"
 #include "link/USB_FuncBox.h"
 #include "platform/qt/SerialPort.h"
@@ -80,12 +82,12 @@ private:
     QTimer ticks_;
 };
 
-std::vector<std::string> Catalogue(const SendAnalogDialog& dialog) {
+std::vector<std::string> Catalogue(const SendDialog& dialog) {
     const auto first = dialog.Stored.AllWaveName.begin();
     return {first, first + dialog.Stored.AllWaveCount};
 }
 
-void PickByName(SendAnalogDialog& dialog, std::string_view name) {
+void PickByName(SendDialog& dialog, std::string_view name) {
     for (std::int16_t i = 0; i < dialog.Stored.AllWaveCount; ++i)
         if (dialog.Stored.AllWaveName[i] == name) PickStoredWave(dialog, i);
 }
@@ -104,8 +106,8 @@ TEST_P(RoadTest, AWaveformGoesThereAndBack) {
     ASSERT_TRUE(Link.IsConnected);
     EXPECT_TRUE(Link.ConnectedModel == 2 && !HasOldFirmware());
 
-    SendAnalogDialog dialog;
-    OpenSendAnalog(dialog);
+    SendDialog dialog;
+    OpenSend(dialog);
     ASSERT_FALSE(dialog.CloseAsked);
     PickStoreTarget(dialog, 1);
     ChangeUserWaveName(dialog, "road");
@@ -140,11 +142,66 @@ TEST_P(RoadTest, AWaveformGoesThereAndBack) {
     EXPECT_THAT(asked, ElementsAre());
 }
 
+class DigitRoadTest : public RoadTest {  // over USB only
+protected:
+    void SetUp() override {
+        RoadTest::SetUp();
+        DigitDocTable = {};
+        DigitDocUsed.fill(false);
+        DigitDocCount = 0;
+    }
+};
+
+TEST_P(DigitRoadTest, ADigitalWaveformGoesThereAndBack) {
+    LoadedDigit wave;
+    wave.Dots = GetParam().Dots;
+    wave.Rate = 250000.0;
+    for (std::int32_t i = 0; i < wave.Dots; ++i) wave.DigitSamples.push_back(i * 7919 & 0xFFFF);
+    for (std::uint8_t n = 0; n < 16; ++n) {
+        DigitNode& node = wave.Nodes.emplace_back();
+        node.Channels[0] = n;
+        node.DataLength = wave.Dots;
+    }
+    ASSERT_TRUE(OpenLoadedDigit(wave, "there"));
+    ScanUsbResources();
+    ConnectInstrument();
+    SendDialog dialog;
+    dialog.Kind = &SendDigitKind;
+    OpenSend(dialog);
+    ASSERT_FALSE(dialog.CloseAsked);
+    const std::int16_t known = dialog.Stored.AllWaveCount;
+    ChangeUserWaveName(dialog, "road");
+    SaveToInstrument(dialog);
+    PickByName(dialog, "ROAD");
+    BeginRename(dialog);
+    ChangeAllWaveName(dialog, "WAY");
+    ConfirmRename(dialog);
+    ASSERT_EQ(dialog.Stored.AllWaveCount, known + 1);
+
+    DownLoadDialog upload;
+    upload.Kind = &UploadDigitKind;
+    OpenDownLoad(upload);
+    upload.AllIndex = static_cast<std::int16_t>(std::ranges::find(upload.AllWaveName, "WAY") -
+                                                upload.AllWaveName.begin());
+    LoadChosenWave(upload);
+    ASSERT_EQ(DigitDocCount, 2) << upload.Note;
+    EXPECT_TRUE(ActiveDigit().Title == "WAY" && ActiveDigit().Rate == wave.Rate);
+    EXPECT_EQ(ActiveDigit().DigitSamples, wave.DigitSamples);
+    PickByName(dialog, "WAY");
+    DeleteChosenWave(dialog);
+    EXPECT_EQ(dialog.Stored.AllWaveCount, known);
+    DisconnectInstrument();
+    EXPECT_THAT(asked, testing::ElementsAre());
+}
+
 INSTANTIATE_TEST_SUITE_P(Quick, RoadTest,
                          testing::Values(RoadCase{UsbLink, 9600, 40000, false},
                                          RoadCase{UsbLink, 9600, 1, false},
                                          RoadCase{SerialLink, 9600, 4096, false},
                                          RoadCase{SerialLink, 115200, 4096, false}));
+INSTANTIATE_TEST_SUITE_P(Quick, DigitRoadTest,
+                         testing::Values(RoadCase{UsbLink, 9600, 40000, false},
+                                         RoadCase{UsbLink, 9600, 1, false}));
 INSTANTIATE_TEST_SUITE_P(RealPauses, RoadTest,
                          testing::Values(RoadCase{SerialLink, 9600, 4096, true},
                                          RoadCase{SerialLink, 115200, 4096, true}));

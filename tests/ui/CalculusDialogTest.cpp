@@ -10,7 +10,7 @@
 #include "ui/PlotPreview.h"
 #include "ui/PropertyFrm.h"
 #include "ui/ResizeWaveFrm.h"
-#include "ui/SendAnalogWaveFrm.h"
+#include "ui/SendWaveFrm.h"
 #include "ui/SmoothSetFrm.h"
 #include "ui/StandardWaveFrm.h"
 #include "ui/WaveMathFrm.h"
@@ -190,8 +190,9 @@ TEST_F(CalculusDialogTest, TextsComeFromTheTableAndKeepTheSize) {
         expect(SmoothSetFrm());
         expect(CommunicateSettingFrm());
         expect(LinkTranscriptFrm());
-        expect(SendAnalogWaveFrm());
-        expect(DownLoadWaveFrm());
+        for (const SendKind* kind : {&SendAnalogKind, &SendDigitKind}) expect(SendWaveFrm(*kind));
+        for (const UploadKind* kind : {&UploadAnalogKind, &UploadDigitKind})
+            expect(DownLoadWaveFrm(*kind));
         const InstrumentSelFrm selection;
         FindIn<QLabel>(selection, "lblMsgbox")->clear();  // tells of values
         expect(selection);

@@ -4,7 +4,7 @@
 #include "ui/DownLoadWaveFrm.h"
 #include "ui/LinkWait.h"
 #include "ui/MainWindowFixture.h"
-#include "ui/SendAnalogWaveFrm.h"
+#include "ui/SendWaveFrm.h"
 
 #include <map>
 
@@ -213,7 +213,7 @@ TEST_F(LinkWindowTest, ConnectionIsShown) {
 
 TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
     Connect();
-    SendAnalogWaveFrm dialog(window_.get());
+    SendWaveFrm dialog(SendAnalogKind, window_.get());
     Open(dialog);
     EXPECT_EQ(FindIn<QComboBox>(dialog, "cmbUserWave")->currentText(), "3");  // the free one
     EXPECT_EQ(FindIn<QLabel>(dialog, "UsedTxt")->text(), "2 of 4");
@@ -246,7 +246,7 @@ TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
 
 TEST_F(LinkWindowTest, RenamingTakesANameOnly) {
     Connect();
-    SendAnalogWaveFrm dialog(window_.get());
+    SendWaveFrm dialog(SendAnalogKind, window_.get());
     Open(dialog);
     auto* waves = FindIn<QComboBox>(dialog, "cmbAllWave");
     auto* name = FindIn(dialog, "txtAllWaveName");
@@ -274,7 +274,8 @@ TEST_F(LinkWindowTest, RenamingTakesANameOnly) {
 TEST_F(LinkWindowTest, SilentInstrumentClosesTheDialogs) {
     Connect();
     replies.clear();
-    for (const char* name : {"SendAnalogWaveFrm", "DownLoadWaveFrm"}) {
+    for (const char* name :
+         {"SendAnalogWaveFrm", "SendDigitWaveFrm", "DownLoadWaveFrm", "DownLoadDigitWaveFrm"}) {
         Script({Answer::Ok});
         EXPECT_FALSE(TheHost().RunDialog(name, 0));
         EXPECT_EQ(asked.size(), 1U) << name;
@@ -283,7 +284,7 @@ TEST_F(LinkWindowTest, SilentInstrumentClosesTheDialogs) {
 
 TEST_F(LinkWindowTest, BuiltInWaveformsCannotBeUploaded) {
     Connect();
-    DownLoadWaveFrm dialog(window_.get());
+    DownLoadWaveFrm dialog(UploadAnalogKind, window_.get());
     Open(dialog);
     const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
     const auto* load = FindIn<QPushButton>(dialog, "LoadAresBtn");

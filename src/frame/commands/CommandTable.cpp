@@ -29,7 +29,7 @@
 #include "frame/StatusText.h"
 #include "link/ConnectFuncBox.h"
 #include "link/LinkWork.h"
-#include "link/SendAnalogFuncBox.h"
+#include "link/SendWaveFuncBox.h"
 #include "link/UploadFuncBox.h"
 #include "platform/Host.h"
 
@@ -453,10 +453,11 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuTool_Connect"}, "Connect", "", Run<ConnectInstrument>, nullptr, IsIdle, nullptr},
     {"", {"MnuTool_Disconnect"}, "", "", Run<DisconnectInstrument>, nullptr, IsConnected, nullptr},
     {"TransAresBtn", {"MnuTool_Send"}, "Trans", "Ctrl+Return",
-     Run<SendAnalogWaveform>, nullptr, HasNoDigital, nullptr},
+     Run<SendAnalogWaveform>, Run<SendDigitWaveform>, nullptr, nullptr},
     {"LoadAresBtn", {"MnuTool_Load"}, "Load", "Ctrl+D",
      Run<UploadAnalogWave>, nullptr, UploadAllowed, nullptr},
-    {"LoadDigitAresBtn", {}, "LoadDigit", "", nullptr, nullptr, nullptr, nullptr},
+    {"LoadDigitAresBtn", {}, "LoadDigit", "Ctrl+Shift+D",
+     Run<UploadDigitWave>, nullptr, UploadAllowed, nullptr},
     {"", {"MnuTool_Com"}, "", "", OpenDialog<Communicate>, nullptr, nullptr, nullptr},
     {"", {"MnuTool_Transcript"}, "", "", OpenDialog<Transcript>, nullptr, nullptr, nullptr},
     // Digital

@@ -1,16 +1,16 @@
 #pragma once
 // The dialog that sends the active document to the instrument and manages the waveforms stored
-// there. It shows and collects; the rules stand in link/SendAnalogFuncBox.
-#include "link/SendAnalogFuncBox.h"
+// there. It shows and collects; the rules stand in link/SendWaveFuncBox.
+#include "link/SendWaveFuncBox.h"
 #include "ui/LinkDialog.h"
 
 #include <vector>
 
 class QRadioButton;
 
-class SendAnalogWaveFrm final : public LinkDialog {
+class SendWaveFrm final : public LinkDialog {
 public:
-    explicit SendAnalogWaveFrm(QWidget* parent = nullptr);
+    explicit SendWaveFrm(const SendKind& kind, QWidget* parent = nullptr);
 
     void Refresh() override;
 
@@ -21,7 +21,7 @@ protected:
 
 private:
     class NameBox;
-    using Act = void (*)(SendAnalogDialog&);
+    using Act = void (*)(SendDialog&);
 
     QWidget* MakeSummary();
     QLayout* MakeStoreRows();
@@ -31,15 +31,15 @@ private:
     QLabel* MakeCaption(const char* name);
     void AddHead(QGridLayout* form, const char* name);
     void AddHelp(QGridLayout* form, const char* name);
-    QComboBox* MakeList(const char* name, void (*pick)(SendAnalogDialog&, std::int16_t));
-    NameBox* MakeNameBox(const char* name, void (*change)(SendAnalogDialog&, std::string_view),
+    QComboBox* MakeList(const char* name, void (*pick)(SendDialog&, std::int16_t));
+    NameBox* MakeNameBox(const char* name, void (*change)(SendDialog&, std::string_view),
                          Act enter);
     QPushButton* MakeAct(const char* name, Act act);
     void ShowName(NameBox* box, const std::string& name, bool open);
     void RefreshStore();
     void RefreshManage();
 
-    SendAnalogDialog dialog_;
+    SendDialog dialog_;
     QRadioButton* targets_[2];  // OptionSave: 0 non-volatile, 1 volatile
     QComboBox *locations_, *waves_;
     NameBox *userName_, *allName_;

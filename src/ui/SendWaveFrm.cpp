@@ -1,6 +1,8 @@
-#include "ui/SendAnalogWaveFrm.h"
+#include "ui/SendWaveFrm.h"
 
 #include "calculus/PropertyFuncBox.h"
+#include "digital/DigitPropertyFuncBox.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
@@ -64,15 +66,28 @@ private:
     bool used_ = false;
 };
 
+constexpr UnitRow BitRates[] = {
+    {RateUnits[0], 1e6, {}}, {RateUnits[1], 1e3, {}}, {RateUnits[2], 1.0, {}}};
+
+// A value in the largest unit that it fills; the last one for smaller values.
+QString Quantity(double value, std::span<const UnitRow> units) {
+    const auto fills = [&](const UnitRow& unit) { return value >= unit.Factor; };
+    const auto found = std::ranges::find_if(units, fills);
+    const UnitRow& unit = found != units.end() ? *found : units.back();
+    return QString::number(value / unit.Factor, 'g', 6) + " " + ToQt(unit.Name);
+}
+
 // "3500 dots · 2 Vpp · 100 KHz"
 QString WaveText(const AnalogWaveRecord& wave, const QString& pattern) {
-    const double hertz = 1.0 / wave.Period;
-    const auto fits = [&](const UnitRow& unit) { return hertz >= unit.Factor; };
-    const auto found = std::ranges::find_if(FrequencyUnits, fits);
-    const UnitRow& unit = found != FrequencyUnits.end() ? *found : FrequencyUnits.back();
-    return pattern.arg(wave.Dots).arg(
-        QString::number(wave.Vpp, 'g', 6),
-        QString::number(hertz / unit.Factor, 'g', 6) + " " + ToQt(unit.Name));
+    const QString frequency = Quantity(1.0 / wave.Period, FrequencyUnits);
+    return pattern.arg(wave.Dots).arg(QString::number(wave.Vpp, 'g', 6), frequency);
+}
+
+// "4096 dots · 16 channels · 100 Kbps"
+QString WaveText(const DigitDocument& document, const QString& pattern) {
+    return pattern.arg(document.Dots)
+        .arg(document.ChannelCount)
+        .arg(Quantity(document.Rate, BitRates));
 }
 
 void SetDim(QWidget* text) {
@@ -82,7 +97,7 @@ void SetDim(QWidget* text) {
 }  // namespace
 
 // A box for a name. The record may cut or fold what is typed: its text comes back at the cursor.
-class SendAnalogWaveFrm::NameBox final : public NumberBox {
+class SendWaveFrm::NameBox final : public NumberBox {
 public:
     explicit NameBox(QWidget* parent) : NumberBox(KeyKind::WaveName, parent) {
         setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -105,22 +120,27 @@ protected:
     }
 };
 
-SendAnalogWaveFrm::SendAnalogWaveFrm(QWidget* parent) : LinkDialog("SendAnalogWaveFrm", parent) {
+SendWaveFrm::SendWaveFrm(const SendKind& kind, QWidget* parent) : LinkDialog(kind.Window, parent) {
+    dialog_.Kind = &kind;
     auto* rows = new QVBoxLayout;
     rows->setSpacing(DialogRowGap * 2);
     rows->addWidget(MakeSummary());
     rows->addLayout(MakeStoreRows());
     rows->addLayout(MakeManageRows());
     close_ = MakeButton("ExitAresBtn");
-    connect(close_, &QPushButton::clicked, this, &SendAnalogWaveFrm::reject);
+    connect(close_, &QPushButton::clicked, this, &SendWaveFrm::reject);
     LayOut(rows, MakeBottom({close_}));
     allName_->setEnabled(false);
     ApplyTexts();
     Refresh();
 }
 
-QWidget* SendAnalogWaveFrm::MakeSummary() {
-    const AnalogWaveRecord& wave = ActiveAnalog();
+QWidget* SendWaveFrm::MakeSummary() {
+    const bool digital = dialog_.Kind == &SendDigitKind;
+    const QString pattern = RowText("SummaryInfo");
+    const QString texts[] = {
+        ToQt(digital ? ActiveDigit().Title : ActiveAnalog().Name),
+        digital ? WaveText(ActiveDigit(), pattern) : WaveText(ActiveAnalog(), pattern)};
     auto* summary = new QWidget(this);
     auto* lines = new QVBoxLayout(summary);
     lines->setContentsMargins(0, 0, 0, 0);
@@ -131,7 +151,7 @@ QWidget* SendAnalogWaveFrm::MakeSummary() {
         line->setTextFormat(Qt::PlainText);
         line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         line->setFixedHeight(LineHeight);
-        line->setText(first ? ToQt(wave.Name) : WaveText(wave, RowText("SummaryInfo")));
+        line->setText(texts[first ? 0 : 1]);
         QFont font = line->font();
         font.setBold(first);
         line->setFont(font);
@@ -141,7 +161,7 @@ QWidget* SendAnalogWaveFrm::MakeSummary() {
     return summary;
 }
 
-QLayout* SendAnalogWaveFrm::MakeStoreRows() {
+QLayout* SendWaveFrm::MakeStoreRows() {
     QGridLayout* form = MakeForm();
     AddHead(form, "StoreHead");
     AddTargets(form);
@@ -161,7 +181,7 @@ QLayout* SendAnalogWaveFrm::MakeStoreRows() {
     return form;
 }
 
-QLayout* SendAnalogWaveFrm::MakeManageRows() {
+QLayout* SendWaveFrm::MakeManageRows() {
     QGridLayout* form = MakeForm();
     AddHead(form, "ManageHead");
     waves_ = MakeList("cmbAllWave", PickStoredWave);
@@ -192,7 +212,7 @@ QLayout* SendAnalogWaveFrm::MakeManageRows() {
     return form;
 }
 
-void SendAnalogWaveFrm::AddTargets(QGridLayout* form) {
+void SendWaveFrm::AddTargets(QGridLayout* form) {
     auto* row = new QHBoxLayout;
     row->setSpacing(DialogRowGap * 2);
     for (const int entry : {0, 1}) {
@@ -208,7 +228,7 @@ void SendAnalogWaveFrm::AddTargets(QGridLayout* form) {
     form->addLayout(row, form->rowCount() - 1, 2, 1, 3);
 }
 
-void SendAnalogWaveFrm::AddMarks(QGridLayout* form) {
+void SendWaveFrm::AddMarks(QGridLayout* form) {
     const bool many = Link.ConnectedModel == 0 && ModelVariant;
     auto* row = new QHBoxLayout;
     row->setSpacing(HeadGap);
@@ -228,13 +248,13 @@ void SendAnalogWaveFrm::AddMarks(QGridLayout* form) {
     form->addLayout(row, form->rowCount() - 1, 2, 1, 3);
 }
 
-QLabel* SendAnalogWaveFrm::MakeCaption(const char* name) {
+QLabel* SendWaveFrm::MakeCaption(const char* name) {
     QLabel* label = MakeLabel(name);
     label->setFixedHeight(LineHeight);
     return label;
 }
 
-void SendAnalogWaveFrm::AddHead(QGridLayout* form, const char* name) {
+void SendWaveFrm::AddHead(QGridLayout* form, const char* name) {
     auto* head = new QLabel(this);
     head->setObjectName(QLatin1String(name));
     head->setFixedHeight(LineHeight);
@@ -245,7 +265,7 @@ void SendAnalogWaveFrm::AddHead(QGridLayout* form, const char* name) {
     form->addWidget(head, form->rowCount(), 0, 1, 5);
 }
 
-void SendAnalogWaveFrm::AddHelp(QGridLayout* form, const char* name) {
+void SendWaveFrm::AddHelp(QGridLayout* form, const char* name) {
     auto* help = new QLabel(this);
     help->setObjectName(QLatin1String(name));
     help->setWordWrap(true);
@@ -255,8 +275,7 @@ void SendAnalogWaveFrm::AddHelp(QGridLayout* form, const char* name) {
     form->addWidget(help, form->rowCount(), 2, 1, 3);
 }
 
-QComboBox* SendAnalogWaveFrm::MakeList(const char* name,
-                                       void (*pick)(SendAnalogDialog&, std::int16_t)) {
+QComboBox* SendWaveFrm::MakeList(const char* name, void (*pick)(SendDialog&, std::int16_t)) {
     auto* list = new QComboBox(this);
     list->setObjectName(QLatin1String(name));
     list->setFixedWidth(NameWidth);
@@ -266,8 +285,9 @@ QComboBox* SendAnalogWaveFrm::MakeList(const char* name,
     return list;
 }
 
-SendAnalogWaveFrm::NameBox* SendAnalogWaveFrm::MakeNameBox(
-    const char* name, void (*change)(SendAnalogDialog&, std::string_view), Act enter) {
+SendWaveFrm::NameBox* SendWaveFrm::MakeNameBox(const char* name,
+                                               void (*change)(SendDialog&, std::string_view),
+                                               Act enter) {
     auto* box = new NameBox(this);
     box->setObjectName(QLatin1String(name));
     connect(box, &NameBox::textEdited, this, [this, change](const QString& typed) {
@@ -277,36 +297,36 @@ SendAnalogWaveFrm::NameBox* SendAnalogWaveFrm::MakeNameBox(
     return box;
 }
 
-QPushButton* SendAnalogWaveFrm::MakeAct(const char* name, Act act) {
+QPushButton* SendWaveFrm::MakeAct(const char* name, Act act) {
     QPushButton* button = MakeButton(name);
     button->setFixedWidth(ButtonWidth);
     connect(button, &QPushButton::clicked, this, [this, act] { Do([&] { act(dialog_); }); });
     return button;
 }
 
-void SendAnalogWaveFrm::Begin() {
-    OpenSendAnalog(dialog_);
+void SendWaveFrm::Begin() {
+    OpenSend(dialog_);
     Refresh();
     (userName_->isEnabled() ? static_cast<QWidget*>(userName_) : save_)->setFocus();
 }
 
-void SendAnalogWaveFrm::Refresh() {
+void SendWaveFrm::Refresh() {
     RefreshStore();
     RefreshManage();
     wait_->ShowWork(Working());
     close_->setEnabled(!Working());
 }
 
-void SendAnalogWaveFrm::ShowName(NameBox* box, const std::string& name, bool open) {
+void SendWaveFrm::ShowName(NameBox* box, const std::string& name, bool open) {
     box->ShowText(ToQt(name));
     box->setEnabled(open);
 }
 
-void SendAnalogWaveFrm::RefreshStore() {
+void SendWaveFrm::RefreshStore() {
     QStringList entries;
     for (const std::string& entry : LocationEntries(dialog_)) entries << ToQt(entry);
     FillList(locations_, entries, dialog_.UserIndex);
-    targets_[Link.StoreTarget == 0 ? 1 : 0]->setChecked(true);
+    targets_[StoresWave(dialog_) ? 0 : 1]->setChecked(true);
     targets_[0]->setEnabled(bool(dialog_.NonVolatileOpen));
     ShowName(userName_, dialog_.txtUserWaveName, CanNameLocation(dialog_));
     const int used = dialog_.Stored.UsedStoreCount;
@@ -316,7 +336,7 @@ void SendAnalogWaveFrm::RefreshStore() {
 }
 
 // While a new name is typed only its box and the two buttons beside it are open.
-void SendAnalogWaveFrm::RefreshManage() {
+void SendWaveFrm::RefreshManage() {
     const bool renaming = bool(dialog_.Renaming), wasRenaming = allName_->isEnabled();
     QStringList names;
     for (std::int16_t i = 0; i < dialog_.Stored.AllWaveCount; ++i)
@@ -337,7 +357,7 @@ void SendAnalogWaveFrm::RefreshManage() {
 }
 
 // Escape leaves the entry of a name first.
-void SendAnalogWaveFrm::keyPressEvent(QKeyEvent* event) {
+void SendWaveFrm::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && dialog_.Renaming)
         Do([this] { CancelRename(dialog_); });
     else

@@ -1,14 +1,14 @@
-#include "link/SendAnalogFuncBox.h"
+#include "link/SendWaveFuncBox.h"
 
 #include "analog/AnalogDocument.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
 #include "frame/StringFunc.h"
-#include "link/AnalogTransfer.h"
 #include "link/CommandfDefBox.h"
 #include "link/CommunicateFunBox.h"
 #include "link/ConnectFuncBox.h"
+#include "link/TransferSteps.h"
 #include "platform/Host.h"
 
 #include <algorithm>
@@ -18,6 +18,10 @@ namespace {
 constexpr std::uint8_t Volatile = 0, NonVolatile = 1;  // StoreTarget
 constexpr std::int32_t BigWave = 131072;               // dots; above it other locations suffer
 constexpr std::int32_t TooBigForLocation = 524289;     // dots
+
+std::uint8_t& TargetOf(const SendDialog& dialog) {
+    return Link.*dialog.Kind->Target;
+}
 
 bool Agrees(std::int32_t id) {
     return TheHost().Ask(ResText(id), Buttons::OkCancel, MessageIcon::Question) == Answer::Ok;
@@ -29,10 +33,10 @@ bool Refuse(std::int32_t id) {
 }
 
 // The name rules, with their message; NameValid tells whether the name passed.
-void CheckUserWaveName(SendAnalogDialog& dialog) {
+void CheckUserWaveName(SendDialog& dialog) {
     std::string& text = dialog.txtUserWaveName;
     text = TrimBlanks(text);
-    const NameFault fault = CheckWaveName(text, ReservedAnalogNames());
+    const NameFault fault = CheckWaveName(text, dialog.Kind->ReservedNames());
     const bool quiet = bool(dialog.NameBoxQuiet);
     dialog.NameBoxQuiet = false;
     dialog.NameValid = fault == NameFault::None;
@@ -59,7 +63,7 @@ bool IsNameInUse(const WaveCatalogue& stored, std::string_view name) {
 }
 
 // A free location is chosen; where there is none the choice stays if it can.
-void RebuildLists(SendAnalogDialog& dialog) {
+void RebuildLists(SendDialog& dialog) {
     const WaveCatalogue& stored = dialog.Stored;
     if (!AllLocationsUsed(stored))
         dialog.UserIndex = stored.UsedStoreCount;
@@ -70,17 +74,17 @@ void RebuildLists(SendAnalogDialog& dialog) {
     PickStoredWave(dialog, std::min(dialog.AllIndex, last));
 }
 
-void RefreshLists(SendAnalogDialog& dialog) {
-    RefreshCatalogue(dialog.Stored);
+void RefreshLists(SendDialog& dialog) {
+    dialog.Kind->Refresh(dialog.Stored);
     if (!Link.CommError) RebuildLists(dialog);
 }
 
 // The questions before a wave goes into a named location. They may end the flow with a message.
-bool MayStore(SendAnalogDialog& dialog) {
-    const std::int32_t dots = ActiveAnalog().Dots;
+bool MayStore(SendDialog& dialog) {
+    const std::int32_t dots = dialog.Kind->Dots();
     if (TrimBlanks(dialog.txtUserWaveName).empty()) return Refuse(21);
     CheckUserWaveName(dialog);
-    if (dots < 1) return Refuse(18);
+    if (dialog.Kind->NothingToSend()) return Refuse(18);
     if (dots > MaxWaveDots) {
         TellMostDots("512K");
         return false;
@@ -99,20 +103,20 @@ bool MayStore(SendAnalogDialog& dialog) {
            TheHost().Ask(ResText(23), Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
 }
 
-void StoreAndActivate(SendAnalogDialog& dialog) {
+void StoreAndActivate(SendDialog& dialog) {
     const std::string name = dialog.txtUserWaveName;
     const bool isNew = !IsNameInUse(dialog.Stored, name);
-    SendWaveData();
-    if (!Link.CommError) CopyToStore(name);
-    if (!Link.CommError) ActivateWave(name);
+    dialog.Kind->SendData();
+    if (!Link.CommError) dialog.Kind->CopyToStore(name);
+    if (!Link.CommError) dialog.Kind->ActivateSent(name);
     if (Link.CommError || !isNew) return;
     if (Link.IOType == SerialLink) Sleep(500);
     RefreshLists(dialog);
 }
 
-void SendVolatile() {
-    SendWaveData();
-    if (!Link.CommError) ActivateWave(VolatileName);
+void SendVolatile(const SendKind& kind) {
+    kind.SendData();
+    if (!Link.CommError) kind.ActivateSent(VolatileName);
 }
 
 std::string RenameCommand(std::string_view oldName, std::string_view newName) {
@@ -124,19 +128,26 @@ std::string RenameCommand(std::string_view oldName, std::string_view newName) {
     return text.append(commas || variant ? "," : " ").append(newName);
 }
 
+// A pause behind a change of the locations, and what they hold then.
+void FollowChange(SendDialog& dialog) {
+    const std::int32_t pause = dialog.Kind->SerialPause;
+    if (Link.IOType == SerialLink && pause > 0) Sleep(pause);
+    if (!Link.CommError) RefreshLists(dialog);
+}
+
 }  // namespace
 
-void OpenSendAnalog(SendAnalogDialog& dialog) {
+void OpenSend(SendDialog& dialog) {
     ActiveDocumentIndex();
     EndTransfer();
-    dialog.NonVolatileOpen = ActiveAnalog().Dots < TooBigForLocation;
-    if (!dialog.NonVolatileOpen) Link.StoreTarget = Volatile;
+    dialog.NonVolatileOpen = dialog.Kind->Dots() < TooBigForLocation;
+    if (!dialog.NonVolatileOpen) TargetOf(dialog) = Volatile;
     const LinkWork work("");
     RefreshLists(dialog);
     dialog.CloseAsked = Link.CommError;
 }
 
-std::vector<std::string> LocationEntries(const SendAnalogDialog& dialog) {
+std::vector<std::string> LocationEntries(const SendDialog& dialog) {
     const WaveCatalogue& stored = dialog.Stored;
     const auto first = stored.UserWaveName.begin();
     std::vector<std::string> entries(first, first + stored.UsedStoreCount);
@@ -145,81 +156,85 @@ std::vector<std::string> LocationEntries(const SendAnalogDialog& dialog) {
     return entries;
 }
 
-bool CanNameLocation(const SendAnalogDialog& dialog) {
-    return Link.StoreTarget == NonVolatile && dialog.UserIndex >= dialog.Stored.UsedStoreCount;
+bool CanNameLocation(const SendDialog& dialog) {
+    return StoresWave(dialog) && dialog.UserIndex >= dialog.Stored.UsedStoreCount;
 }
 
-bool CanManageWave(const SendAnalogDialog& dialog) {
-    return IsStoredWave(dialog.Stored, dialog.AllIndex);
+bool StoresWave(const SendDialog& dialog) {
+    return TargetOf(dialog) == NonVolatile;
 }
 
-void PickLocation(SendAnalogDialog& dialog, std::int16_t index) {
+bool CanManageWave(const SendDialog& dialog) {
+    return IsStoredWave(dialog.Stored, dialog.AllIndex, dialog.Kind->ReservedNames());
+}
+
+void PickLocation(SendDialog& dialog, std::int16_t index) {
     dialog.UserIndex = std::clamp<std::int16_t>(index, 0, MostWaveNames - 1);
     dialog.txtUserWaveName = dialog.Stored.UserWaveName[dialog.UserIndex];
 }
 
-void PickStoredWave(SendAnalogDialog& dialog, std::int16_t index) {
+void PickStoredWave(SendDialog& dialog, std::int16_t index) {
     dialog.AllIndex = std::clamp<std::int16_t>(index, 0, MostWaveNames - 1);
     dialog.txtAllWaveName = dialog.Stored.AllWaveName[dialog.AllIndex];
 }
 
-void PickStoreTarget(SendAnalogDialog& dialog, std::uint8_t target) {
-    if (target == Volatile || dialog.NonVolatileOpen) Link.StoreTarget = target;
+void PickStoreTarget(SendDialog& dialog, std::uint8_t target) {
+    if (target == Volatile || dialog.NonVolatileOpen) TargetOf(dialog) = target;
 }
 
-void ChangeUserWaveName(SendAnalogDialog& dialog, std::string_view text) {
+void ChangeUserWaveName(SendDialog& dialog, std::string_view text) {
     dialog.txtUserWaveName = Capitals(text);
     CheckUserWaveName(dialog);
 }
 
-void SaveToInstrument(SendAnalogDialog& dialog) {
+void SaveToInstrument(SendDialog& dialog) {
     if (Link.SendBusy) return;
     ActiveDocumentIndex();
-    if (Link.StoreTarget == NonVolatile && !MayStore(dialog)) return;
+    if (!dialog.Kind->LinkCarries()) return TellNotAvailable();
+    if (StoresWave(dialog) && !MayStore(dialog)) return;
     const LinkWork work(PickText("Sending the waveform...", "正在发送波形..."));
     Link.SendBusy = true;
-    if (Link.StoreTarget == Volatile)
-        SendVolatile();
-    else
+    if (StoresWave(dialog))
         StoreAndActivate(dialog);
+    else
+        SendVolatile(*dialog.Kind);
     if (!Link.CommError) ShowTransfer(100);
     EndTransfer();
 }
 
-void EnterUserWaveName(SendAnalogDialog& dialog) {
+void EnterUserWaveName(SendDialog& dialog) {
     CheckUserWaveName(dialog);
     dialog.NameBoxQuiet = true;
     SaveToInstrument(dialog);
     dialog.NameBoxQuiet = false;
 }
 
-void ActivateChosenWave(SendAnalogDialog& dialog) {
+void ActivateChosenWave(SendDialog& dialog) {
     if (Link.SendBusy || dialog.AllIndex >= dialog.Stored.AllWaveCount) return;
     const LinkWork work("");
-    ActivateWave(dialog.Stored.AllWaveName[dialog.AllIndex]);
+    dialog.Kind->ActivateListed(dialog.Stored, dialog.AllIndex);
 }
 
-void DeleteChosenWave(SendAnalogDialog& dialog) {
+void DeleteChosenWave(SendDialog& dialog) {
     if (Link.SendBusy || !CanManageWave(dialog)) return;
     const LinkWork work(PickText("Deleting the waveform...", "正在删除波形..."));
     SendText(std::string(Command::Delete) + " " + dialog.Stored.AllWaveName[dialog.AllIndex]);
-    if (Link.IOType == SerialLink) Sleep(3000);
-    if (!Link.CommError) RefreshLists(dialog);
+    FollowChange(dialog);
 }
 
-void BeginRename(SendAnalogDialog& dialog) {
+void BeginRename(SendDialog& dialog) {
     if (!Link.SendBusy && CanManageWave(dialog)) dialog.Renaming = true;
 }
 
-void ChangeAllWaveName(SendAnalogDialog& dialog, std::string_view text) {
+void ChangeAllWaveName(SendDialog& dialog, std::string_view text) {
     dialog.txtAllWaveName = Capitals(text);
 }
 
-void ConfirmRename(SendAnalogDialog& dialog) {
+void ConfirmRename(SendDialog& dialog) {
     if (Link.SendBusy || !dialog.Renaming) return;
     std::string& name = dialog.txtAllWaveName;
     name = TrimBlanks(name);
-    switch (CheckWaveName(name, ReservedAnalogNames())) {
+    switch (CheckWaveName(name, dialog.Kind->ReservedNames())) {
         case NameFault::Empty:
             return Complain(ResText(21));
         case NameFault::TooLong:
@@ -233,11 +248,10 @@ void ConfirmRename(SendAnalogDialog& dialog) {
     const LinkWork work(PickText("Renaming the waveform...", "正在重命名波形..."));
     SendText(RenameCommand(dialog.Stored.AllWaveName[dialog.AllIndex], name));
     CancelRename(dialog);  // the new name shows once the instrument lists it
-    if (Link.IOType == SerialLink) Sleep(3000);
-    if (!Link.CommError) RefreshLists(dialog);
+    FollowChange(dialog);
 }
 
-void CancelRename(SendAnalogDialog& dialog) {
+void CancelRename(SendDialog& dialog) {
     dialog.Renaming = false;
     PickStoredWave(dialog, dialog.AllIndex);
 }
@@ -245,5 +259,12 @@ void CancelRename(SendAnalogDialog& dialog) {
 void SendAnalogWaveform() {
     if (!Link.IsConnected) return Complain(ResText(25));
     if (AnalogDocCount == 0) return Complain(ResText(26));
-    TheHost().RunDialog("SendAnalogWaveFrm", 0);
+    TheHost().RunDialog(SendAnalogKind.Window, 0);
+}
+
+void SendDigitWaveform() {
+    if (!Link.IsConnected) return Complain(ResText(25));
+    if (DigitDocCount == 0) return Complain(ResText(26));
+    if (!HasDigitalWaves()) return TellNotAvailable();
+    TheHost().RunDialog(SendDigitKind.Window, 0);
 }
