@@ -36,7 +36,7 @@ void AppendCell(std::string& to, std::string_view caption, std::string_view valu
 char* WriteDot(char* to, std::int32_t index, double volts) {
     to = std::to_chars(to, to + NumberWidth, index).ptr;
     *to++ = ',';
-    return std::ranges::copy(LineEnd, WriteExponent2(to, volts)).out;
+    return WriteLineEnd(WriteExponent2(to, volts));
 }
 
 bool TakeHeader(NumberLines& in, LoadedWave& content, std::int32_t& segmentCount) {

@@ -8,8 +8,6 @@
 
 namespace {
 
-// The capacity of the largest model. A file made for it opens whatever model is selected.
-constexpr std::int32_t LargestCapacity = 1048576;
 constexpr double LeastScale = 1e-9, LargestScale = 1e9;  // volts and seconds
 
 constexpr std::int64_t DotBytes = 4;       // "0", a line end, "0", a line end
@@ -61,18 +59,6 @@ bool CoverDots(const LoadedWave& content) {
 }
 
 }  // namespace
-
-char* WriteField(char* to, double value) {
-    if (!std::signbit(value)) *to++ = ' ';
-    to = WriteShortest(to, value);
-    *to++ = ' ';
-    return to;
-}
-
-void AppendFieldLine(std::string& to, double value) {
-    char text[NumberWidth + 2];
-    to.append(text, WriteField(text, value)).append(LineEnd);
-}
 
 void AppendSegments(std::string& to, const AnalogWaveRecord& wave) {
     for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {

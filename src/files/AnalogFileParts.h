@@ -1,19 +1,11 @@
 #pragma once
-// What the text and the CSV format have in common: number fields, segment blocks, and the rules
-// that the numbers of a header must keep.
+// What the text and the CSV format have in common: segment blocks, and the rules that the numbers
+// of a header must keep.
 #include "files/FileOptFuncCode.h"
+#include "files/FileParts.h"
 #include "files/NumberLines.h"
 
 #include <string>
-
-inline constexpr std::string_view LineEnd = "\r\n";
-
-/// Writes a blank in front of a number that is not negative, the number and a blank; returns the
-/// end. `to` has room for NumberWidth + 2 bytes.
-char* WriteField(char* to, double value);
-
-/// A line with one number as WriteField writes it.
-void AppendFieldLine(std::string& to, double value);
 
 /// Appends the sixteen lines of every segment.
 void AppendSegments(std::string& to, const AnalogWaveRecord& wave);

@@ -3,7 +3,6 @@
 #include "frame/StringFunc.h"
 
 #include <algorithm>
-#include <charconv>
 
 // Text format: every number on a line of its own, exact, in this order:
 //
@@ -28,16 +27,10 @@ constexpr std::string_view Title = "Norvik Technologies,Inc. Save analog wavefor
 constexpr std::size_t BytesPerDot = 40;       // most that two lines take
 constexpr std::size_t BytesPerSegment = 200;  // as a rule
 
-char* WriteLineEnd(char* to) {
-    return std::ranges::copy(LineEnd, to).out;
-}
-
 // Both lines of a dot. Whole numbers are written faster than fractions.
 char* WriteDot(char* to, std::int32_t index, double y) {
-    *to++ = ' ';
-    to = std::to_chars(to, to + NumberWidth, index).ptr;
-    *to++ = ' ';
-    return WriteLineEnd(WriteField(WriteLineEnd(to), y));
+    to = WriteLineEnd(WriteWholeField(to, index));
+    return WriteLineEnd(WriteField(to, y));
 }
 
 bool TakeHeader(NumberLines& in, LoadedWave& content, std::int32_t& segmentCount) {

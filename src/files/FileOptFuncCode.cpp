@@ -4,6 +4,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "files/FileParts.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
@@ -12,7 +13,6 @@
 #include "platform/SafeFile.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 
 namespace {
@@ -34,23 +34,8 @@ constexpr std::string_view FilterEnglish =
 constexpr std::string_view FilterChinese =
     "文本文件(.txt)|*.txt|Microsoft Excel 文件(*.csv)|*.csv|任意波形(*.rdf)|*.rdf";
 
-// Well above a million dots with a segment for each; a longer file is none of ours.
-constexpr std::size_t LargestFile = std::size_t{256} << 20;
-
-bool EndsWithLetters(std::string_view text, std::string_view lowerCase) {
-    if (text.size() < lowerCase.size()) return false;
-    return std::ranges::equal(
-        text.substr(text.size() - lowerCase.size()), lowerCase,
-        [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == b; });
-}
-
 const FormatRow& RowOf(AnalogFormat format) {
     return Formats[static_cast<std::size_t>(format)];
-}
-
-// What stands behind the last separator; files come from systems with either.
-std::string NameOfPath(const std::string& path) {
-    return path.substr(path.find_last_of("\\/") + 1);  // npos + 1 is 0
 }
 
 std::string FolderOfPath(const std::string& path) {
@@ -109,13 +94,9 @@ bool ChooseAndSave(std::int16_t index, std::string_view title) {
 
 bool ReadContent(const std::string& path, LoadedWave& content) {
     std::string bytes;
-    if (const int error = ReadWholeFile(path, LargestFile, bytes)) {
-        Complain(PickText("The file could not be opened: ", "文件无法打开："),
-                 FileErrorText(error));
-        return false;
-    }
+    if (!ReadFileBytes(path, bytes)) return false;
     if (RowOf(FormatOfName(path)).Read(bytes, content)) return true;
-    Complain(PickText("The file format is invalid！", "文件格式不正确！"));
+    TellInvalidFile();
     return false;
 }
 

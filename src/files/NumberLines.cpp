@@ -62,6 +62,10 @@ bool TakeTitle(NumberLines& in, std::string_view title) {
 
 bool TakeNumber(NumberLines& in, double& value) {
     SkipFill(in);
+    return TakeBareNumber(in, value);
+}
+
+bool TakeBareNumber(NumberLines& in, double& value) {
     if (TakeIndex(in, value)) return true;
     if (in.At != in.End && *in.At == '+') {
         if (++in.At == in.End || *in.At == '-') return false;

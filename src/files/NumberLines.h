@@ -21,6 +21,9 @@ bool TakeTitle(NumberLines& in, std::string_view title);
 /// not finite.
 bool TakeNumber(NumberLines& in, double& value);
 
+/// Takes a number that begins right here, as TakeNumber does.
+bool TakeBareNumber(NumberLines& in, double& value);
+
 /// Takes the comma between two cells; false when there is none.
 bool TakeComma(NumberLines& in);
 

@@ -323,6 +323,8 @@ constexpr WindowText Rows[] = {
     {"DigitPropertyFrm", "CancelAresBtn", "Cancel", "取消"},
 
     {"InsertNodeFrm", "", "Insert Node or Bus", "插入节点或总线"},
+    {"InsertNodeFrm", "AssembleTitle", "Assemble Bus", "合并总线"},
+    {"InsertNodeFrm", "EditTitle", "Node Properties", "节点属性"},
     {"InsertNodeFrm", "DigitNameLab", "&Name", "名称(&N)"},
     {"InsertNodeFrm", "DigitRadixLab", "&Radix", "进制(&R)"},
     {"InsertNodeFrm", "DigitRadixCmb", "Radix", "进制"},

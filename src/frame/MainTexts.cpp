@@ -117,6 +117,11 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "ZoomY1Lab", "Y1", "Y1"},
     {"Mainfrm", "ZoomY2Lab", "Y2", "Y2"},
     {"Mainfrm", "ZoomCenterXLab", "X", "X"},
+    {"Mainfrm", "lblFindTitle", "Find Data Mode", "查找数据模式"},
+    {"Mainfrm", "lblFindTitleEdit", "Edit Data Mode", "编辑数据模式"},
+    {"Mainfrm", "cmbNameLab", "Name", "名称"},
+    {"Mainfrm", "txtDigitXLab", "Dot", "点"},
+    {"Mainfrm", "txtDigitYLab", "Value", "数值"},
     {"Mainfrm", "VLab", "V", "V"},
     {"Mainfrm", "mVLab", "mV", "mV"},
 
@@ -126,6 +131,7 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "OkAresBtn", "Draw the line", "绘制直线"},
     {"Mainfrm", "AresButton1", "Set the point", "设定该点"},
     {"Mainfrm", "ZoomAresBtn", "Zoom to these values", "按输入值缩放"},
+    {"Mainfrm", "FindOkAresBtn", "Find or set the value", "查找或设定数值"},
 
     // Status strip: the link
     {"Mainfrm", "lblLink", "Not connected", "未连接"},

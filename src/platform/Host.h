@@ -18,6 +18,7 @@ struct FileChoice {
     std::string Folder;  // where the dialog opens; empty: the last one
     std::string Name;    // proposed name, save only
     bool Save = false;
+    bool ConfirmReplace = false;  // save only: the dialog asks before an existing file is picked
     // Filter of the dialog, from 0: preselected by the caller, left as the user last chose it.
     mutable std::int32_t FilterIndex = 0;
 };
@@ -29,7 +30,8 @@ struct Host {
     /// Shows a message box, see Ask.
     std::function<Answer(std::string_view text, Buttons, MessageIcon, std::string_view title)>
         ShowBox;
-    /// Lets the user pick a file; empty when cancelled. Overwriting is asked by the caller.
+    /// Lets the user pick a file; empty when cancelled. Overwriting is asked by the caller,
+    /// unless ConfirmReplace is set.
     std::function<std::string(const FileChoice&)> ChooseFile;
     /// Lets the user pick a colour, 0xRRGGBB or UsualColour; `colour` is preselected. Nothing when
     /// cancelled.

@@ -2,9 +2,11 @@
 
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitMouseFuncBox.h"
+#include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/PlotPalette.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
 #include "ui/PicMouse.h"
 #include "ui/Theme.h"
@@ -13,9 +15,15 @@
 #include <cmath>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QPainter>
+#include <QTimer>
 
 namespace {
+
+constexpr int ScrollWait = 80;  // milliseconds for a row, while a drag is held beside the list
+constexpr int DropLine = 2, TagMargin = 4;
+constexpr QPoint TagOffset{14, 10};  // from the pointer
 
 struct Place {
     float X, Y;
@@ -87,6 +95,30 @@ bool DigitPic::StepCaliper(const QKeyEvent& event) const {
     return false;
 }
 
+// Alt with the arrows moves the selected nodes past a node, and the page with them.
+bool DigitPic::MoveNodes(const QKeyEvent& event) const {
+    const bool up = event.key() == Qt::Key_Up;
+    if (!(event.modifiers() & Qt::AltModifier) || (!up && event.key() != Qt::Key_Down))
+        return false;
+    const DigitDocument& document = DigitAt(slot_);
+    int first = -1, last = -1;
+    for (int i = 0; i < document.NodeCount; ++i) {
+        if (!document.Nodes[static_cast<std::size_t>(i)].WaveSelected) continue;
+        if (first < 0) first = i;
+        last = i;
+    }
+    if (first < 0) return true;
+    const int before = up ? std::max(first - 1, 0) : std::min<int>(last + 2, document.NodeCount);
+    MoveSelectedNodes(slot_, static_cast<std::int16_t>(before));
+    for (const DigitNode& node : document.Nodes) {
+        if (!node.WaveSelected) continue;
+        if (node.Row < document.FirstRow) ShowRowsFrom(slot_, node.Row);
+        if (node.Row > document.LastRow) ShowRowsFrom(slot_, node.Row - document.PageRows + 1);
+        if (up) break;
+    }
+    return true;
+}
+
 bool DigitPic::StepRow(const QKeyEvent& event) const {
     const DigitDocument& document = DigitAt(slot_);
     const DigitTarget target = TargetAtRow(document, document.ClickRow);
@@ -115,7 +147,7 @@ void DigitPic::keyPressEvent(QKeyEvent* event) {
         EscapeDigit(slot_);
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         EvaluateClickedRow(slot_);
-    else if (!StepCaliper(*event) && !StepRow(*event))
+    else if (!MoveNodes(*event) && !StepCaliper(*event) && !StepRow(*event))
         QWidget::keyPressEvent(event);
 }
 
@@ -144,11 +176,89 @@ DispParaPic::DispParaPic(std::int16_t slot, QWidget* parent)
 DispParaListView::DispParaListView(std::int16_t slot, QWidget* parent)
     : DigitPic(slot, &DigitDocument::ListSurface, RulerHeight, "mnuDigitListPopMenu", parent) {
     setObjectName("DispParaListView");
+    tag_ = new QLabel(this);
+    tag_->setObjectName("dragflaglbl");
+    tag_->setProperty("readout", true);
+    tag_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    tag_->hide();
+    scroll_ = new QTimer(this);
+    scroll_->setObjectName("DragTimer");
+    scroll_->setInterval(ScrollWait);
+    connect(scroll_, &QTimer::timeout, this, &DispParaListView::ScrollDrag);
+}
+
+// The row that is held; with it go all selected nodes.
+QString DispParaListView::DragText() const {
+    const DigitDocument& document = DigitAt(Slot());
+    const std::ptrdiff_t nodes = std::ranges::count_if(
+        document.Nodes, [](const DigitNode& node) { return bool(node.WaveSelected); });
+    const QString more = nodes > 1 ? " +" + QString::number(nodes - 1) : QString();
+    const QString name = ToQt(TargetName(document, TargetAtRow(document, document.ListPressRow)));
+    const int room = width() - 2 * TagMargin - 16 - tag_->fontMetrics().horizontalAdvance(more);
+    return tag_->fontMetrics().elidedText(name, Qt::ElideMiddle, room) + more;
+}
+
+void DispParaListView::ShowDrag() {
+    const DigitDocument& document = DigitAt(Slot());
+    if (!document.ListDrag) {
+        if (tag_->isHidden()) return;
+        tag_->hide();
+        scroll_->stop();
+        unsetCursor();
+        update();
+        return;
+    }
+    tag_->setText(DragText());
+    tag_->adjustSize();
+    const QRect room = rect().adjusted(TagMargin, TagMargin, -TagMargin, -TagMargin);
+    const QPoint wished = pointer_ + TagOffset;
+    tag_->move(std::clamp(wished.x(), room.left(),
+                          std::max(room.right() + 1 - tag_->width(), room.left())),
+               std::clamp(wished.y(), room.top(),
+                          std::max(room.bottom() + 1 - tag_->height(), room.top())));
+    tag_->show();
+    setCursor(document.ListDropNode >= 0 ? Qt::ClosedHandCursor : Qt::ForbiddenCursor);
+    const bool beside = pointer_.y() < 0 || pointer_.y() >= height();
+    if (beside && !scroll_->isActive()) scroll_->start();
+    if (!beside) scroll_->stop();
+    update();
+}
+
+void DispParaListView::ScrollDrag() {
+    const DigitDocument& document = DigitAt(Slot());
+    if (document.ListDrag) {
+        ShowRowsFrom(Slot(), std::max(document.FirstRow + (pointer_.y() < 0 ? -1 : 1), 0));
+        DispParaListView_MouseMove(Slot(), static_cast<float>(pointer_.y()));
+    }
+    ShowDrag();
+}
+
+void DispParaListView::paintEvent(QPaintEvent* event) {
+    DigitPic::paintEvent(event);
+    const DigitDocument& document = DigitAt(Slot());
+    if (!document.ListDrag || document.ListDropNode < 0) return;
+    const auto node = static_cast<std::size_t>(document.ListDropNode);
+    const int row = node < document.Nodes.size() ? document.Nodes[node].Row
+                                                 : static_cast<int>(document.ListRows.size());
+    const int middle = static_cast<int>(std::lround((row - document.FirstRow) * RowHeight));
+    const int top = std::clamp(middle - DropLine / 2, 0, std::max(height() - DropLine, 0));
+    QPainter(this).fillRect(0, top, width(), DropLine, QColor::fromRgb(PlotPointer));
 }
 
 void DispParaListView::mousePressEvent(QMouseEvent* event) {
     const auto [x, y] = PlaceOf(*event);
     DispParaListView_MouseDown(Slot(), ButtonOf(event->button()), x, y, AddOf(event->modifiers()));
+}
+
+void DispParaListView::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton)) return;
+    pointer_ = event->position().toPoint();
+    DispParaListView_MouseMove(Slot(), PlaceOf(*event).Y);
+    ShowDrag();
+}
+
+void DispParaListView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) DispParaListView_MouseUp(Slot());
 }
 
 void DispParaListView::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <QWidget>
 
+class QLabel;
+class QTimer;
 class Surface;
 struct DigitDocument;
 
@@ -30,6 +32,7 @@ protected:
 private:
     bool StepCaliper(const QKeyEvent& event) const;
     bool StepRow(const QKeyEvent& event) const;
+    bool MoveNodes(const QKeyEvent& event) const;
 
     std::int16_t slot_;
     Surface DigitDocument::*surface_;
@@ -46,14 +49,30 @@ public:
     DispParaPic(std::int16_t slot, QWidget* parent);
 };
 
+// The rows of the list. While rows are dragged a tag with their name follows the pointer, and a
+// line stands where they would drop.
 class DispParaListView : public DigitPic {
     Q_OBJECT
 public:
     DispParaListView(std::int16_t slot, QWidget* parent);
 
+    /// Shows a drag of rows as the record has it, or that there is none.
+    void ShowDrag();
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    QString DragText() const;
+    void ScrollDrag();
+
+    QLabel* tag_;
+    QTimer* scroll_;  // moves the rows while the pointer is held above or below them
+    QPoint pointer_;  // of a drag
 };
 
 // The ruler above the picture, with the handle of the caliper.

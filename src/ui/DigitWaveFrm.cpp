@@ -186,6 +186,7 @@ void DigitWaveFrm::PlaceParts() {
 
 void DigitWaveFrm::ShowPlot() {
     for (QWidget* part : Widgets{head_, list_, ruler_, picture_}) part->update();
+    list_->ShowDrag();
     ShowPlace();
 }
 

@@ -1,9 +1,26 @@
 #include "ui/InsertNodeFrm.h"
 
+#include "frame/LoadLanguageCode.h"
+#include "frame/StringFunc.h"
 #include "platform/qt/QtText.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
+
+namespace {
+
+std::string SelectedChannelsText(const std::string& count) {
+    if (count == "1") return std::string(PickText("1 channel is selected.", "已选择 1 个通道。"));
+    return WithNumbers(PickText("% channels are selected.", "已选择 % 个通道。"),
+                       {WholeNumber(count)});
+}
+
+const char* TitleOf(NodeUse use) {
+    if (use == NodeUse::Assemble) return "AssembleTitle";
+    return use == NodeUse::Edit ? "EditTitle" : "";
+}
+
+}  // namespace
 
 InsertNodeFrm::InsertNodeFrm(QWidget* parent)
     : DigitForm("InsertNodeFrm", parent), dialog_(OpenInsertNode()) {
@@ -28,10 +45,17 @@ InsertNodeFrm::InsertNodeFrm(QWidget* parent)
     });
     AddDigits(form, "DigitStartTxt", "DigitStartLab", ChangeStartNumber,
               &InsertNodeDialog::StartNumber);
+    const bool assembles = dialog_.Use == NodeUse::Assemble;
+    if (assembles) {
+        count->setReadOnly(true);
+        count->setFocusPolicy(Qt::NoFocus);
+    }
     AddNote(form, 1);
-    ShowNote(FreeChannelsText(), NoteSign::Nothing);
+    ShowNote(assembles ? SelectedChannelsText(dialog_.BusCount) : FreeChannelsText(),
+             NoteSign::Nothing);
     LayOut(form, MakeButtonRow());
     ApplyTexts();
+    setWindowTitle(RowText(TitleOf(dialog_.Use)));
     name->setFocus();
 }
 

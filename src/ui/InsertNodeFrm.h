@@ -1,5 +1,6 @@
 #pragma once
-// The dialog of a new node or bus. Its rules stand in digital/InsertNodeFuncBox.
+// The dialog of a node or bus, to insert, assemble or change it. Its rules stand in
+// digital/InsertNodeFuncBox.
 #include "digital/InsertNodeFuncBox.h"
 #include "ui/DigitForm.h"
 

@@ -1,6 +1,7 @@
 #include "ui/MainHost.h"
 
 #include "frame/LoadLanguageCode.h"
+#include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/ArbitraryValueFrm.h"
@@ -97,6 +98,15 @@ QStringList FilterLines(const std::string& filter) {
     return lines;
 }
 
+// The dialog adds its suffix only to names without any; what is asked about must be the file that
+// is written.
+std::string PickedPath(const QFileDialog& dialog, const FileChoice& choice) {
+    QString path = dialog.selectedFiles().constFirst();
+    const QString ending = '.' + dialog.defaultSuffix();
+    if (choice.ConfirmReplace && !path.endsWith(ending, Qt::CaseInsensitive)) path += ending;
+    return path.toStdString();
+}
+
 std::string PickFile(Mainfrm& window, const FileChoice& choice) {
     QFileDialog dialog(&window, ToQt(choice.Title));
     dialog.setObjectName("FileDialog");
@@ -111,7 +121,7 @@ std::string PickFile(Mainfrm& window, const FileChoice& choice) {
     if (!choice.Folder.empty()) dialog.setDirectory(ToQt(choice.Folder));
     dialog.setAcceptMode(choice.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(choice.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    // Whether a file may be overwritten is asked where it is saved.
+    // Whether a file may be overwritten is asked below, or where it is saved.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (choice.Save) {
         const auto suffixOf = [](const QString& line) { return line.section("*.", -1).chopped(1); };
@@ -121,10 +131,14 @@ std::string PickFile(Mainfrm& window, const FileChoice& choice) {
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                          [&](const QString& line) { dialog.setDefaultSuffix(suffixOf(line)); });
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    std::string path;
+    do {
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+        path = PickedPath(dialog, choice);
+    } while (choice.ConfirmReplace && !MayReplaceFile(path));
     if (choice.Save)
         choice.FilterIndex = static_cast<std::int32_t>(lines.indexOf(dialog.selectedNameFilter()));
-    return dialog.selectedFiles().constFirst().toStdString();
+    return path;
 }
 
 std::optional<std::uint32_t> PickColour(Mainfrm& window, std::string_view title,

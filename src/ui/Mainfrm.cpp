@@ -131,6 +131,9 @@ void Mainfrm::BuildDocumentArea() {
     connect(status_, &StatusStrip::Left, this, [this] {
         if (DocumentWindow* window = Window(ActiveTag())) window->Picture()->setFocus();
     });
+    // Behind the command, which has brought the panel to the front or taken it away.
+    for (const char* door : {"FindAresBtn", "mnuDigitDrawFind", "mnuDigitDrawPointEdit"})
+        connect(actions_->Find(door), &QAction::triggered, status_, &StatusStrip::FocusFindPanel);
     column->addWidget(area_, 1);
     column->addWidget(status_);
     setCentralWidget(centre);

@@ -69,6 +69,7 @@ void NumberBox::keyPressEvent(QKeyEvent* event) {
 void NumberBox::FocusNextBox() {
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
         if (next->window() != window() || !next->isEnabled() || !next->isVisible()) continue;
+        if (!(next->focusPolicy() & Qt::TabFocus)) continue;  // it only shows a number
         const auto* button = qobject_cast<QPushButton*>(next);
         const bool confirms =
             (button != nullptr && button->isDefault()) || next->property("apply").toBool();

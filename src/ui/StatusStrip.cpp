@@ -12,6 +12,7 @@
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
+#include "ui/FindPanel.h"
 #include "ui/HintLabel.h"
 #include "ui/NumberBox.h"
 #include "ui/Theme.h"
@@ -44,7 +45,6 @@ constexpr PanelRow Panels[] = {
     {"picZoomH", "lblZoomHMessage"},
     {"picZoomV", "lblZoomVMessage"},
     {"picZoomCenter", "lblZoomCenterMessage"},
-    {"picDigitFind_Edit", "lblFind_Edit_Message"},
     {"picDigitDispTimeBar", "lblDigitIdleMessage"},
 };
 
@@ -122,6 +122,10 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     setFixedHeight(StripHeight);
     panels_ = new QStackedWidget(this);
     for (const PanelRow& row : Panels) panels_->addWidget(MakePanel(row.Panel, row.Label));
+    find_ = new FindPanel(panels_);
+    panels_->addWidget(find_);
+    groups_.insert(find_->objectName(), find_->Group());
+    connect(find_, &FindPanel::Left, this, &StatusStrip::Left);
     AddBoxes(actions);
     AddReadOut("picSelect", "StartLab", "lblStart");
     AddReadOut("picSelect", "EndLab", "lblEnd");
@@ -130,7 +134,7 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     AddReadOut("picIdle", "lblYLab", "lblY");
     for (const DigitReadOut& readOut : DigitReadOuts)
         AddReadOut("picDigitDispTimeBar", readOut.Caption, readOut.Label, readOut.Digits);
-    for (const PanelRow& row : Panels) LineOf(row.Panel)->addStretch(1);
+    for (const QWidget* group : groups_) static_cast<QHBoxLayout*>(group->layout())->addStretch(1);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 4, 12, 4);
     row->setSpacing(12);
@@ -278,6 +282,7 @@ void StatusStrip::ApplyTexts() {
         label->setText(text);
         if (label->buddy() != nullptr) label->buddy()->setAccessibleName(text);
     }
+    find_->ShowBoxes();
     wait_->ApplyTexts(StripText("CancelWaitBtn"), StripText("CancelWaitTip"));
     ShowLink(false);
 }
@@ -294,9 +299,11 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
 
 void StatusStrip::ShowEntries(std::int16_t tag) {
     const bool digital = tag >= FirstDigitTag;
+    const auto slot = static_cast<std::int16_t>(digital ? tag - FirstDigitTag : -1);
     groups_.value("picDigitDispTimeBar")->setVisible(digital);
+    find_->ShowDocument(slot);
     if (digital) {
-        const DigitDocument& document = DigitAt(static_cast<std::int16_t>(tag - FirstDigitTag));
+        const DigitDocument& document = DigitAt(slot);
         for (const DigitReadOut& readOut : DigitReadOuts)
             readOuts_.value(readOut.Label)->setText(QString::fromStdString(readOut.Text(document)));
         return;
@@ -318,6 +325,10 @@ void StatusStrip::ShowEntries(std::int16_t tag) {
 
 void StatusStrip::ShowPointer(const QString& text) {
     pointer_->setText(text);
+}
+
+void StatusStrip::FocusFindPanel() {
+    if (find_->isVisible()) find_->FocusFirst();
 }
 
 void StatusStrip::FocusEntry() {

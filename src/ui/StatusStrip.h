@@ -8,6 +8,7 @@
 #include <QWidget>
 
 class ActionTable;
+class FindPanel;
 class NumberBox;
 class QHBoxLayout;
 class QLabel;
@@ -31,6 +32,9 @@ public:
     void ShowPointer(const QString& text);
     /// Moves the focus to the last box of the panel in front, where a value is typed.
     void FocusEntry();
+    /// Moves it to what is to be filled first in the panel for point edit and find, if that is in
+    /// front.
+    void FocusFindPanel();
     void ApplyTexts();
     /// Work that lasts longer than a moment shows a bar; total 0 ends it. Returns true when the
     /// bar changed, so that the caller lets it repaint.
@@ -58,6 +62,7 @@ private:
     QHBoxLayout* LineOf(const QString& panel) const;
 
     QStackedWidget* panels_;
+    FindPanel* find_;
     QHash<QString, QWidget*> groups_;   // boxes and buttons of a panel, by its name
     QHash<int, NumberBox*> boxes_;      // by Entry
     QHash<QString, QLabel*> readOuts_;  // by name

@@ -25,7 +25,7 @@ protected:
         LastInserted = {};
     }
     void TearDown() override {
-        EditDigitProperty = false;
+        EditDigitProperty = AssembleMode = EditNodeMode = false;
         DigitDocUsed[0] = false;
         document_ = DigitDocument();
         MainWindowTest::TearDown();
@@ -126,6 +126,30 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
     EXPECT_TRUE(document_.NodeCount == 3 && document_.Nodes[2].Name == "ab_1");
     Confirm(property);
     EXPECT_TRUE(document_.Nodes.empty() && document_.Dots == 50 && document_.Rate == 2e6);
+}
+
+TEST_F(DigitDialogTest, NodeDialogShowsItsUse) {
+    RenumberRows(document_);
+    document_.ClickRow = 1;
+    const struct {
+        Flag Assembles, Edits;
+        const char *Title, *Note, *AfterName, *Typed;
+    } rows[] = {
+        {false, false, "Insert Node or Bus", "11 of 16 channels are free.", "DigitBusTXt", "7"},
+        {true, false, "Assemble Bus", "4 channels are selected.", "DigitStartTxt", "4"},
+        {false, true, "Node Properties", "11 of 16 channels are free.", "DigitBusTXt", "7"},
+    };
+    for (const auto& row : rows) {
+        AssembleMode = row.Assembles;
+        EditNodeMode = row.Edits;
+        InsertNodeFrm dialog;
+        Show(dialog);
+        EXPECT_EQ(dialog.windowTitle(), row.Title);
+        EXPECT_EQ(FindIn<QLabel>(dialog, "NoteTxt")->text(), row.Note);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(dialog.focusWidget()->objectName(), row.AfterName);
+        EXPECT_EQ(TypeInto(dialog, "DigitBusTXt", "7"), row.Typed);
+    }
 }
 
 TEST_F(DigitDialogTest, TextsKeepTheSizeAndTheHostKnowsTheWindows) {

@@ -1,6 +1,7 @@
 #include "digital/DigitDocumentFuncBox.h"
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitView.h"
+#include "frame/PlotPalette.h"
 #include "platform/qt/QtText.h"
 #include "ui/DocumentWindow.h"
 #include "ui/MainWindowFixture.h"
@@ -199,6 +200,113 @@ TEST_F(DigitWindowTest, PartsSpeakTheLanguageInUse) {
             EXPECT_TRUE(!text.isEmpty() && text == ToQt(TextOf("DigitWaveFrm", name))) << name;
         }
         EXPECT_EQ(Find<QLabel>("PageInfo")->text(), QString(page).arg(pages));
+    }
+}
+
+TEST_F(DigitWindowTest, FindPanelLeadsFromBoxToBox) {
+    DigitDocument& document = NewDigit();
+    ExtendSamples(document, 1, 9);
+    document.DigitSamples[7] = 1 << document.Nodes[1].Channels[0];
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(window_->focusWidget(), key);
+        return window_->focusWidget()->objectName().toStdString();
+    };
+    Key(Qt::Key_F);
+    ASSERT_EQ(window_->focusWidget(), Find<NumberBox>("txtDigitX"));  // a name is chosen
+    QTest::keyClicks(window_->focusWidget(), "a7");
+    auto* names = Find<QComboBox>("cmbName");
+    names->setFocus();
+    EXPECT_EQ(press(Qt::Key_Down), "cmbName");
+    EXPECT_EQ(press(Qt::Key_Return), "txtDigitX");
+    EXPECT_EQ(press(Qt::Key_Return), "FindOkAresBtn");  // the result is not typed
+    press(Qt::Key_Return);
+    EXPECT_EQ(Find<NumberBox>("txtDigitY")->text(), "100000000000B");
+    EXPECT_EQ(press(Qt::Key_Escape), "DigitWavePic");
+
+    Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    const char *letters[] = {"B", "H", "O", "U"}, *held[] = {"1", "291", "21", "291"};
+    for (std::int16_t radix = 3; radix >= 0; --radix) {
+        document.Nodes[1].Radix = radix;
+        TheHost().RefreshCommands();
+        EXPECT_EQ(Find<QLabel>("lblDigitUnit")->text(), letters[radix]);
+        Find<NumberBox>("txtDigitY")->clear();
+        EXPECT_EQ(Type(*window_, "txtDigitY", "29g1")->text(), held[radix]);
+    }
+    EXPECT_EQ(press(Qt::Key_Return), "FindOkAresBtn");
+    press(Qt::Key_Return);
+    EXPECT_EQ(document.DigitSamples[7], 1 << document.Nodes[1].Channels[11]);
+    Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window_->focusWidget()->objectName(), "DigitWavePic");
+}
+
+TEST_F(DigitWindowTest, FindPanelFitsInBothLanguages) {
+    NewDigit().Nodes[1].Name = "a_bus_with_quite_a_long_name";
+    auto* names = Find<QComboBox>("cmbName");
+    const auto* panel = Find<QWidget>("picDigitFind_Edit");
+    for (const char* door : {"MnuHelp_Lang_Ch", "mnuDigitDrawFind", "mnuDigitDrawPointEdit",
+                             "MnuHelp_Lang_En", "mnuDigitDrawFind"}) {
+        Command(door)->trigger();
+        for (const int width : {960, 1280}) {
+            window_->resize(width, 700);
+            QCoreApplication::processEvents();
+            int right = Find<QLabel>("lblFindTitle")->geometry().right();
+            const QLayout* line = names->parentWidget()->layout();
+            for (int i = 0; i < line->count() && panel->isVisible(); ++i) {
+                const QWidget* part = line->itemAt(i)->widget();
+                if (part == nullptr || !part->isVisible()) continue;
+                const int left = part->mapTo(panel, QPoint()).x();
+                EXPECT_GT(left, right) << part->objectName().toStdString() << ' ' << width;
+                EXPECT_GE(part->width(), part->minimumSizeHint().width());
+                right = left + part->width() - 1;
+            }
+            EXPECT_LT(right, panel->width());
+        }
+    }
+    names->showPopup();
+    names->view()->scrollToTop();
+    const QRect tenth = names->view()->visualRect(names->model()->index(9, 0));
+    EXPECT_TRUE(names->view()->viewport()->rect().contains(tenth.bottomLeft()));
+}
+
+TEST_F(DigitWindowTest, RowsFollowTheHand) {
+    DigitDocument& document = NewDigit();
+    for (const char* name : {"c", "d"}) AppendNode(document, {.Name = name});
+    auto* list = Find<QWidget>("DispParaListView");
+    const auto* held = FindIn<QLabel>(*list, "dragflaglbl");
+    const auto order = [&] {
+        std::string names;
+        for (const DigitNode& node : document.Nodes) names += node.Name.back();
+        return names;
+    };
+    const auto marked = [&](int y) {
+        const QImage row = list->grab({200, y, 1, 1}).toImage();
+        return row.pixelColor(0, 0) == QColor::fromRgb(PlotPointer);
+    };
+    QTest::mousePress(list, Qt::LeftButton, {}, {60, 15});
+    for (const auto& [y, line] : {std::pair(40, -1), {100, 90}, {300, 120}}) {
+        QTest::mouseMove(list, {60, y});
+        for (const int edge : {30, 90, 120}) EXPECT_EQ(marked(edge), edge == line) << y;
+        EXPECT_EQ(list->cursor().shape(), line < 0 ? Qt::ForbiddenCursor : Qt::ClosedHandCursor);
+        EXPECT_TRUE(held->isVisible() && held->text() == "clk" && held->y() > y) << y;
+    }
+    QTest::mouseMove(list, {60, list->height() + 9});
+    EXPECT_TRUE(FindIn<QTimer>(*list, "DragTimer")->isActive());
+    QTest::keyClick(list, Qt::Key_Escape);
+    EXPECT_FALSE(held->isVisible() || FindIn<QTimer>(*list, "DragTimer")->isActive());
+    QTest::mouseRelease(list, Qt::LeftButton, {}, {60, 300});
+
+    QTest::mouseClick(list, Qt::LeftButton, Qt::ControlModifier, {60, 75});
+    QTest::mousePress(list, Qt::LeftButton, {}, {60, 15});
+    QTest::mouseMove(list, {60, 100});
+    EXPECT_EQ(held->text(), "clk +1");
+    QTest::mouseRelease(list, Qt::LeftButton, {}, {60, 100});
+    EXPECT_EQ(order(), "bkcd");
+    for (const auto& [key, moved] : {std::pair(Qt::Key_Down, "bdkc"),
+                                     {Qt::Key_Down, "bdkc"},
+                                     {Qt::Key_Up, "bkcd"},
+                                     {Qt::Key_Up, "kcbd"}}) {
+        QTest::keyClick(list, key, Qt::AltModifier);
+        EXPECT_EQ(order(), moved);
     }
 }
 
