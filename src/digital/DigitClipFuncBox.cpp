@@ -2,6 +2,7 @@
 
 #include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitView.h"
+#include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
@@ -135,6 +136,7 @@ void CopyDigit() {
     else
         CopyRows(document);
     TheHost().RefreshCommands();
+    Paint(ActiveDigitIndex, false, true);  // lengths may have grown
 }
 
 void CutDigit() {

@@ -120,7 +120,8 @@ void ClearSelection(DigitDocument& document) {
     }
     document.WaveSelection = document.ListSelection = false;
     document.ValueEnabled = false;
-    document.SelectDrag = false;  // a rubber band may stand on rows that go
+    document.SelectDrag = document.ListDrag = false;  // they may hold rows that go
+    document.ListPressRow = document.ListDropNode = -1;
 }
 
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end) {

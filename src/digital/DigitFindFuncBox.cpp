@@ -30,7 +30,7 @@ DigitTarget ChosenTarget(const DigitDocument& document) {
     return TargetOfName(document, document.FindBoxes.Name);
 }
 
-// Value and result belong to a row; another row shows none until OK.
+// A value belongs to a row: without one there is none.
 void HoldValue(DigitDocument& document) {
     const DigitTarget target = ChosenTarget(document);
     if (target.Node < 0) return document.FindBoxes.Value.clear();
@@ -116,22 +116,15 @@ void ToggleFind() {
     Toggle(&DigitDocument::FindOn);
 }
 
-std::vector<std::string> FindNames(const DigitDocument& document) {
-    std::vector<std::string> names;
-    for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
-        for (std::int16_t k = -1; k < (node.IsBus ? node.Width : 0); ++k)
-            names.push_back(TargetName(document, {.Node = index, .Member = k}));
-        ++index;
-    }
-    return names;
-}
-
 void ChangeFindName(DigitDocument& document, std::string_view name) {
-    document.FindBoxes.Name = name;
-    if (document.FindOn)
-        document.FindBoxes.Value.clear();
-    else
-        HoldValue(document);
+    DigitFindBoxes& boxes = document.FindBoxes;
+    const std::int16_t before = RadixOf(document, ChosenTarget(document));
+    boxes.Name = name;
+    if (document.FindOn) return boxes.Value.clear();
+    const std::int16_t radix = RadixOf(document, ChosenTarget(document));
+    if (radix != before && !boxes.Value.empty())
+        boxes.Value = RadixNumber(RadixValue(boxes.Value, before), radix);
+    HoldValue(document);
 }
 
 void ChangeFindDot(DigitDocument& document, std::string_view typed) {

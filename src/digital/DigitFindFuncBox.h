@@ -1,6 +1,6 @@
 #pragma once
 // Point edit and find without their panel: a name, a dot and a value. The boxes stand in the record
-// (FindBoxes), so that each document has its own.
+// (FindBoxes), so that each document has its own. cmbName lists TargetNames.
 #include "frame/KeyFilter.h"
 #include "frame/records/DigitDocument.h"
 
@@ -11,9 +11,6 @@
 // Commands on the active document. Either ends the other.
 void TogglePointEdit();
 void ToggleFind();
-
-/// Names of all rows as cmbName lists them: each node, and behind a bus its members.
-std::vector<std::string> FindNames(const DigitDocument& document);
 
 // A box is changed, in either use. Values are held to the width of the row, in its radix; the dot
 // of a point edit to the last one of the waveform.

@@ -80,13 +80,27 @@ std::string TargetName(const DigitDocument& document, DigitTarget target,
     return node.Name + std::string(between) + std::to_string(node.StartNumber + target.Member);
 }
 
-DigitTarget TargetOfName(const DigitDocument& document, std::string_view name) {
+std::vector<DigitTarget> AllTargets(const DigitDocument& document) {
+    std::vector<DigitTarget> targets;
     for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
-        for (std::int16_t k = -1; k < (node.IsBus ? node.Width : 0); ++k)
-            if (TargetName(document, {.Node = index, .Member = k}) == name)
-                return {.Node = index, .Member = k};
+        targets.push_back({.Node = index, .Member = -1});
+        for (std::int16_t k = 0; node.IsBus && k < node.Width; ++k)
+            targets.push_back({.Node = index, .Member = k});
         ++index;
     }
+    return targets;
+}
+
+std::vector<std::string> TargetNames(const DigitDocument& document) {
+    std::vector<std::string> names;
+    for (const DigitTarget target : AllTargets(document))
+        names.push_back(TargetName(document, target));
+    return names;
+}
+
+DigitTarget TargetOfName(const DigitDocument& document, std::string_view name) {
+    for (const DigitTarget target : AllTargets(document))
+        if (TargetName(document, target) == name) return target;
     return {};
 }
 

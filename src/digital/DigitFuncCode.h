@@ -24,7 +24,11 @@ void SetExpanded(DigitDocument& document, std::int16_t node, Flag expanded);
 /// "Name" of the node, or of a member its bus's name, `between` and its number.
 std::string TargetName(const DigitDocument& document, DigitTarget target,
                        std::string_view between = "  ");
-/// The first row of such a name, members of closed buses included; no node where there is none.
+/// Every node, and behind a bus its members, open or not.
+std::vector<DigitTarget> AllTargets(const DigitDocument& document);
+/// Their names.
+std::vector<std::string> TargetNames(const DigitDocument& document);
+/// The first of them with a name; no node where there is none.
 DigitTarget TargetOfName(const DigitDocument& document, std::string_view name);
 /// Member channels of a target: the width of a node, 1 of a member.
 std::int16_t WidthOf(const DigitDocument& document, DigitTarget target);

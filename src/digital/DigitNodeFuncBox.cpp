@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -105,11 +106,12 @@ void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& chan
 }
 
 void TakeOut(DigitDocument& document, const std::vector<SelectedSpan>& taken) {
-    for (auto span = taken.rbegin(); span != taken.rend(); ++span) {
-        DigitNode& node = NodeOf(document, span->Target);
-        if (span->Target.Member >= 0) TakeOutMember(node, span->Target.Member);
-        if (span->Target.Member < 0 || node.Width == 0)
-            document.Nodes.erase(document.Nodes.begin() + span->Target.Node);
+    for (const SelectedSpan& span : std::views::reverse(taken)) {
+        const DigitTarget target = span.Target;
+        DigitNode& node = NodeOf(document, target);
+        if (target.Member >= 0) TakeOutMember(node, target.Member);
+        if (target.Member < 0 || node.Width == 0)
+            document.Nodes.erase(document.Nodes.begin() + target.Node);
     }
     document.ChannelCount = CountChannels(document);
 }

@@ -14,17 +14,6 @@ constexpr std::array CountingBoxes = {ValueBox::First, ValueBox::Last, ValueBox:
                                       ValueBox::Increment, ValueBox::Interval};
 constexpr std::array ArbitraryBoxes = {ValueBox::First, ValueBox::Last, ValueBox::Value};
 
-std::vector<DigitTarget> ListTargets(const DigitDocument& document) {
-    std::vector<DigitTarget> targets;
-    for (std::int16_t node = 0; node < document.NodeCount; ++node) {
-        const DigitNode& row = document.Nodes[static_cast<std::size_t>(node)];
-        targets.push_back({node, -1});
-        for (std::int16_t member = 0; row.IsBus && member < row.Width; ++member)
-            targets.push_back({node, member});
-    }
-    return targets;
-}
-
 DigitTarget RememberedTarget() {
     return {EvaluateNode, EvaluateIsMember ? EvaluateMember : std::int16_t{-1}};
 }
@@ -33,7 +22,7 @@ DigitTarget RememberedTarget() {
 
 EvaluateDialog OpenEvaluate() {
     EvaluateDialog dialog;
-    dialog.Targets = ListTargets(ActiveDigit());
+    dialog.Targets = AllTargets(ActiveDigit());
     dialog.Boxes = OpenValueBoxes(Section, MaxChannels);
     const auto found = std::ranges::find(dialog.Targets, RememberedTarget());
     const auto index = found == dialog.Targets.end() ? 0 : found - dialog.Targets.begin();
@@ -48,13 +37,6 @@ EvaluateDialog OpenEvaluate() {
     LoadValueBox(boxes, Section, ValueBox::Interval, 1);
     LeaveValueBoxes(boxes);
     return dialog;
-}
-
-std::vector<std::string> EvaluateNames(const EvaluateDialog& dialog) {
-    std::vector<std::string> names;
-    for (const DigitTarget target : dialog.Targets)
-        names.push_back(TargetName(ActiveDigit(), target));
-    return names;
 }
 
 void ChooseEvaluateTarget(EvaluateDialog& dialog, std::int32_t chosen) {

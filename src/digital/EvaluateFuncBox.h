@@ -8,7 +8,7 @@
 
 struct EvaluateDialog {
     ValueBoxes Boxes;
-    std::vector<DigitTarget> Targets;  // every node, a bus's members behind it
+    std::vector<DigitTarget> Targets;  // AllTargets; TargetNames are their names
     std::int32_t Chosen = 0;           // index into Targets
 };
 
@@ -16,8 +16,6 @@ struct EvaluateDialog {
 /// are no longer there.
 EvaluateDialog OpenEvaluate();
 
-/// The names of the targets, members with their numbers.
-std::vector<std::string> EvaluateNames(const EvaluateDialog& dialog);
 /// Chooses a target; values are held to its width.
 void ChooseEvaluateTarget(EvaluateDialog& dialog, std::int32_t chosen);
 

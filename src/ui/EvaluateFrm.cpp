@@ -1,5 +1,6 @@
 #include "ui/EvaluateFrm.h"
 
+#include "digital/DigitFuncCode.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "platform/qt/QtText.h"
 #include "ui/Theme.h"
@@ -54,7 +55,7 @@ EvaluateFrm::EvaluateFrm(QWidget* parent)
 
 void EvaluateFrm::AddTarget() {
     QStringList names;
-    for (const std::string& name : EvaluateNames(dialog_)) names << ToQt(name);
+    for (const std::string& name : TargetNames(ActiveDigit())) names << ToQt(name);
     QComboBox* list = AddList(form_, "cmbName", "cmbNameLab", names);
     list->setCurrentIndex(dialog_.Chosen);
     connect(list, &QComboBox::activated, this, [this](int chosen) {

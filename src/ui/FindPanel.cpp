@@ -1,6 +1,7 @@
 #include "ui/FindPanel.h"
 
 #include "digital/DigitFindFuncBox.h"
+#include "digital/DigitFuncCode.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
@@ -175,7 +176,7 @@ void FindPanel::ShowBoxes() {
     title_->setFixedWidth(
         std::max(metrics.horizontalAdvance(find), metrics.horizontalAdvance(editing)));
     QStringList names;
-    for (const std::string& name : FindNames(document)) names << ToQt(name);
+    for (const std::string& name : TargetNames(document)) names << ToQt(name);
     FillNames(names);
     names_->setCurrentIndex(names_->findText(ToQt(document.FindBoxes.Name), Qt::MatchExactly));
     names_->setToolTip(names_->currentText());

@@ -104,7 +104,7 @@ TEST_F(DigitRulesTest, EvaluateFindsItsTargetAndSharesOneBox) {
     SaveSetting(ApplicationTitle, EvaluateSection, "EndPos", "40");
     ChooseEvaluateTarget(dialog, 4);
     dialog = OpenEvaluate();
-    EXPECT_EQ(EvaluateNames(dialog)[4], "BUS  5");
+    EXPECT_EQ(TargetNames(ActiveDigit())[4], "BUS  5");
     EXPECT_TRUE(dialog.Chosen == 4 && EvaluateMember == 2 && dialog.Boxes.MaxValue == 1);
     ChooseEvaluateTarget(dialog, 1);
     ChangeValueRadix(dialog.Boxes, 1);

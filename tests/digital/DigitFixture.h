@@ -1,13 +1,17 @@
 #pragma once
 // Digital documents from text, read back as text, gestures and commands as letters, and a scripted
 // host that notes every message, dialog and menu.
+#include "digital/DigitClipFuncBox.h"
 #include "digital/DigitDocumentFuncBox.h"
 #include "digital/DigitEditFuncBox.h"
+#include "digital/DigitFindFuncBox.h"
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitMouseFuncBox.h"
+#include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
+#include "digital/InsertNodeFuncBox.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 
@@ -28,7 +32,9 @@ protected:
         DigitDocTable = {};
         DigitDocUsed.fill(false);
         DigitDocCount = AnalogDocCount = ActiveDigitIndex = 0;
-        EditDigitProperty = PropertyApplied = false;
+        EditDigitProperty = PropertyApplied = AssembleMode = EditNodeMode = false;
+        SpanClipValid = RowClipValid = false;
+        LastInserted = {};
         ActiveIsDigital = true;
         UseEnglish = 1;
     }
@@ -44,12 +50,12 @@ protected:
         }
     }
 
-    /// The open and active document of slot 0 with nodes such as "clk d[4]*%1": name, width, "*"
-    /// for an open bus, radix. `samples` has a text of bits for each channel in list order, "-" for
-    /// none. The picture shows ten dots and ten rows.
+    /// The open and active document of slot 0 with nodes such as "clk d[4]*%1@3": name, width, "*"
+    /// for an open bus, radix, start number. `samples` has a text of bits for each channel in list
+    /// order, "-" for none. The picture shows ten dots and ten rows.
     static DigitDocument& MakeDocument(const std::string& nodes, const std::string& samples = "",
                                        std::int32_t dots = 64) {
-        static const std::regex form(R"((\w+)(?:\[(\d+)\])?(\*?)(?:%(\d))?)");
+        static const std::regex form(R"((\w+)(?:\[(\d+)\])?(\*?)(?:%(\d))?(?:@(\d+))?)");
         DigitDocument& document = DigitAt(0) = DigitDocument();
         DigitDocUsed[0] = true;
         DigitDocCount = 1;
@@ -63,7 +69,7 @@ protected:
             const auto number = [&](int part, int otherwise) {
                 return std::int16_t((*at)[part].matched ? std::stoi((*at)[part]) : otherwise);
             };
-            AppendNode(document, {(*at)[1], number(4, 0), number(2, 1)});
+            AppendNode(document, {(*at)[1], number(4, 0), number(2, 1), number(5, 0)});
             const auto index = std::int16_t(document.NodeCount - 1);
             document.Nodes[index].Expanded = (*at)[3].length() > 0;
             for (int k = 0; k < number(2, 1) && patterns >> bits; ++k)
@@ -105,6 +111,17 @@ protected:
             case 'N': return NextPage(0);             case 'F': return FrontPage(0);
             case 'x': return ExpandAllBuses();        case 'X': return CollapseAllBuses();
             case 'u': return UndoDigit();             case 'U': return ResumeDigit();
+            case 'y': return CopyDigit();             case 'k': return CutDigit();
+            case 'v': return PasteDigit();            case 'V': return RepasteDigit();
+            case 'K': return DeleteDigit();           case 'b': return SplitBuses();
+            case 'g': return SortNodes();             case 'G': return SortNodesDescending();
+            case 'A': return AssembleBus();           case 'T': return EditNodeOfRow();
+            case 'I': TheHost().RunDialog("InsertNodeFrm", 0); return;
+            case 'q': return TogglePointEdit();       case 'Q': return ToggleFind();
+            case 'O': return ConfirmFind();
+            case 'h': return DispParaListView_MouseMove(0, x);
+            case 'H': return DispParaListView_MouseUp(0);
+            case '2': std::swap(DigitAt(0), DigitAt(1)); return;
             case 'e': return EscapeDigit(0);          case 'n': MakeDocument("", "", number); return;
             case 'W': return LayoutDigitSurfaces(document, {90, std::max(number, 1), height}, 1.0);
             case 'i':
@@ -125,21 +142,21 @@ protected:
         }
     }
 
-    /// All that undo brings back but the values at the caliper: the samples as bits of each channel
-    /// in list order, the number of channels, each node with its length and channels.
-    static std::string Kept(const DigitDocument& document) {
-        std::ostringstream bits, nodes;
+    /// All that undo brings back but the values at the caliper: each node as MakeDocument reads it,
+    /// and "channel=bits" of its members up to its length.
+    static std::string Shown(const DigitDocument& document) {
+        std::ostringstream text;
         for (const DigitNode& node : document.Nodes) {
-            nodes << " | " << node.Name << '@' << node.StartNumber << '%' << node.Radix << ' '
-                  << (node.IsBus ? "bus " : "") << (node.Expanded ? "open " : "")
-                  << node.DataLength;
-            for (int k = 0; k < node.Width; ++k, bits << ' ') {
-                nodes << (k > 0 ? ' ' : ':') << int(node.Channels[k]);
-                for (const auto word : document.DigitSamples)
-                    bits << (word >> node.Channels[k] & 1);
+            text << (text.tellp() > 0 ? " " : "") << node.Name << (node.Expanded ? "*" : "");
+            if (node.Radix > 0) text << '%' << node.Radix;
+            if (node.StartNumber > 0) text << '@' << node.StartNumber;
+            for (int k = 0; k < node.Width; ++k) {
+                text << (k > 0 ? ',' : ':') << int(node.Channels[k]) << '=';
+                for (std::int32_t dot = 0; dot < node.DataLength; ++dot)
+                    text << (WordAt(document, dot) >> node.Channels[k] & 1);
             }
         }
-        return bits.str() + std::to_string(document.ChannelCount) + nodes.str();
+        return text.str();
     }
 
     /// The target "d" or, of a member, "d.1", as a span behind it "d.1:0-3" may tell.
@@ -177,15 +194,39 @@ protected:
         return text.str();
     }
 
+    static void ExpectSoundSelection(const DigitDocument& document) {
+        const std::string selection = Selection(document);
+        const bool wave(document.WaveSelection), list(document.ListSelection);
+        ASSERT_TRUE(!(wave && list) && bool(document.ValueEnabled) == (wave || list)) << selection;
+        ASSERT_EQ(selection.size() > 4, wave || list) << selection;
+        ASSERT_TRUE(list || selection.find('+') == std::string::npos) << selection;
+        ASSERT_TRUE(document.ListDrag || document.ListDropNode == -1) << document.ListDropNode;
+        ASSERT_LE(document.ListDropNode, document.NodeCount);
+    }
+    /// Bits behind a node's data are 0, as those of free channels.
+    static void ExpectSoundSamples(const DigitDocument& document) {
+        std::int32_t longest = 0;
+        std::vector<std::int32_t> owned(document.DigitSamples.size());  // bits that may be high
+        for (const DigitNode& node : document.Nodes) {
+            longest = std::max(longest, node.DataLength);
+            for (int k = 0; k < node.Width; ++k)
+                for (int i = 0; i < node.DataLength; ++i) owned.at(i) |= 1 << node.Channels[k];
+        }
+        ASSERT_EQ(document.SampleCount, longest);
+        ASSERT_EQ(document.DigitSamples.size(), longest);
+        for (std::size_t i = 0; i < owned.size(); ++i)
+            ASSERT_EQ(document.DigitSamples[i] & ~owned[i], 0) << "behind data or free, dot " << i;
+    }
     /// What holds after every command.
     static void ExpectSound(const DigitDocument& document) {
-        std::int32_t channels = 0, width = 0, longest = 0;
+        std::int32_t channels = 0, width = 0;
         std::vector<DigitTarget> rows;
         for (std::int16_t index = 0; const DigitNode& node : document.Nodes) {
             ASSERT_EQ(node.Row, std::ssize(rows));
             rows.push_back({index, -1});
             width += node.Width;
-            longest = std::max(longest, node.DataLength);
+            ASSERT_EQ(bool(node.IsBus), node.Width > 1) << node.Name;
+            ASSERT_TRUE(node.Width > 0 && (node.IsBus || !node.Expanded)) << node.Name;
             const bool written = document.Caliper < node.DataLength;
             for (std::int16_t k = 0; k < node.Width; ++k) {
                 if (node.Expanded) rows.push_back({index, k});
@@ -198,15 +239,10 @@ protected:
         }
         ASSERT_EQ(document.ListRows, rows);
         ASSERT_TRUE(document.NodeCount == document.Nodes.size() && document.ChannelCount == width);
-        ASSERT_TRUE(document.SampleCount == longest && longest <= document.Dots) << longest;
-        ASSERT_EQ(document.DigitSamples.size(), longest);
         ASSERT_LE(document.FirstRow, std::max<int>(int(rows.size()) - document.PageRows, 0));
         ASSERT_LT(std::uint32_t(document.Caliper), document.Dots);
-        const std::string selection = Selection(document);
-        const bool wave(document.WaveSelection), list(document.ListSelection);
-        ASSERT_TRUE(!(wave && list) && bool(document.ValueEnabled) == (wave || list)) << selection;
-        ASSERT_EQ(selection.size() > 4, wave || list) << selection;
-        ASSERT_TRUE(list || selection.find('+') == std::string::npos) << selection;
+        ExpectSoundSamples(document);
+        ExpectSoundSelection(document);
     }
 
     std::vector<std::string> asked;  // texts of message boxes, names of dialogs and menus

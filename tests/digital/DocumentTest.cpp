@@ -53,7 +53,7 @@ TEST_F(DocumentTest, AResetEmptiesAndShowsTheCaliper) {
         std::ostringstream text;
         text << doc.Caliper << ' ' << doc.FirstDot << '-' << doc.LastDot << ' ' << doc.CaliperPixel;
         EXPECT_EQ(text.str(), place);
-        EXPECT_EQ(Kept(doc) + Selection(doc), "0none");
+        EXPECT_EQ(Shown(doc) + Selection(doc), "none");
         EXPECT_TRUE(doc.UndoNodes.empty() && doc.Reserved1 == 0 && doc.Zoom == 1);
         ExpectSound(doc);
     };
@@ -65,7 +65,8 @@ TEST_F(DocumentTest, NewNodesTakeTheLowestChannels) {
     document.Nodes.erase(document.Nodes.begin() + 1);
     document.ChannelCount = 2;
     AppendNode(document, {"d", 1, 4, 7});
-    EXPECT_EQ(Kept(document), "11 11 00 00 00 00 6 | a@0%0 2:0 | c@0%0 2:4 | d@7%1 bus 0:1 2 3 5");
+    EXPECT_EQ(Shown(document), "a:0=11 c:4=11 d%1@7:1=,2=,3=,5=");
+    ExpectSound(document);
     EXPECT_EQ(FreeChannels(document), 0xFFC0);
     EXPECT_EQ(TargetName(document, {2, 1}) + TargetName(document, {2, 1}, ""), "d  8d8");
 }

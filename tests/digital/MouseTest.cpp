@@ -34,6 +34,9 @@ TEST_F(MouseTest, GesturesSelect) {
         L90,10 C90,160 B90,10 => list a+:0-63 e+:0-63; P0,10 R90,10 B90,10 => wave a:0-1;
         L90,10 s1 s1 => list d.0+:0-63; s1 s-9 => list a+:0-63; L90,130 t1 t9 => list d.2+:0-63 e+:0-63;
         P0,10 M90,10 e R90,10 => none; a e => none; L90,40 L18,45 => none; a x => none; a X => none;
+        L90,10 H C90,160 H L90,10 H => list a+:0-63; L90,10 H C90,160 H L90,10 h90 e H =>
+        list a+:0-63 e+:0-63; L90,10 H C90,160 H L90,10 h12 => list a+:0-63 e+:0-63; L90,10 H L90,10 e H => none;
+        L90,160 H L90,160 h10 H => list e+:0-63; C90,10 H C90,10 h200 H => none;
         P0,130 X R0,130 => none; P0,10 a R90,10 =>
         wave a:0-63 d:0-63 d.0:0-63 d.1:0-63 d.2:0-63 e:0-63; P0,160 s-1 R0,160 => list d.2+:0-63)",
            [&] { return Selection(doc); });
