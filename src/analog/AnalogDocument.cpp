@@ -177,15 +177,7 @@ std::int16_t ActiveDocumentIndex() {
 
 bool QueryCloseDocument(std::int16_t index, bool (*save)(std::int16_t index)) {
     const AnalogWaveRecord& wave = AnalogAt(index);
-    if (!wave.Modified) return true;
-    switch (AskToSave(wave.Name)) {
-        case Answer::Yes:
-            return save(index);
-        case Answer::No:
-            return true;
-        default:
-            return false;
-    }
+    return !wave.Modified || MayClose(wave.Name, index, save);
 }
 
 void DocumentClosed(std::int16_t index) {

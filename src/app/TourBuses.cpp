@@ -34,16 +34,7 @@ void MakeFirst(TourState& tour) {
     Drag(Pic(tour, "DigitWavePic"), At("a", 4), At("a", 7));
     Click(Part(tour, "ValueAresBtn10"));
     ClickRow(tour, "d");
-    WithDialog([&] { Click(Part(tour, "ValueAresBtn14")); },
-               [&](QWidget* dialog) {
-                   Pick(Control(dialog, "RadixCmb"), 1);
-                   FillIn(dialog, {{"CountStartValuetxt", "0"},
-                                   {"CountIncValueTxt", "1"},
-                                   {"TimeStartTxt", "0"},
-                                   {"TimeEndTxt", "63"},
-                                   {"CountInteTxt", "1"}});
-                   Click(Control(dialog, "OkAresBtn"));
-               });
+    WriteCount(tour, {"0", "1", "63", "1"}, nullptr);
 }
 
 void AssembleAndSplit(TourState& tour) {

@@ -36,17 +36,7 @@ void WriteValues(TourState& tour) {
          Reads("clk", 0, 255, [](std::int32_t dot) { return dot % 2; }));
 
     ClickAt(Part(tour, "DispParaListView"), InList("count"));
-    WithDialog([&] { Click(Part(tour, "ValueAresBtn14")); },
-               [&](QWidget* dialog) {
-                   Pick(Control(dialog, "RadixCmb"), 1);
-                   FillIn(dialog, {{"CountStartValuetxt", "f0"},
-                                   {"CountIncValueTxt", "3"},
-                                   {"TimeStartTxt", "0"},
-                                   {"TimeEndTxt", "255"},
-                                   {"CountInteTxt", "2"}});
-                   Picture(tour, dialog, "counting");
-                   Click(Control(dialog, "OkAresBtn"));
-               });
+    WriteCount(tour, {"f0", "3", "255", "2"}, "counting");
     Step(tour, "a counter from F0 by 3 that begins again behind FF",
          Reads("count", 0, 255, [](std::int32_t dot) { return 0xF0 + dot / 2 % 6 * 3; }));
 

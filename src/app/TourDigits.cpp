@@ -60,6 +60,20 @@ void Pick(QWidget* list, int index) {
     for (int i = 0; i < index; ++i) PressKey(list, Qt::Key_Down);
 }
 
+void WriteCount(TourState& tour, const CountValues& count, const char* picture) {
+    WithDialog([&] { Click(Part(tour, "ValueAresBtn14")); },
+               [&](QWidget* dialog) {
+                   Pick(Control(dialog, "RadixCmb"), 1);
+                   FillIn(dialog, {{"CountStartValuetxt", count.Start},
+                                   {"CountIncValueTxt", count.Increment},
+                                   {"TimeStartTxt", "0"},
+                                   {"TimeEndTxt", count.Last},
+                                   {"CountInteTxt", count.Interval}});
+                   if (picture) Picture(tour, dialog, picture);
+                   Click(Control(dialog, "OkAresBtn"));
+               });
+}
+
 void NewDigitalDocument(TourState& tour, const char* dots, const char* position,
                         const char* picture) {
     WithDialog([&] { Click(Part(tour, "NewDigitWaveAresBtn")); },

@@ -36,6 +36,13 @@ void FillIn(QWidget* dialog, std::initializer_list<BoxEntry> entries);
 /// Turns a list to its entry `index`, as the arrow keys do.
 void Pick(QWidget* list, int index);
 
+// A count as its dialog takes it, in hexadecimal.
+struct CountValues {
+    const char *Start, *Increment, *Last, *Interval;  // from dot 0 to dot Last
+};
+/// Writes a count into the selection; `picture` names a picture of the dialog, if any.
+void WriteCount(TourState& tour, const CountValues& count, const char* picture);
+
 /// A new document through its dialog; `picture` names a picture of the dialog, if any.
 void NewDigitalDocument(TourState& tour, const char* dots, const char* position,
                         const char* picture);

@@ -135,15 +135,7 @@ void ResetDigitDocument(DigitDocument& document) {
 
 bool QueryCloseDigit(std::int16_t index, bool (*save)(std::int16_t index)) {
     const DigitDocument& document = DigitAt(index);
-    if (!document.Changed) return true;
-    switch (AskToSave(document.Title)) {
-        case Answer::Yes:
-            return save(index);
-        case Answer::No:
-            return true;
-        default:
-            return false;
-    }
+    return !document.Changed || MayClose(document.Title, index, save);
 }
 
 void DigitDocumentClosed(std::int16_t index) {

@@ -27,8 +27,15 @@ bool MayReplaceFile(const std::string& path) {
                          Buttons::YesNo, MessageIcon::Question) == Answer::Yes;
 }
 
-Answer AskToSave(const std::string& title) {
+bool MayClose(const std::string& title, std::int16_t index, bool (*save)(std::int16_t index)) {
     const std::string question =
         UseEnglish == 1 ? "Save changes to " + title + " ?" : "是否保存对 " + title + " 的更改？";
-    return TheHost().Ask(question, Buttons::YesNoCancel, MessageIcon::Question);
+    switch (TheHost().Ask(question, Buttons::YesNoCancel, MessageIcon::Question)) {
+        case Answer::Yes:
+            return save(index);
+        case Answer::No:
+            return true;
+        default:
+            return false;
+    }
 }

@@ -14,5 +14,6 @@ bool MayOpenAnother(std::int16_t open);
 void TellSaveFault(int error);
 /// True where no file stands at the path, or the user lets it be replaced.
 bool MayReplaceFile(const std::string& path);
-/// Asks whether the changes of a document are to be saved before it closes: Yes, No or Cancel.
-Answer AskToSave(const std::string& title);
+/// Asks whether the changes of the document of a slot are to be saved before it closes; false when
+/// its window must stay. `save` is the save command and returns false when nothing was saved.
+bool MayClose(const std::string& title, std::int16_t index, bool (*save)(std::int16_t index));

@@ -8,10 +8,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 
-void DigitForm::ShowHeld(NumberBox* box, const std::string& held) {
-    if (box->text() != ToQt(held)) box->setText(ToQt(held));
-}
-
 QComboBox* DigitForm::AddRadixList(QGridLayout* form, const char* name, const char* label) {
     QStringList radices;
     for (int i = 0; i < RadixCount; ++i)
@@ -38,7 +34,7 @@ NumberBox* ValueForm::MakeValueBox(const char* name, ValueBox which) {
     Bind(box, which);
     connect(box, &NumberBox::textEdited, this, [this, box](const QString& typed) {
         ChangeValueBox(boxes_, bound_[box], typed.toStdString());
-        ShowHeld(box, TextIn(boxes_, bound_[box]));
+        box->ShowHeld(TextIn(boxes_, bound_[box]));
     });
     connect(box, &NumberBox::left, this, [this] {
         LeaveValueBoxes(boxes_);

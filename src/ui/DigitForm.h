@@ -12,8 +12,6 @@ class DigitForm : public DialogBase {
 protected:
     using DialogBase::DialogBase;
 
-    /// Shows what was typed, held to its bounds. A text that stands keeps its cursor.
-    static void ShowHeld(NumberBox* box, const std::string& held);
     QComboBox* AddRadixList(QGridLayout* form, const char* name, const char* label);
     /// Ends the dialog as OK says, or brings the focus to what is to be mended: the first empty
     /// box, otherwise the first of all.

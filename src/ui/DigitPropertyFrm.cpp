@@ -21,13 +21,13 @@ DigitPropertyFrm::DigitPropertyFrm(QWidget* parent)
     position_ = MakeBox("PositionTxt", KeyKind::Whole);
     AddSpun(form, position_, "PositionLab", "PositionUp", "PositionDown", SpinPosition);
     connect(dots_, &NumberBox::textEdited, this, [this](const QString& typed) {
-        ShowHeld(dots_, ChangeDigitDots(typed.toStdString()));
+        dots_->ShowHeld(ChangeDigitDots(typed.toStdString()));
     });
     connect(position_, &NumberBox::textEdited, this, [this](const QString& typed) {
-        ShowHeld(position_, ChangePosition(dialog_, typed.toStdString()));
+        position_->ShowHeld(ChangePosition(dialog_, typed.toStdString()));
     });
     connect(rate_, &NumberBox::textEdited, this, [this](const QString& typed) {
-        ShowHeld(rate_, ChangeRate(dialog_, typed.toStdString()));
+        rate_->ShowHeld(ChangeRate(dialog_, typed.toStdString()));
     });
     OnLeft(dots_, LeaveDigitDots);
     OnLeft(rate_, LeaveRate);

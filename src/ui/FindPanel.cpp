@@ -67,10 +67,6 @@ protected:
     }
 };
 
-void ShowHeld(NumberBox* box, const std::string& held) {
-    if (box->text() != ToQt(held)) box->setText(ToQt(held));
-}
-
 }  // namespace
 
 FindPanel::FindPanel(QWidget* parent) : QWidget(parent) {
@@ -180,14 +176,14 @@ void FindPanel::ShowBoxes() {
     FillNames(names);
     names_->setCurrentIndex(names_->findText(ToQt(document.FindBoxes.Name), Qt::MatchExactly));
     names_->setToolTip(names_->currentText());
-    ShowHeld(dot_, document.FindBoxes.Dot);
+    dot_->ShowHeld(document.FindBoxes.Dot);
     const KeyKind keys = FindValueKeys(document);
     value_->SetKind(keys);
     value_->setReadOnly(!edit);
     value_->setFocusPolicy(edit ? Qt::StrongFocus : Qt::ClickFocus);
     value_->setFixedWidth(WidthOfDigits(value_, ValueDigits) + BoxFrame +
                           (edit ? 0 : UnitGap + unit_->width()));
-    ShowHeld(value_, document.FindBoxes.Value);
+    value_->ShowHeld(document.FindBoxes.Value);
     unit_->setVisible(edit);
     unit_->setText(names_->currentIndex() < 0 ? QString() : LetterOf(keys));
 }

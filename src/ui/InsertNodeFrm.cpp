@@ -67,7 +67,7 @@ NumberBox* InsertNodeFrm::AddDigits(QGridLayout* form, const char* name, const c
     AddRow(form, MakeLabel(label, box), box, nullptr);
     connect(box, &NumberBox::textEdited, this, [this, box, change, text](const QString& typed) {
         change(dialog_, typed.toStdString());
-        ShowHeld(box, dialog_.*text);
+        box->ShowHeld(dialog_.*text);
     });
     return box;
 }

@@ -1,5 +1,7 @@
 #include "ui/NumberBox.h"
 
+#include "platform/qt/QtText.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -26,6 +28,10 @@ private:
 NumberBox::NumberBox(KeyKind kind, QWidget* parent) : QLineEdit(parent), kind_(kind) {
     setValidator(new KeyValidator(this));
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void NumberBox::ShowHeld(const std::string& held) {
+    if (text() != ToQt(held)) setText(ToQt(held));
 }
 
 void NumberBox::focusInEvent(QFocusEvent* event) {

@@ -4,6 +4,7 @@
 #include "frame/KeyFilter.h"
 
 #include <QLineEdit>
+#include <string>
 
 class NumberBox : public QLineEdit {
     Q_OBJECT
@@ -17,6 +18,9 @@ public:
     /// Drops keys that make the text longer than this.
     void SetLongestText(std::size_t length) { longest_ = length; }
     std::size_t LongestText() const { return longest_; }
+
+    /// Shows what was typed, held to its bounds. A text that stands keeps its cursor.
+    void ShowHeld(const std::string& held);
 
     /// Hands the text over as if the focus had gone.
     void Leave() { emit left(text()); }
