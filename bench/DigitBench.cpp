@@ -1,7 +1,10 @@
 // Value operations on a million sample words, each against plain passes with the same bit work: one
 // pass for each channel. Both end with the same words, which is tested once before each figure.
 #include "bench/MillionDots.h"
+#include "digital/DigitClipFuncBox.h"
+#include "digital/DigitFuncCode.h"
 #include "digital/DigitValueFuncBox.h"
+#include "digital/GlobalDigitDefineCode.h"
 
 #include <benchmark/benchmark.h>
 
@@ -26,7 +29,7 @@ Words MakeNoise() {
 
 // One node over the first `width` channels, always in the same memory, since pages differ in speed.
 DigitDocument& OpenBus(std::int16_t width) {
-    static DigitDocument document;
+    DigitDocument& document = DigitAt(0);  // the active one
     document.DigitSamples.resize(MillionDots);
     std::ranges::copy(MakeNoise(), document.DigitSamples.begin());
     document.Dots = document.SampleCount = MillionDots;
@@ -35,6 +38,7 @@ DigitDocument& OpenBus(std::int16_t width) {
     document.Nodes[0].Width = width;
     std::iota(document.Nodes[0].Channels.begin(), document.Nodes[0].Channels.end(),
               std::uint8_t{0});
+    RenumberRows(document);
     return document;
 }
 
@@ -155,5 +159,63 @@ void CopyDigitsBase(benchmark::State& state) {
 }
 BENCHMARK(CopyDigits);
 BENCHMARK(CopyDigitsBase);
+
+// Whole commands: snapshot and clipboard are copies of the words.
+void SelectWhole(DigitDocument& document) {
+    document.Nodes[0].DataLength = MillionDots;
+    SelectSpan(document, {0, -1}, 0, MillionDots - 1);
+    MarkWaveSelection(document);
+}
+
+void CutDigits(benchmark::State& state) {
+    DigitDocument& document = OpenBus(BusWidth);
+    const Words before = document.DigitSamples;
+    for (auto _ : state) {
+        SelectWhole(document);
+        CutDigit();
+        benchmark::ClobberMemory();
+    }
+    if (document.DigitSamples != Words(MillionDots)) state.SkipWithError("not all was cut");
+    std::ranges::copy(before, document.DigitSamples.begin());
+    SelectWhole(document);
+    CutDigit();
+    if (SpanClipSamples != before) state.SkipWithError("other words in the clipboard");
+}
+void CutDigitsBase(benchmark::State& state) {
+    Words words = MakeNoise(), clip(MillionDots), undo(MillionDots);
+    for (auto _ : state) {
+        std::ranges::copy(words, clip.begin());
+        std::ranges::copy(words, undo.begin());
+        for (std::int32_t& word : words) word &= ~0xFFFF;
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(CutDigits);
+BENCHMARK(CutDigitsBase);
+
+void PasteDigits(benchmark::State& state) {
+    DigitDocument& document = OpenBus(BusWidth);
+    Words plain(MillionDots);
+    PlainCopy(document.DigitSamples, plain);
+    SelectWhole(document);
+    CutDigit();
+    for (auto _ : state) {
+        PasteDigit();
+        benchmark::ClobberMemory();
+    }
+    if (document.DigitSamples != plain) state.SkipWithError("other words than the plain passes");
+}
+void PasteDigitsBase(benchmark::State& state) {
+    const Words source = MakeNoise();
+    Words target(MillionDots), undo(MillionDots);
+    for (auto _ : state) {
+        std::ranges::copy(target, undo.begin());
+        PlainCopy(source, target);
+        benchmark::DoNotOptimize(undo.data());
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(PasteDigits);
+BENCHMARK(PasteDigitsBase);
 
 }  // namespace

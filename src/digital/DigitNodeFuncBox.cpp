@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -106,8 +105,8 @@ void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& chan
 }
 
 void TakeOut(DigitDocument& document, const std::vector<SelectedSpan>& taken) {
-    for (const SelectedSpan& span : std::views::reverse(taken)) {
-        const DigitTarget target = span.Target;
+    for (std::size_t i = taken.size(); i-- > 0;) {
+        const DigitTarget target = taken[i].Target;
         DigitNode& node = NodeOf(document, target);
         if (target.Member >= 0) TakeOutMember(node, target.Member);
         if (target.Member < 0 || node.Width == 0)
