@@ -1,7 +1,6 @@
 #include "digital/DigitDocumentFuncBox.h"
 
 #include "digital/DigitEditFuncBox.h"
-#include "digital/DigitFindFuncBox.h"
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"

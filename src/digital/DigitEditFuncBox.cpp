@@ -124,6 +124,14 @@ void ClearSelection(DigitDocument& document) {
     document.ListPressRow = document.ListDropNode = -1;
 }
 
+void EndFind(DigitDocument& document) {
+    document.FindOn = document.PointEditOn = false;
+    document.FindBoxes = {};
+    document.EditDot = -1;
+    document.EditMark = RowMark;
+    document.EditName.clear();
+}
+
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end) {
     DigitNode& node = NodeAt(document, target);
     if (IsHidden(node, target)) return;

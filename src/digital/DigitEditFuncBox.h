@@ -26,6 +26,8 @@ std::vector<SelectedSpan> SelectedSpans(const DigitDocument& document);
 /// Drops every selection of nodes and members, the flags of the document that tell of one, and a
 /// rubber band being dragged.
 void ClearSelection(DigitDocument& document);
+/// Ends point edit and find: nothing is marked any more.
+void EndFind(DigitDocument& document);
 /// Adds a span of a target, held to 0..Dots-1, in the picture.
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end);
 /// Adds a row of the list with all of its dots.

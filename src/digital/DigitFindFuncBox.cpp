@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr std::int32_t NoDot = -1, UsualMark = 30;
-
 std::int16_t RadixOf(const DigitDocument& document, DigitTarget target) {
     // Members are shown as bits.
     return target.Node < 0 || target.Member >= 0
@@ -58,7 +56,7 @@ void Mark(DigitDocument& document, DigitTarget target, std::int32_t dot) {
     const bool open = target.Member < 0 && node.Expanded;
     document.EditDot = dot;
     document.EditName = document.FindBoxes.Name;
-    document.EditMark = UsualMark * (open ? 1 + node.Width : 1);
+    document.EditMark = RowMark * (open ? 1 + node.Width : 1);
 }
 
 void EditPoint(DigitDocument& document, DigitTarget target) {
@@ -155,12 +153,4 @@ void ConfirmFind() {
         EditPoint(document, target);
     else
         FindPoint(document, target);
-}
-
-void EndFind(DigitDocument& document) {
-    document.FindOn = document.PointEditOn = false;
-    document.FindBoxes = {};
-    document.EditDot = NoDot;
-    document.EditMark = UsualMark;
-    document.EditName.clear();
 }

@@ -23,6 +23,3 @@ KeyKind FindValueKeys(const DigitDocument& document);
 /// OK: writes the value at the dot and turns to it, as an edit; or shows the value there, empty
 /// behind the row's data. An empty box has a message; an unknown name does nothing.
 void ConfirmFind();
-
-/// Ends point edit and find: nothing is marked any more.
-void EndFind(DigitDocument& document);

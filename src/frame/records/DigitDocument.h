@@ -17,6 +17,8 @@
 inline constexpr std::int16_t MaxChannels = 16;
 inline constexpr std::size_t MemberSlots = MaxChannels + 1;  // elements of the arrays of members
 
+inline constexpr std::int32_t RowMark = 30;  // EditMark of one row, logical pixels
+
 template <typename Value>
 using OfMembers = std::array<Value, MemberSlots>;
 
@@ -99,15 +101,15 @@ struct DigitDocument {
     Flag ShowTime;                                      // the ruler shows time, not dots
     Flag PrintMode;                                     // painting uses the print colours
     Flag ListDrag;                                      // rows of the list are being dragged
-    std::int16_t ListPressRow = -1;  // row of a press in the list; -1: none is held
-    Flag ListPressKept;              // that row was selected: a click without a drag selects it
-    float ListPressY = 0.0F;         // where the press was
-    std::int16_t ListDropNode = -1;  // node before which the drag would drop; -1: nowhere
-    Flag FindOn, PointEditOn;        // the panel below the picture; never both
-    DigitFindBoxes FindBoxes;        // what stands in it
-    std::int32_t EditDot = -1;       // dot last edited or found, marked in the picture; -1: none
-    std::int32_t EditMark = 30;      // height of that mark, a row
-    std::string EditName;            // its row
+    std::int16_t ListPressRow = -1;   // row of a press in the list; -1: none is held
+    Flag ListPressKept;               // that row was selected: a click without a drag selects it
+    float ListPressY = 0.0F;          // where the press was
+    std::int16_t ListDropNode = -1;   // node before which the drag would drop; -1: nowhere
+    Flag FindOn, PointEditOn;         // the panel below the picture; never both
+    DigitFindBoxes FindBoxes;         // what stands in it
+    std::int32_t EditDot = -1;        // dot last edited or found, marked in the picture; -1: none
+    std::int32_t EditMark = RowMark;  // height of that mark
+    std::string EditName;             // its row
     Flag UndoAvailable, ResumeAvailable;
     std::string Title;           // "Digital Waveform 0" at first, then the file's name
     Flag IsSaved;                // the document has a file
