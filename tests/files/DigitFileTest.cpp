@@ -3,6 +3,8 @@
 #include "GoldenFiles.h"
 #include "platform/TempFolder.h"
 
+#include <fstream>
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -64,6 +66,13 @@ TEST_F(DigitFileTest, BytesAreKept) {
     const std::string beyond = WithLine(WithLine(GoldenDrig, 1, " 1 "), 2, " 1234.5 ");
     const std::string empty = " 8 \r\n 2000000 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n-7 \r\n";
     for (const std::string& file : {GoldenDrig, beyond, empty}) EXPECT_EQ(Reread(file), file);
+}
+
+TEST_F(DigitFileTest, TheExampleIsAsWritten) {
+    std::ifstream file(TIDEMARK_SOURCE_DIR "/examples/serial-frame.DRIG", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(Reread(bytes), bytes);
+    EXPECT_EQ(ValueAt(DigitAt(0), {3, -1}, 50), 0x3C);
 }
 
 TEST_F(DigitFileTest, OtherWritersFormsAreRead) {
