@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <numeric>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -30,6 +31,9 @@ Words MakeNoise() {
 // One node over the first `width` channels, always in the same memory, since pages differ in speed.
 DigitDocument& OpenBus(std::int16_t width) {
     DigitDocument& document = DigitAt(0);  // the active one
+    Words memory = std::move(document.DigitSamples);
+    document = DigitDocument();  // nothing is painted
+    document.DigitSamples = std::move(memory);
     document.DigitSamples.resize(MillionDots);
     std::ranges::copy(MakeNoise(), document.DigitSamples.begin());
     document.Dots = document.SampleCount = MillionDots;
