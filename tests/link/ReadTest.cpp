@@ -17,72 +17,62 @@ public:
         const auto all = std::span(dialog.Stored.AllWaveName).first(dialog.Stored.AllWaveCount);
         return Joined(all) + "/" + Joined(LocationEntries(dialog)) + "/" + managed + "/" + free;
     }
-    static std::string Zeros(std::size_t bytes) {
-        std::string zeros(bytes, '\0');
-        return zeros;
-    }
+    static std::string Zeros(std::size_t bytes) { return std::string(bytes, '\0'); }
 };
 
+// With protocols the list is of digital waveforms: protocols first, and the locations hold analog
+// ones before them. A free count that lies opens no protocol.
 TEST_F(ReadTest, RepliesBecomeListsAndButtons) {
     const std::string two = Quoted("SINC,VOLATILE,A1,B2"), names = "SINC,VOLATILE,A1,B2/";
     const std::string most = "A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U";
-    const std::tuple<int, std::uint8_t, int, std::string, const char*, std::string, std::string>
-        rows[] = {
-            {0, 1, 4, two + "\n", "2\n", Quoted("D1"), names + "A1,B2,3/A1 B2 /2"},
-            {0, 1, 10, two + "\n", "8.0 free", "", names + "A1,B2,3/A1 B2 /2"},
-            {0, 0, 4, Quoted("SINC") + "\n", "4", "", "SINC/1//0"},
-            {0, 0, 4, Quoted("S,A,B,C,D"), "0", "", "S,A,B,C,D/A,B,C,D/A B C D /"},
-            {0, 2, 4, two, "1", Quoted("VOLATILE,D1") + "\n", names + "D1,A1,B2,4/A1 B2 /3"},
-            {0, 0, 4, Quoted("SINC,,A1") + R"(,"B2)", "3", "", "SINC,A1/A1,2/A1 /1"},
-            {2, 0, 4, Quoted("SINC,A1") + "PARSE FINISHED\n", "3\n", "", "SINC,A1/A1,2/A1 /1"},
-            {2, 0, 4, Quoted("SINC,A1") + "\r\n", "9\n", "", "SINC,A1/1//0"},
-            {0, 0, 4, two, "-1", "", names + "SINC,VOLATILE,A1,B2/A1 B2 /"},
-            {0, 0, 4, Quoted("SINC"), "2", "", "SINC///"},  // a contradiction: locations as before
-            {0, 0, 4, "gone\n", "4", "", "/1//0"},
-            {0, 0, 4, Quoted(most + ",V,W"), "3", "", most + "/U,2/U /1"},
-        };
-    for (const auto& [ioType, model, locations, catalogue, free, digital, shown] : rows) {
+    const std::string sinc = Quoted("SINC") + "\n", d1 = Quoted("D1"), usb = Quoted("USB") + "\n";
+    struct Row {
+        int IOType;
+        std::uint8_t Model;
+        int Locations;
+        std::string Analog, Free, Digital, Protocols, Shown;
+    };
+    const Row rows[] = {
+        {0, 1, 4, two + "\n", "2\n", d1, "", names + "A1,B2,3/A1 B2 /2"},
+        {0, 1, 10, two + "\n", "8.0 free", "", "", names + "A1,B2,3/A1 B2 /2"},
+        {0, 0, 4, sinc, "4", "", "", "SINC/1//0"},
+        {0, 0, 4, Quoted("S,A,B,C,D"), "0", "", "", "S,A,B,C,D/A,B,C,D/A B C D /"},
+        {0, 2, 4, two, "1", Quoted("VOLATILE,D1") + "\n", "", names + "D1,A1,B2,4/A1 B2 /3"},
+        {0, 0, 4, Quoted("SINC,,A1") + R"(,"B2)", "3", "", "", "SINC,A1/A1,2/A1 /1"},
+        {2, 0, 4, Quoted("SINC,A1") + "PARSE FINISHED\n", "3\n", "", "", "SINC,A1/A1,2/A1 /1"},
+        {2, 0, 4, Quoted("SINC,A1") + "\r\n", "9\n", "", "", "SINC,A1/1//0"},
+        {0, 0, 4, two, "-1", "", "", names + "SINC,VOLATILE,A1,B2/A1 B2 /"},
+        {0, 0, 4, Quoted("SINC"), "2", "", "", "SINC///"},  // a contradiction: locations as before
+        {0, 0, 4, "gone\n", "4", "", "", "/1//0"},
+        {0, 0, 4, Quoted(most + ",V,W"), "3", "", "", most + "/U,2/U /1"},
+        {0, 2, 4, Quoted("SINC,A1") + "\n", "1\n", Quoted("VOLATILE,D1,D2") + "\n",
+         Quoted("USB,SPI") + "\n", "USB,SPI,D1,D2/A1,D1,D2,4/D1 D2 /3"},
+        {0, 2, 4, sinc, "4", Quoted("VOLATILE"), usb, "USB/1//0"},
+        {0, 2, 4, Quoted("SINC,A,B,C,D"), "0", Quoted("VOLATILE"), usb, "USB/A,B,C,D//"},
+        {0, 2, 4, sinc, "3", Quoted("D1,VOLATILE,D2"), usb, "USB,D1,D2/D2,2/D2 /1"},
+        {0, 2, 4, Quoted("A1"), "0", d1, usb, "USB,D1/A1,,,D1/D1 /"},
+        {0, 2, 4, sinc, "2", Quoted("CAN,usb"), usb, "USB,CAN,usb/CAN,usb,3/usb /2"},
+        {0, 2, 4, sinc, "4", d1, Quoted(most + ",V"), most + "/1//0"}};
+    for (const auto& row : rows) {
         SetUp();
-        Link.IOType = static_cast<std::uint8_t>(ioType);
-        Link.ConnectedModel = model;
-        Link.StoreLocationCount = static_cast<std::uint8_t>(locations);
-        replies["DATA:Catalog?"] = {catalogue};
-        replies["DATA:Nvolatile:FREE?"] = {free};
-        replies["DATA:DIGIT:Catalog?"] = {digital};
+        if (!row.Protocols.empty()) UseDigital({{0}}, {1});
+        Link.IOType = static_cast<std::uint8_t>(row.IOType);
+        Link.ConnectedModel = row.Model;
+        Link.StoreLocationCount = static_cast<std::uint8_t>(row.Locations);
+        replies["DATA:Catalog?"] = {row.Analog};
+        replies["DATA:Nvolatile:FREE?"] = {row.Free};
+        replies["DATA:DIGIT:Catalog?"] = {row.Digital};
+        replies["DIGIT:PROTOCOL?"] = {row.Protocols};
         OpenSend(dialog);
-        EXPECT_EQ(Shown(), shown) << catalogue;
+        EXPECT_EQ(Shown(), row.Shown) << row.Analog << row.Digital;
         EXPECT_TRUE(Boxes().empty() && !dialog.CloseAsked);
     }
+    SetUp();
     replies["DATA:Catalog?"] = {"busy", "", Quoted("A1"), "", "", "", Quoted("A1")};
     for (const bool gone : {false, true}) {  // asked three times
         exchanges = 0;
         OpenSend(dialog);
         EXPECT_TRUE(exchanges == (gone ? 3 : 4) && dialog.CloseAsked == Flag(gone));
-    }
-}
-
-// Protocols and stored digital waveforms; the locations hold analog ones before them. A free count
-// that lies opens no protocol.
-TEST_F(ReadTest, DigitalRepliesBecomeListsAndButtons) {
-    const std::string most = "A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U";
-    const std::tuple<const char*, std::string, const char*, std::string, std::string> rows[] = {
-        {"VOLATILE,D1,D2", "USB,SPI", "1\n", "SINC,A1", "USB,SPI,D1,D2/A1,D1,D2,4/D1 D2 /3"},
-        {"VOLATILE", "USB", "4", "SINC", "USB/1//0"},
-        {"VOLATILE", "USB", "0", "SINC,A,B,C,D", "USB/A,B,C,D//"},
-        {"D1,VOLATILE,D2", "USB", "3", "SINC", "USB,D1,D2/D2,2/D2 /1"},
-        {"D1", "USB", "0", "A1", "USB,D1/A1,,,D1/D1 /"},
-        {"CAN,usb", "USB", "2", "SINC", "USB,CAN,usb/CAN,usb,3/usb /2"},
-        {"D1", most + ",V", "4", "SINC", most + "/1//0"}};
-    for (const auto& [waves, protocols, free, analog, shown] : rows) {
-        SetUp();
-        UseDigital({{0}}, {1});
-        replies["DIGIT:PROTOCOL?"] = {Quoted(protocols) + "\n"};
-        replies["DATA:DIGIT:Catalog?"] = {Quoted(waves) + "\n"};
-        replies["DATA:Nvolatile:FREE?"] = {free};
-        replies["DATA:Catalog?"] = {Quoted(analog) + "\n"};
-        OpenSend(dialog);
-        EXPECT_EQ(Shown(), shown) << waves;
-        EXPECT_TRUE(Boxes().empty() && !dialog.CloseAsked);
     }
 }
 

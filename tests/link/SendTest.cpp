@@ -16,6 +16,20 @@ public:
         Link.ConnectedModel = old ? 2 : 1;
         Link.OldFirmwareKT3300 = old;
     }
+    /// Data packets: a head, a field and a tail for each field, then at most `most` of the words,
+    /// low byte first.
+    static Texts Packets(const std::string& head, const Texts& fields, const std::string& tail,
+                         const std::vector<int>& words, std::ptrdiff_t most) {
+        Texts packets;
+        for (auto word = words.begin(); const std::string& field : fields) {
+            std::string& bytes = packets.emplace_back(head + field + tail);
+            for (const auto end = word + std::min(most, words.end() - word); word != end; ++word) {
+                bytes += static_cast<char>(*word % 256);
+                bytes += static_cast<char>(*word / 256);
+            }
+        }
+        return packets;
+    }
     /// The numbers of the catalogue's messages so far: "17,23".
     std::string Told() const {
         Texts ids;
@@ -43,21 +57,13 @@ TEST_F(SendTest, BinaryPacketsByteForByte) {
         {40000, {full, "END,7253,       "}}, {65494, {full, "END,32747,      "}}};
     for (const bool old : {false, true})
         for (const auto& [dots, fields] : rows) {
-            std::vector<int> codes;
-            Texts expected;
-            for (const std::string& field : fields) {
-                std::string bytes = (old ? "DATA:DAC16_Volatile," : "DATA:DAC16 Volatile,") + field;
-                for (int i = 0; i < 32747 && std::ssize(codes) < dots; ++i) {
-                    codes.push_back(static_cast<int>(codes.size() % 16384));
-                    bytes += static_cast<char>(codes.back() % 256);
-                    bytes += static_cast<char>(codes.back() / 256);
-                }
-                expected.push_back(bytes);
-            }
+            std::vector<int> codes(dots);
+            for (int i = 0; i < dots; ++i) codes[i] = i % 16384;
             packets.clear();
             MakeCodes(old, codes);
             SendWaveData();
-            EXPECT_TRUE(packets == expected) << dots;
+            const std::string head = old ? "DATA:DAC16_Volatile," : "DATA:DAC16 Volatile,";
+            EXPECT_TRUE(packets == Packets(head, fields, "", codes, 32747)) << dots;
         }
     EXPECT_EQ(packets[0].size(), 65530U);
 }
@@ -81,21 +87,13 @@ TEST_F(SendTest, DigitalPacketsByteForByte) {
     for (const auto& [nodes, channels] : layouts)
         for (const auto& [dots, samples, fields] : rows) {
             SetUp();
-            std::vector<std::int32_t> words(samples);
-            for (std::int32_t i = 0; i < samples; ++i) words[i] = 0x7FFF0000 | i;
-            Texts expected;
-            for (std::int32_t dot = 0; const std::string& field : fields) {
-                std::string bytes = "DATA:DIGITAL16," + field;
-                bytes += channels;
-                for (int i = 0; i < 32746 && dot < dots; ++i, ++dot) {
-                    bytes += static_cast<char>(dot < samples ? dot % 256 : 0);
-                    bytes += static_cast<char>(dot < samples ? dot / 256 : 0);
-                }
-                expected.push_back(bytes);
-            }
+            std::vector<int> words(samples), expected(dots);
+            for (int i = 0; i < samples; ++i) words[i] = 0x7FFF0000 | i;
+            for (int i = 0; i < std::min(dots, samples); ++i) expected[i] = i;
             UseDigital(nodes, words).Dots = dots;
             SendDigitData();
-            EXPECT_TRUE(packets == expected) << dots << " " << samples;
+            EXPECT_TRUE(packets == Packets("DATA:DIGITAL16,", fields, channels, expected, 32746))
+                << dots << " " << samples;
         }
     EXPECT_EQ(packets[0].size(), 65534U);
 }
@@ -131,61 +129,41 @@ TEST_F(SendTest, TextPacketsSplitNoValue) {
         }
 }
 
-// Several faults at once: each message in its turn. A wave that passes meets the 4096 dots of the
-// connected KT1100 (19), and its flow goes on.
+// Several faults at once: each message in its turn. An analog wave that passes meets the 4096 dots
+// of the connected KT1100 (19), and its flow goes on. A digital one without channels is empty, and
+// the names of built-in analog waves are free to it.
 TEST_F(SendTest, ChecksBeforeAStoreInTheirOrder) {
     const Answer ok = Answer::Ok, no = Answer::No, yes = Answer::Yes, cancel = Answer::Cancel;
-    using Answers = std::vector<Answer>;
-    const std::tuple<const char*, std::int32_t, std::int16_t, Answers, const char*, int, bool>
-        rows[] = {
-            {"  ", 0, 4, {}, "21", 0, false},
-            {"SINC", 0, 4, {}, "17,18", 0, false},
-            {"SINC", 524289, 4, {}, "17,19", 0, false},
-            {"SINC", 131073, 1, {ok, cancel}, "17,27", 0, true},
-            {"SINC", 131073, 1, {ok, ok, cancel}, "17,27,23", 0, true},
-            {"SINC", 131073, 1, {}, "17,27,23", 0, false},
-            {"S1", 131072, 4, {}, "22", 0, false},
-            {"S1", 131072, 2, {no}, "23", 0, false},
-            {"S1", 131072, 2, {yes}, "23,19", 3, false},  // copy, select, apply
-            {"s1", 131072, 1, {}, "19", 5, false},        // names and locations are read again
-            {"NEW", 131073, 2, {}, "27,19", 5, true},
-        };
-    for (const auto& [name, dots, used, given, told, sent, accepted] : rows) {
-        SetUp();
-        MaxWaveDots = 524288;
-        dialog.Stored.UsedStoreCount = used;
-        dialog.Stored.UserWaveName = {"S1", "S2", "S3", "S4"};
-        dialog.txtUserWaveName = name;
-        ActiveAnalog().Dots = dots;
-        answers = given;
-        EnterUserWaveName(dialog);
-        EXPECT_EQ(Told(), told);
-        EXPECT_TRUE(exchanges == sent && Link.BigWaveAccepted == Flag(accepted)) << told;
-    }
-}
-
-// As above, where an empty document is one without channels. The names of built-in analog waves are
-// free here. Stored: packet, copy, rate, name, end; a new name is followed by five queries.
-TEST_F(SendTest, ChecksBeforeADigitalStoreInTheirOrder) {
-    const Answer ok = Answer::Ok, no = Answer::No, yes = Answer::Yes, cancel = Answer::Cancel;
-    const std::tuple<const char*, int, std::int32_t, std::int16_t, std::vector<Answer>, const char*,
+    constexpr int Analog = -1;
+    const std::tuple<int, const char*, std::int32_t, std::int16_t, std::vector<Answer>, const char*,
                      int, bool>
-        rows[] = {{"  ", 0, 8, 4, {}, "21", 0, false},
-                  {"USB", 0, 524289, 4, {}, "17,18", 0, false},
-                  {"USB", 1, 524289, 4, {}, "17,19", 0, false},
-                  {"USB", 1, 131073, 1, {ok, cancel}, "17,27", 0, true},
-                  {"LAN", 1, 131073, 1, {ok, ok, cancel}, "17,27,23", 0, true},
-                  {"PO", 1, 131072, 4, {}, "17", 0, false},
-                  {"S1", 1, 8, 4, {}, "22", 0, false},
-                  {"S1", 1, 8, 2, {no}, "23", 0, false},
-                  {"S1", 1, 8, 2, {yes}, "23", 5, false},
-                  {"SINC", 1, 0, 1, {}, "19", 0, false},
-                  {"SINC", 1, 8, 1, {}, "", 10, false}};
-    for (const auto& [name, nodes, dots, used, given, told, sent, accepted] : rows) {
+        rows[] = {
+            {Analog, "  ", 0, 4, {}, "21", 0, false},
+            {Analog, "SINC", 0, 4, {}, "17,18", 0, false},
+            {Analog, "SINC", 524289, 4, {}, "17,19", 0, false},
+            {Analog, "SINC", 131073, 1, {ok, cancel}, "17,27", 0, true},
+            {Analog, "SINC", 131073, 1, {ok, ok, cancel}, "17,27,23", 0, true},
+            {Analog, "SINC", 131073, 1, {}, "17,27,23", 0, false},
+            {Analog, "S1", 131072, 4, {}, "22", 0, false},
+            {Analog, "S1", 131072, 2, {no}, "23", 0, false},
+            {Analog, "S1", 131072, 2, {yes}, "23,19", 3, false},  // copy, select, apply
+            {Analog, "s1", 131072, 1, {}, "19", 5, false},        // the catalogue is read again
+            {Analog, "NEW", 131073, 2, {}, "27,19", 5, true},
+            {0, "USB", 524289, 4, {}, "17,18", 0, false},
+            {1, "USB", 524289, 4, {}, "17,19", 0, false},
+            {1, "PO", 131072, 4, {}, "17", 0, false},
+            {1, "S1", 8, 2, {yes}, "23", 5, false},  // packet, copy, rate, name, end
+            {1, "SINC", 0, 1, {}, "19", 0, false},
+            {1, "SINC", 8, 1, {}, "", 10, false},  // a new name: five queries behind them
+        };
+    for (const auto& [channels, name, dots, used, given, told, sent, accepted] : rows) {
         SetUp();
         MaxWaveDots = 524288;
-        UseDigital({std::vector<std::uint8_t>(nodes)}, {}).Dots = dots;
-        DigitAt(0).NodeCount = static_cast<std::uint8_t>(nodes);
+        ActiveAnalog().Dots = dots;
+        if (channels != Analog) {
+            UseDigital({std::vector<std::uint8_t>(channels)}, {}).Dots = dots;
+            DigitAt(0).NodeCount = static_cast<std::uint8_t>(channels);
+        }
         dialog.Stored.UsedStoreCount = used;
         dialog.Stored.UserWaveName = {"S1", "S2", "S3", "S4"};
         dialog.txtUserWaveName = name;

@@ -76,23 +76,6 @@ TEST_F(SimTest, BinaryPacketsMakeAWaveUpToTheLongest) {
     EXPECT_EQ(wave, (Samples{7}));
 }
 
-TEST_F(SimTest, DamagedPacketsAreRefused) {
-    const std::string head = "DATA:DAC16 Volatile,";
-    for (const char* field : {"END,2,          ", "end,1,          ", "END,01,         ",
-                              "END,1,         x", "END 1,          ", "END,1           ", "END,1,"})
-        EXPECT_FALSE(Takes(head + field + "\0\0"s)) << field;
-    const std::string one = head + "END,1,          ";
-    for (const std::string& data : {"\0"s, "\0\0\0"s, "\0\x40"s})
-        EXPECT_FALSE(Takes(one + data)) << testing::PrintToString(data);
-    EXPECT_FALSE(Takes(head + "END,0,          "));
-    for (const char* packet :
-         {"", "CON", "1,", ",1", "1, 2", "16384", "-1", "1.5", "CON,1", "1,END"}) {
-        EXPECT_FALSE(Takes("DATA:DAC Volatile,"s + packet)) << packet;
-    }
-    EXPECT_TRUE(device.Memory.Volatile.empty());
-    EXPECT_FALSE(device.IsReceiving);
-}
-
 TEST_F(SimTest, TextPacketsAreAcknowledgedOnTheSerialLineAndCanBeBrokenOff) {
     EXPECT_EQ(Serial("DATA:DAC Volatile,0,16383,CON"), "PARSE FINISHED\n");
     EXPECT_EQ(Serial("DATA:DAC Volatile,8192"), "PARSE FINISHED\n");
@@ -106,29 +89,6 @@ TEST_F(SimTest, TextPacketsAreAcknowledgedOnTheSerialLineAndCanBeBrokenOff) {
     EXPECT_EQ(device.Memory.Volatile, (Samples{1, 2}));
     EXPECT_TRUE(Takes("DATA:DAC Volatile,3"));
     EXPECT_EQ(device.Memory.Volatile, (Samples{3}));
-}
-
-TEST_F(SimTest, CatalogueAndFreeCountFollowTheLocations) {
-    const std::string start = R"("EXP_RISE","EXP_FALL","NEG_RAMP","SINC","CARDIAC","VOLATILE")";
-    EXPECT_EQ(Ask("DATA:Catalog?"), start + "\n");
-    EXPECT_FALSE(Takes("DATA:COPY A"));  // nothing in the volatile memory
-    EXPECT_FALSE(Takes("FUNction:USER VOLATILE"));
-    Ask("DATA:DAC Volatile,1");
-    for (const char* name : {"D", "C", "B", "A"}) EXPECT_TRUE(Takes("DATA:COPY "s + name));
-    EXPECT_FALSE(Takes("DATA:COPY E"));
-    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "0\n");
-    Ask("DATA:DAC Volatile,2");
-    EXPECT_TRUE(Takes("DATA:COPY C"));  // its own location again
-    EXPECT_TRUE(Takes("DATA:REName B NEW"));
-    EXPECT_FALSE(Takes("DATA:REName NEW A"));
-    EXPECT_TRUE(Takes("DATA:DELete D"));
-    EXPECT_EQ(Ask("DATA:Catalog?"), start + R"(,"C","NEW","A")" + "\n");
-    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "1\n");
-    EXPECT_EQ(device.Memory.Stored[0].Codes, (Samples{2}));
-    EXPECT_EQ(Ask("DATA:DIGIT:Catalog?"), "\"VOLATILE\"\n");
-    EXPECT_EQ(Ask("DIGIT:PROTOCOL?"), "\"RS232\",\"USB\",\"SPI\",\"CAN\",\"LAN\",\"DS\",\"TV\"\n");
-    Plug({"--variant"});
-    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "10\n");
 }
 
 TEST_F(SimTest, OutputFollowsTheActiveWave) {
@@ -153,21 +113,6 @@ TEST_F(SimTest, OutputFollowsTheActiveWave) {
     EXPECT_EQ(sim::OutputSamples(device).front(), 16383);
 }
 
-TEST_F(SimTest, LoadGivesTheCountThenPackets) {
-    ASSERT_EQ(sim::StoreFromOption(device.Memory, 1048576, "ARB1=ramp:40000"), "");
-    EXPECT_EQ(Ask("DATA:LOAD ARB1"), "ARB1,40000");
-    EXPECT_EQ(Ask("DATA:LOAD ARB1").size(), 65536u);
-    EXPECT_EQ(Ask("DATA:LOAD ARB1").size(), 80000u - 65536u);
-    Ask("DATA:DAC Volatile,258,16383");
-    for (const char* next : {"VOLATILE,2", "\x02\x01\xFF\x3F", "VOLATILE,2"})
-        EXPECT_EQ(Ask("DATA:LOAD VOLATILE"), next);
-    Ask("nonsense");
-    EXPECT_EQ(Ask("DATA:LOAD VOLATILE"), "VOLATILE,2");
-    for (int tries = 0; tries < 2; ++tries)
-        EXPECT_EQ(Ask("DATA:LOAD SINC"), "SINC,0");  // built in: as if it had no samples
-    EXPECT_NE(Send("DATA:LOAD ARB1", sim::Link::Serial).Error, "");
-}
-
 TEST_F(SimTest, FaultsSpoilTheAnswers) {
     Plug({"--fault", "stale-free-count", "--fault", "noise", "--fault", "vendor"});
     // 4 locations less a free count of -3: seven in use, and the catalogue has six names.
@@ -188,15 +133,17 @@ TEST_F(SimTest, FaultsSpoilTheAnswers) {
 
 TEST_F(SimTest, LocationsAreFilledFromFiles) {
     const std::string path = testing::TempDir() + "codes.txt";
-    const auto store = [&](const char* codes) {
+    const auto store = [&](const char* codes, const char* kind = "") {
         std::ofstream(path) << codes;
-        return sim::StoreFromOption(device.Memory, 4, "F=" + path);
+        return sim::StoreFromOption(device.Memory, 4, "F="s + kind + path);
     };
+    EXPECT_EQ(store("65535", "words:"), "");
+    EXPECT_NE(store("65536", "words:"), "");
+    EXPECT_EQ(device.Memory.Stored[0].Codes, (Samples{65535}));
     EXPECT_EQ(store("0, 5\n16383\n"), "");
-    EXPECT_EQ(device.Memory.Stored[0].Codes, (Samples{0, 5, 16383}));
     for (const char* bad : {"", "1 16384", "1.5", "1 2 3 4 5", "x", "1 -2"})
         EXPECT_NE(store(bad), "");
-    EXPECT_EQ(device.Memory.Stored[0].Codes.size(), 3u);
+    EXPECT_EQ(device.Memory.Stored[0].Codes, (Samples{0, 5, 16383}));
     for (const char* bad : {"F", "sinc=sine:4", "SINC=sine:4", "F=sine:5", "F=sine:0", "F=/none"}) {
         EXPECT_NE(sim::StoreFromOption(device.Memory, 4, bad), "") << bad;
     }
@@ -259,64 +206,91 @@ TEST_F(SimTest, DigitalPacketsMakeAWaveOfWordsAndChannels) {
     EXPECT_FALSE(Takes(DigitPacket("END,1,", "ab")));  // 1048576 is all
 }
 
-TEST_F(SimTest, DamagedDigitalPacketsAreRefused) {
+TEST_F(SimTest, DamagedPacketsAreRefused) {
+    const std::string head = "DATA:DAC16 Volatile,", one = head + "END,1,          ";
+    const std::string zeros(13, '\0'), digital = "DATA:DIGITAL16,END,1,";
+    const std::string all16 = "\x10\xF\xE\xD\xC\xB\xA\x9\x8\x7\x6\x5\x4\x3\x2\x1"s + '\0';
+    std::vector<std::string> packets = {head + "END,0,          "};
+    for (const char* field : {"END,2,          ", "end,1,          ", "END,01,         ",
+                              "END,1,         x", "END 1,          ", "END,1           ", "END,1,"})
+        packets.push_back(head + field + "\0\0"s);
+    for (const std::string& data : {"\0"s, "\0\0\0"s, "\0\x40"s}) packets.push_back(one + data);
+    for (const char* text : {"", "CON", "1,", ",1", "1, 2", "16384", "-1", "1.5", "CON,1", "1,END"})
+        packets.push_back("DATA:DAC Volatile,"s + text);
     for (const char* text : {"", "END", "end,1,", "END,01,", "END,1", "END 1,", "END,0,", "END,,",
                              "END,2,", "END, 1,", "END,1 ,"})
-        EXPECT_FALSE(Takes(DigitPacket(text, "ab"))) << text;
+        packets.push_back(DigitPacket(text, "ab"));
     for (const char* samples : {"", "a", "abc", "abcd"})
-        EXPECT_FALSE(Takes(DigitPacket("END,1,", samples))) << samples;
-    const std::string zeros(13, '\0');
-    std::string all16 = "\x10\xF\xE\xD\xC\xB\xA\x9\x8\x7\x6\x5\x4\x3\x2\x1"s + '\0';
+        packets.push_back(DigitPacket("END,1,", samples));
     for (const std::string& map :
          {"\0\0\0\0"s + zeros, "\x11" + all16.substr(1), "\1\x10\0\0"s + zeros, "\2\4\4\0"s + zeros,
           "\2\0\0\0"s + zeros, "\2\4\5\6"s + zeros, "\1\1"s})
-        EXPECT_FALSE(Takes("DATA:DIGITAL16,END,1," + map + "ab")) << testing::PrintToString(map);
-    EXPECT_TRUE(device.Memory.DigitVolatile.empty() && !device.IsReceiving);
-    EXPECT_TRUE(Takes("DATA:DIGITAL16,END,1," + all16 + "ab"));
+        packets.push_back(digital + map + "ab");
+    for (const std::string& packet : packets)
+        EXPECT_FALSE(Takes(packet)) << testing::PrintToString(packet);
+    EXPECT_TRUE(device.Memory.Volatile.empty() && device.Memory.DigitVolatile.empty());
+    EXPECT_FALSE(device.IsReceiving);
+    EXPECT_TRUE(Takes(one + "\0\0"s) && Takes(digital + all16 + "ab"));
 }
 
 TEST_F(SimTest, BothKindsShareLocationsAndNames) {
-    EXPECT_FALSE(Takes("DATA:DIGIT:COPY A"));  // nothing in the volatile memory
+    const std::string start = R"("EXP_RISE","EXP_FALL","NEG_RAMP","SINC","CARDIAC","VOLATILE")";
+    EXPECT_EQ(Ask("DATA:Catalog?"), start + "\n");
+    EXPECT_EQ(Ask("DATA:DIGIT:Catalog?"), "\"VOLATILE\"\n");
+    EXPECT_EQ(Ask("DIGIT:PROTOCOL?"), "\"RS232\",\"USB\",\"SPI\",\"CAN\",\"LAN\",\"DS\",\"TV\"\n");
+    for (const char* early : {"DATA:COPY D", "DATA:DIGIT:COPY D", "FUNction:USER VOLATILE"})
+        EXPECT_FALSE(Takes(early)) << early;  // nothing in the volatile memories
     Ask("DATA:DAC Volatile,1");
     Ask(DigitPacket("END,1,", "\2\0"s));
-    EXPECT_TRUE(Takes("DATA:COPY A") && Takes("FUNction:USER A"));
-    EXPECT_EQ(Serial("DATA:DIGIT:COPY B"), "PARSE FINISHED\n");
-    EXPECT_TRUE(Takes("DATA:COPY C") && Takes("DATA:DIGIT:COPY D"));
-    EXPECT_FALSE(Takes("DATA:DIGIT:COPY E"));
+    EXPECT_TRUE(Takes("DATA:COPY D") && Takes("FUNction:USER D"));
+    EXPECT_EQ(Serial("DATA:DIGIT:COPY C"), "PARSE FINISHED\n");
+    EXPECT_TRUE(Takes("DATA:COPY B") && Takes("DATA:DIGIT:COPY A"));
     EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "0\n");
-    EXPECT_FALSE(Takes("DATA:REName B A"));
-    EXPECT_FALSE(Takes("DATA:REName B SPI"));
-    EXPECT_TRUE(Takes("DATA:REName C SPI"));
-    EXPECT_TRUE(Takes("DATA:REName B NEW"));
-    EXPECT_TRUE(Takes("DATA:DELete D"));
-    EXPECT_TRUE(Takes("DATA:DIGIT:COPY A"));  // its location again, though of the other kind
+    Ask("DATA:DAC Volatile,2");
+    EXPECT_TRUE(Takes("DATA:COPY B"));  // its own location again
+    EXPECT_EQ(device.Memory.Stored[2].Codes, (Samples{2}));
+    for (const char* taken :
+         {"DATA:COPY E", "DATA:DIGIT:COPY E", "DATA:REName C B", "DATA:REName C SPI"})
+        EXPECT_FALSE(Takes(taken)) << taken;
+    EXPECT_TRUE(Takes("DATA:REName B SPI") && Takes("DATA:REName C AB"));
+    EXPECT_TRUE(Takes("DATA:DELete A"));
+    EXPECT_TRUE(Takes("DATA:DIGIT:COPY D"));  // its location again, though of the other kind
     EXPECT_EQ(device.ActiveWave, "EXP_RISE");
-    EXPECT_EQ(Ask("DATA:DIGIT:Catalog?"), "\"VOLATILE\",\"A\",\"NEW\"\n");
+    EXPECT_EQ(Ask("DATA:DIGIT:Catalog?"), "\"VOLATILE\",\"D\",\"AB\"\n");
+    EXPECT_EQ(Ask("DATA:Catalog?"), start + ",\"SPI\"\n");
     EXPECT_EQ(Ask("DATA:Nvolatile:Catalog?"), "\"SPI\"\n");
     EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "1\n");
     for (const char* name : {"RS232", "USB", "SPI", "CAN", "LAN", "DS", "TV", "PO", "VOLATILE"})
         EXPECT_FALSE(Takes("DATA:DIGIT:COPY "s + name)) << name;
+    Plug({"--variant"});
+    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "10\n");
 }
 
-TEST_F(SimTest, DigitalLoadGivesAllSixteenBits) {
-    ASSERT_EQ(sim::StoreFromOption(device.Memory, 1048576, "D=count:40000"), "");
-    EXPECT_EQ(Ask("DATA:DIGIT:LOAD D"), "D,40000");
-    EXPECT_EQ(Ask("DATA:DIGIT:LOAD D").size(), 65536u);
-    const std::string rest = Ask("DATA:DIGIT:LOAD D");  // dots 32768 to 39999
-    EXPECT_EQ(rest.size(), 14464u);
-    EXPECT_EQ(rest.substr(0, 4) + rest.substr(14462), "\x00\x80\x01\x80\x3F\x9C"s);
-    Ask("DATA:DAC Volatile,1,2");
-    Ask(DigitPacket("END,1,", "\xFE\xFF"));
-    EXPECT_EQ(Ask("DATA:LOAD VOLATILE"), "VOLATILE,2");  // and not on with the other kind
-    for (const char* next : {"VOLATILE,1", "\xFE\xFF", "VOLATILE,1"})
-        EXPECT_EQ(Ask("DATA:DIGIT:LOAD VOLATILE"), next);
-    EXPECT_EQ(Ask("DATA:LOAD D") + Ask("DATA:DIGIT:LOAD NONE"), "D,0NONE,0");
-    const std::string path = testing::TempDir() + "words.txt";
-    for (const auto& [word, taken] : {std::pair{"65535", true}, {"65536", false}}) {
-        std::ofstream(path) << word;
-        EXPECT_EQ(sim::StoreFromOption(device.Memory, 4, "W=words:" + path).empty(), taken);
+TEST_F(SimTest, LoadGivesTheCountThenPackets) {
+    const std::string analog = "DATA:LOAD ", digital = "DATA:DIGIT:LOAD ";
+    Ask("DATA:DAC Volatile,258,16383");
+    Ask(DigitPacket("END,2,", "\xFE\xFF\1\2"));
+    std::string rest;  // dots 32768 to 39999
+    for (const auto& [load, option, bytes] :
+         {std::tuple(analog, "A=ramp:40000", "\x02\x01\xFF\x3F"),
+          {digital, "D=count:40000", "\xFE\xFF\1\2"}}) {
+        ASSERT_EQ(sim::StoreFromOption(device.Memory, 1048576, option), "");
+        const std::string name(option, 1);
+        EXPECT_EQ(Ask(load + name), name + ",40000");
+        EXPECT_EQ(Ask(load + name).size(), 65536u);
+        rest = Ask(load + name);
+        EXPECT_EQ(rest.size(), 14464u);
+        for (const char* next : {"VOLATILE,2", bytes, "VOLATILE,2"})
+            EXPECT_EQ(Ask(load + "VOLATILE"), next);
+        Ask("nonsense");
+        EXPECT_EQ(Ask(load + "VOLATILE"), "VOLATILE,2");
     }
-    EXPECT_EQ(device.Memory.Stored[1].Codes, (Samples{65535}));
+    EXPECT_EQ(rest.substr(0, 4) + rest.substr(14462), "\x00\x80\x01\x80\x3F\x9C"s);
+    EXPECT_EQ(Ask(analog + "VOLATILE"), "VOLATILE,2");  // and not on with the other kind
+    for (const char* name : {"SINC", "SINC", "D"})      // as if they had no samples
+        EXPECT_EQ(Ask(analog + name), name + ",0"s);
+    EXPECT_EQ(Ask(digital + "NONE"), "NONE,0");
+    EXPECT_NE(Send(analog + "A", sim::Link::Serial).Error, "");
 }
 
 TEST_F(SimTest, DigitalOutputBeginsWhenItsSetUpIsFinished) {
@@ -362,66 +336,44 @@ const std::pair<unsigned, std::vector<std::string>> Instruments[] = {
     {Kt3300Old, {"--firmware", "old"}},
 };
 
+// Taken by these instruments, and refused by all others.
+const std::pair<unsigned, std::vector<std::string_view>> Rows[] = {
+    {All,
+     {"", "*IDN?", "FUNction:USER A", "APPLy:USER 1E-06,2.5,-0.5", "DATA:COPY A",
+      "DATA:COPY ABCDEFGHIJ_2", "AM:STATe ON"}},
+    {New, {"DATA:DAC Volatile,1,2", "DATA:DAC16 Volatile,END,1,          a?"}},
+    {Old, {"DATA:DAC_Volatile,1,2", "DATA:DAC16_Volatile,END,1,          a?"}},
+    {Variant, {"DATA:REName A,B"}},
+    {Old | Kt2200New, {"DATA:REName,A,B"}},
+    {Kt1100New | Kt3300New, {"DATA:REName A B", "DATA:REName A A"}},
+    {Kt1100New | Kt2200New | Kt3300New, {"FUNction:USER NEG_RAMP"}},
+    {Old | Variant, {"FUNction:USER NEGRAMP"}},
+    {Kt3300New,
+     {"DATA:CATALOG?", "DIGIT:PROTOCOL SPI", "DATA:DIGIT:LOAD D",
+      "DATA:DIGITAL16,END,1,\1\1\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0ab"sv}},
+    {None,
+     {"*idn?", "FUNction:USER B", "DIGIT:PROTOCOL I2C", "DATA:DIGIT:COPY D", "DATA:DIGITAL,1,0,5",
+      "DIGIT:USER A", "APPLy:USER 1000,2", "APPLy:USER 1000, 2, 0", "APPLy:USER 0,2,0",
+      "DATA:COPY b", "DATA:COPY ABCDEFGHIJ_23", "DATA:COPY SINC", "DATA:COPY VOLATILE",
+      "DATA:REName SINC B", "DATA:DELete CARDIAC", "AM:STATe MAYBE"}},
+};
+
 // Every instrument gets a volatile wave of two dots and the stored wave A; then one message.
-struct Row {
-    unsigned Taken;  // by these instruments, and refused by all others
-    std::string_view Message;
-};
-
-const Row Rows[] = {
-    {All, "*IDN?"},
-    {None, "*idn?"},
-    {New, "DATA:DAC Volatile,1,2"},
-    {Old, "DATA:DAC_Volatile,1,2"},
-    {New, "DATA:DAC16 Volatile,END,1,          a?"},
-    {Old, "DATA:DAC16_Volatile,END,1,          a?"},
-    {Variant, "DATA:REName A,B"},
-    {Old | Kt2200New, "DATA:REName,A,B"},
-    {Kt1100New | Kt3300New, "DATA:REName A B"},
-    {Kt1100New | Kt2200New | Kt3300New, "FUNction:USER NEG_RAMP"},
-    {Old | Variant, "FUNction:USER NEGRAMP"},
-    {All, "FUNction:USER A"},
-    {None, "FUNction:USER B"},
-    {Kt3300New, "DATA:CATALOG?"},
-    {Kt3300New, "DIGIT:PROTOCOL SPI"},
-    {None, "DIGIT:PROTOCOL I2C"},
-    {None, "DATA:DIGIT:COPY D"},
-    {None, "DATA:DIGITAL,1,0,5"},
-    {Kt3300New, "DATA:DIGITAL16,END,1,\1\1\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0ab"sv},
-    {Kt3300New, "DATA:DIGIT:LOAD D"},
-    {None, "DIGIT:USER A"},
-    {All, ""},
-    {All, "APPLy:USER 1E-06,2.5,-0.5"},
-    {None, "APPLy:USER 1000,2"},
-    {None, "APPLy:USER 1000, 2, 0"},
-    {None, "APPLy:USER 0,2,0"},
-    {All, "DATA:COPY A"},
-    {None, "DATA:COPY b"},
-    {All, "DATA:COPY ABCDEFGHIJ_2"},
-    {None, "DATA:COPY ABCDEFGHIJ_23"},
-    {None, "DATA:COPY SINC"},
-    {None, "DATA:COPY VOLATILE"},
-    {None, "DATA:REName SINC B"},
-    {None, "DATA:DELete CARDIAC"},
-    {Kt1100New | Kt3300New, "DATA:REName A A"},
-    {All, "AM:STATe ON"},
-    {None, "AM:STATe MAYBE"},
-};
-
 TEST_F(SimTest, CommandsAreTakenByWhoKnowsThemAndChangeNothingElsewhere) {
-    for (const Row& row : Rows)
-        for (const auto& [instrument, arguments] : Instruments) {
-            SCOPED_TRACE(std::string(row.Message) + testing::PrintToString(arguments));
-            Plug(arguments);
-            device.Memory.Volatile = {5, 6};
-            device.Memory.Stored = {{"A", sim::WaveKind::Analog, {7, 8}}};
-            const sim::Outcome outcome = Send(row.Message);
-            EXPECT_EQ(outcome.Error.empty(), (row.Taken & instrument) != 0) << outcome.Error;
-            if (outcome.Error.empty()) continue;
-            EXPECT_TRUE(outcome.Reply.empty() && device.OutputVersion == 0u);
-            EXPECT_EQ(device.Memory.Volatile, (Samples{5, 6}));
-            EXPECT_EQ(sim::StoredNamesText(device.Memory, sim::WaveKind::Analog), "\"A\"");
-        }
+    for (const auto& [taken, messages] : Rows)
+        for (const std::string_view message : messages)
+            for (const auto& [instrument, arguments] : Instruments) {
+                SCOPED_TRACE(std::string(message) + testing::PrintToString(arguments));
+                Plug(arguments);
+                device.Memory.Volatile = {5, 6};
+                device.Memory.Stored = {{"A", sim::WaveKind::Analog, {7, 8}}};
+                const sim::Outcome outcome = Send(message);
+                EXPECT_EQ(outcome.Error.empty(), (taken & instrument) != 0) << outcome.Error;
+                if (outcome.Error.empty()) continue;
+                EXPECT_TRUE(outcome.Reply.empty() && device.OutputVersion == 0u);
+                EXPECT_EQ(device.Memory.Volatile, (Samples{5, 6}));
+                EXPECT_EQ(sim::StoredNamesText(device.Memory, sim::WaveKind::Analog), "\"A\"");
+            }
 }
 
 }  // namespace

@@ -7,10 +7,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
+#include <sstream>
 
-#include <gtest/gtest.h>
+#include "platform/TempFolder.h"
 
 // The program itself, run in a folder of its own, spoken to as an editor does.
 namespace {
@@ -20,17 +19,11 @@ using namespace std::string_literals;
 
 constexpr int Patience = 5000, Impatience = 100;  // milliseconds
 
-class ProgramTest : public ::testing::Test {
+class ProgramTest : public TempFolderTest {
 protected:
-    void SetUp() override {
-        std::string name = testing::TempDir() + "simXXXXXX";
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        setenv("TIDEMARK_SIM_DIR", (folder = name + "/sims").c_str(), 1);
-        socketPath = folder + "/USB0::0x0000::0x3300::T1::INSTR";
-    }
-    void TearDown() override {
+    ProgramTest() { setenv("TIDEMARK_SIM_DIR", place.c_str(), 1); }
+    ~ProgramTest() override {
         if (process > 0) End(SIGKILL);
-        fs::remove_all(fs::path(folder).parent_path());
     }
 
     void Spawn(const std::string& arguments = "") {
@@ -89,13 +82,14 @@ protected:
         return answer;
     }
 
-    std::string folder, socketPath;
+    const std::string place = PathOf("sims");
+    const std::string socketPath = place + "/USB0::0x0000::0x3300::T1::INSTR";
     pid_t process = 0;
 };
 
 TEST_F(ProgramTest, UsbKeepsAReplyBetweenConnections) {
     Start();
-    EXPECT_EQ(fs::status(folder).permissions(), fs::perms(0700));
+    EXPECT_EQ(fs::status(place).permissions(), fs::perms(0700));
     EXPECT_EQ(Exchange("W\x05\0\0\0*IDN?"s, 5), "A\x05\0\0\0"s);
     EXPECT_EQ(Exchange("W\0\0\0\0"s, 5), "A\0\0\0\0"s);
     EXPECT_EQ(Exchange("R\x06\0\0\0"s, 11), "D\x06\0\0\0NORVIK"s);
@@ -104,7 +98,7 @@ TEST_F(ProgramTest, UsbKeepsAReplyBetweenConnections) {
     Exchange("W\x08\0\0\0VOLTage?"s, 5);  // the identification is lost
     EXPECT_EQ(Exchange("R\xC8\0\0\0"s, 7), "D\x02\0\0\0001\n"s);
     EXPECT_EQ(End(SIGTERM), 0);
-    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_TRUE(fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, ReadWaitsAndIsForgottenWithItsConnection) {
@@ -125,30 +119,29 @@ TEST_F(ProgramTest, SerialLineOutlivesItsEditors) {
     Start();
     const std::string answers = "PARSE FINISHED\n1\n";
     for (int editor = 0; editor < 2; ++editor) {
-        const int fd = open((folder + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
+        const int fd = open((place + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
         ASSERT_GE(fd, 0);
         Write(fd, "DATA:DAC Volatile,1,2\r\nDATA:LOAD VOLATILE\rVOLTage?\r");
         EXPECT_EQ(Read(fd, answers.size()), answers);
         close(fd);
     }
     EXPECT_EQ(End(SIGINT), 0);
-    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_TRUE(fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, EmptyMessageIsNotedWhenNoReadFollows) {
-    const std::string log = fs::path(folder).parent_path() / "log";
-    Start("> " + log);
+    Start("> " + PathOf("log"));
     Exchange("W\x08\0\0\0VOLTage?"s, 5);
     Exchange("W\0\0\0\0"s, 5);
     EXPECT_EQ(Exchange("W\0\0\0\0R\xC8\0\0\0"s, 12), "A\0\0\0\0D\x02\0\0\0001\n"s);
-    const int fd = open((folder + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
+    const int fd = open((place + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
     Write(fd, "\rVOLTage?\r");
     EXPECT_EQ(Read(fd, 2), "1\n");
     close(fd);
     End(SIGTERM);
-    std::ifstream file(log);
+    std::istringstream log(Content("log"));
     std::string notes;
-    for (std::string line; std::getline(file, line);)
+    for (std::string line; std::getline(log, line);)
         if (line.find("(empty message)") != line.npos) notes += line.substr(13, 5) + ";";
     EXPECT_EQ(notes, "USB  ;RS232;");
 }
@@ -177,17 +170,17 @@ TEST_F(ProgramTest, RepliesComeLateOrNotAtAllOrItIsUnplugged) {
     EXPECT_EQ(Exchange("R\xC8\0\0\0"s, 5), "D\0\0\0\0"s);
     EXPECT_EQ(Exchange("W\x05\0\0\0*IDN?"s, 5), "A\x05\0\0\0"s);
     EXPECT_TRUE(WIFEXITED(AwaitEnd()));
-    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_TRUE(fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, RefusesAFolderThatIsNone) {
-    std::vector<std::string> places = {folder + "x", folder + std::string(100, 'y')};
+    std::vector<std::string> places = {PathOf("file"), place + std::string(100, 'y')};
     close(open(places[0].c_str(), O_CREAT | O_WRONLY, 0600));
     if (getuid() != 0) places.emplace_back("/");  // root's own
-    for (const std::string& place : places) {
-        setenv("TIDEMARK_SIM_DIR", place.c_str(), 1);
+    for (const std::string& bad : places) {
+        setenv("TIDEMARK_SIM_DIR", bad.c_str(), 1);
         Spawn();
-        EXPECT_EQ(WEXITSTATUS(AwaitEnd()), 1) << place;
+        EXPECT_EQ(WEXITSTATUS(AwaitEnd()), 1) << bad;
     }
     EXPECT_TRUE(fs::is_regular_file(places[0]));
 }

@@ -120,21 +120,15 @@ TEST_F(UsbTmcTest, WritesAWholeMessageAndNothingForNoBytes) {
     EXPECT_NE(fake.Written[12 + Mebibyte + 4 + 1], tag);
 }
 
-TEST_F(UsbTmcTest, FailedWriteIsAborted) {
+TEST_F(UsbTmcTest, FailuresAreAbortedOrClearedAndAnUnpluggedOneIsLost) {
     fake.WritesHang = true;
     EXPECT_EQ(Write("*IDN?"), VisaTimeOut);
     EXPECT_EQ(fake.TakeLog(), "claim 1 1 2 2 halt 2 ");
     fake.WritesHang = false;
     EXPECT_EQ(Write("*IDN?"), VisaSuccess);
-}
-
-TEST_F(UsbTmcTest, InstrumentThatRefusesToAbortIsCleared) {
     fake.AbortStatus = 0x81;  // another transfer than the one named is under way
     EXPECT_EQ(Read(200), VisaTimeOut);
-    EXPECT_EQ(fake.TakeLog(), "claim 1 3 5 6 6 halt 83 halt 2 ");
-}
-
-TEST_F(UsbTmcTest, UnpluggedIsLost) {
+    EXPECT_EQ(fake.TakeLog(), "3 5 6 6 halt 83 halt 2 ");
     fake.Unplugged = true;
     EXPECT_EQ(Write("*IDN?"), VisaConnectionLost);
     EXPECT_EQ(Read(200), VisaConnectionLost);
