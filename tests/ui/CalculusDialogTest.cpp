@@ -1,18 +1,9 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/ScreenColours.h"
-#include "ui/CommunicateSettingFrm.h"
-#include "ui/DownLoadWaveFrm.h"
-#include "ui/EquationFrm.h"
-#include "ui/InstrumentSelFrm.h"
-#include "ui/LinkTranscriptFrm.h"
 #include "ui/LowPassSetFrm.h"
 #include "ui/MainWindowFixture.h"
 #include "ui/PlotPreview.h"
-#include "ui/PropertyFrm.h"
 #include "ui/ResizeWaveFrm.h"
-#include "ui/SendWaveFrm.h"
-#include "ui/SmoothSetFrm.h"
-#include "ui/StandardWaveFrm.h"
 #include "ui/WaveMathFrm.h"
 #include "ui/WindowMathFrm.h"
 
@@ -39,9 +30,6 @@ protected:
 
 QImage Picture(const QWidget& dialog, const char* name = "PicPreview") {
     return FindIn<QWidget>(dialog, name)->grab().toImage();
-}
-void PressIn(const QWidget& dialog, const char* list, Qt::Key key, int times = 1) {
-    for (int i = 0; i < times; ++i) QTest::keyClick(FindIn<QComboBox>(dialog, list), key);
 }
 
 TEST_F(CalculusDialogTest, PreviewDrawsBothRunsOnOneScaleFromTheLeft) {
@@ -86,13 +74,13 @@ TEST_F(CalculusDialogTest, StandardWaveBecomesTheOperandUnlessCancelled) {
     const QSize size = dialog.size();
     const QImage before = Picture(dialog, "PicSource");
     const auto choose = [&](bool confirm) {
-        WithDialog([&] { PressIn(dialog, "SourceCmb", Qt::Key_Down); },
+        WithDialog([&] { Pick(dialog, "SourceCmb", Qt::Key_Down); },
                    [&](QWidget* wave) {
                        EXPECT_FALSE(FindIn(*wave, "DotnumTxt")->isEnabled());
-                       PressIn(*wave, "WaveTypeCmb", Qt::Key_End);
-                       PressIn(*wave, "WaveTypeCmb", Qt::Key_Up);  // DC
+                       Pick(*wave, "WaveTypeCmb", Qt::Key_End);
+                       Pick(*wave, "WaveTypeCmb", Qt::Key_Up);  // DC
                        Type(*wave, "offsettxt", "-0.75");
-                       FindIn<QPushButton>(*wave, confirm ? "OkAresBtn" : "CancelAresBtn")->click();
+                       Click(*wave, confirm ? "OkAresBtn" : "CancelAresBtn");
                    });
     };
     choose(false);
@@ -102,11 +90,11 @@ TEST_F(CalculusDialogTest, StandardWaveBecomesTheOperandUnlessCancelled) {
     EXPECT_EQ(source->currentIndex(), 1);
     EXPECT_NE(Picture(dialog, "PicSource"), before);
     const QImage alone = Picture(dialog, "PicResult");
-    PressIn(dialog, "MathCmb", Qt::Key_Down);
+    Pick(dialog, "MathCmb", Qt::Key_Down);
     EXPECT_NE(Picture(dialog, "PicResult"), alone);
-    FindIn<QPushButton>(dialog, "ResumeAresBtn")->click();
+    Click(dialog, "ResumeAresBtn");
     EXPECT_EQ(Picture(dialog, "PicResult"), alone);
-    PressIn(dialog, "MathCmb", Qt::Key_Down);
+    Pick(dialog, "MathCmb", Qt::Key_Down);
     EXPECT_EQ(dialog.size(), size);
     EXPECT_EQ(Y(50), 0.5);
     dialog.accept();
@@ -122,31 +110,15 @@ TEST_F(CalculusDialogTest, WindowMathListsDocumentsAndResumes) {
     EXPECT_EQ(FindIn<QComboBox>(dialog, "SourceCmb")->currentText(), "First");
     EXPECT_EQ(math->toolTip(), QString(90, 'x'));
     EXPECT_LT(math->fontMetrics().horizontalAdvance(math->currentText()), math->width() - 24);
-    PressIn(dialog, "OperateCmb", Qt::Key_Down);
+    Pick(dialog, "OperateCmb", Qt::Key_Down);
     EXPECT_TRUE(note->text().startsWith("Dots from 100 on stay as they are. "));
     EXPECT_EQ(dialog.size(), size);
-    FindIn<QPushButton>(dialog, "ResumeAresBtn")->click();
+    Click(dialog, "ResumeAresBtn");
     EXPECT_TRUE(note->text().isEmpty());
-    PressIn(dialog, "OperateCmb", Qt::Key_Down, 3);
+    Pick(dialog, "OperateCmb", Qt::Key_Down, 3);
     dialog.accept();
     EXPECT_TRUE(Y(99) == 0.375 && Y(100) == 0.5);  // 0.5 * 0.75
 }
-
-// Notes that the message was painted, and whether the wave was still as before.
-class PaintWatch : public QObject {
-public:
-    explicit PaintWatch(const AnalogWaveRecord& wave) : wave_(wave) {}
-    int Early = 0, Late = 0;
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++(wave_.DotArray[100].Y == 0.5 ? Early : Late);
-        return false;
-    }
-
-private:
-    const AnalogWaveRecord& wave_;
-};
 
 TEST_F(CalculusDialogTest, LowPassSaysSoBeforeTheWork) {
     for (int dot = 1; dot < 200; dot += 2) wave_.DotArray[dot].Y = -0.5;
@@ -154,15 +126,15 @@ TEST_F(CalculusDialogTest, LowPassSaysSoBeforeTheWork) {
     Show(dialog);
     const QSize size = dialog.size();
     auto* message = FindIn<QLabel>(dialog, "MessageLab");
-    PaintWatch watch(wave_);
-    message->installEventFilter(&watch);
+    PaintCounter counter;
+    message->installEventFilter(&counter);
     const QImage before = Picture(dialog);
     for (int dot = 0; dot < 50; ++dot) wave_.DotArray[dot].Y = 0.9;  // seen when it filters anew
     QTest::keyClicks(Type(dialog, "CutOffTxt", "9"), "0");
     EXPECT_EQ(Picture(dialog), before);  // until the keys pause
     EXPECT_TRUE(QTest::qWaitFor([&] { return Picture(dialog) != before; }, 2000));
     dialog.accept();
-    EXPECT_EQ(watch.Early, 1);
+    EXPECT_EQ(counter.Paints, 1);
     EXPECT_TRUE(message->isVisible() && dialog.size() == size);
     EXPECT_FALSE(FindIn<QPushButton>(dialog, "OkAresBtn")->isVisible());
     QTest::keyClick(&dialog, Qt::Key_Escape);
@@ -171,39 +143,7 @@ TEST_F(CalculusDialogTest, LowPassSaysSoBeforeTheWork) {
     EXPECT_TRUE(dialog.isVisible() && Y(100) == 0.5);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }, 2000));
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(watch.Late, 0);
     EXPECT_NE(Y(100), 0.5);
-}
-
-TEST_F(CalculusDialogTest, TextsComeFromTheTableAndKeepTheSize) {
-    std::map<QString, QSize> sizes;
-    const auto expect = [&](const QDialog& dialog) {
-        ExpectTexts(dialog);
-        const QSize size = dialog.sizeHint();
-        EXPECT_EQ(sizes.emplace(dialog.objectName(), size).first->second, size);
-    };
-    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
-        expect(ResizeWaveFrm());
-        expect(WaveMathFrm());
-        expect(WindowMathFrm());
-        expect(LowPassSetFrm());
-        expect(SmoothSetFrm());
-        expect(CommunicateSettingFrm());
-        expect(LinkTranscriptFrm());
-        for (const SendKind* kind : {&SendAnalogKind, &SendDigitKind}) expect(SendWaveFrm(*kind));
-        for (const UploadKind* kind : {&UploadAnalogKind, &UploadDigitKind})
-            expect(DownLoadWaveFrm(*kind));
-        const InstrumentSelFrm selection;
-        FindIn<QLabel>(selection, "lblMsgbox")->clear();  // tells of values
-        expect(selection);
-        ExpectTexts(PropertyFrm());
-        ExpectTexts(EquationFrm());
-        for (std::int16_t kind = 0; kind < WaveKindCount; ++kind) {
-            const StandardWaveFrm dialog(nullptr, kind);
-            ExpectTexts(dialog);
-            EXPECT_EQ(FindIn<QLabel>(dialog, "para1Lab")->text().isEmpty(), !FieldsOf(kind).Para1);
-        }
-    }
 }
 
 }  // namespace

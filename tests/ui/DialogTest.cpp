@@ -1,7 +1,10 @@
 #include "platform/Settings.h"
+#include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
+#include "ui/LinkTranscriptFrm.h"
 #include "ui/MainWindowFixture.h"
 #include "ui/PropertyFrm.h"
+#include "ui/SendWaveFrm.h"
 #include "ui/StandardWaveFrm.h"
 
 namespace {
@@ -16,30 +19,6 @@ protected:
         MakeDocument("").Quantify = 12;
     }
 };
-
-std::string TypeAndTab(const QWidget& dialog, const char* name, const char* text) {
-    NumberBox* box = Type(dialog, name, text);
-    QTest::keyClick(box, Qt::Key_Tab);
-    return box->text().toStdString();
-}
-
-TEST_F(DialogTest, TypedNumberIsHeldToItsBoundsOnLeaving) {
-    const struct {
-        bool Property;
-        const char *Box, *Typed, *Shown;
-    } rows[] = {
-        {true, "DotnumTxt", "7", "8"},        {true, "DotnumTxt", "1a.-2", "12"},  // keys dropped
-        {true, "ampltxt", "1.5.5", "1.5500"},                                      // one point only
-        {true, "QuantTxt", "33", "32"},       {true, "Freqtxt", "6000", "5000.000000000"},  // KHz
-        {false, "DotnumTxt", "5000", "4096"}, {false, "phasetxt", "400", "359"},
-        {false, "ampltxt", "3", "2.0000"},    {false, "para1txt", "90", "80"}};
-    for (const auto& row : rows) {
-        std::unique_ptr<QDialog> dialog = std::make_unique<PropertyFrm>();
-        if (!row.Property) dialog = std::make_unique<StandardWaveFrm>(nullptr, Square);
-        Show(*dialog);
-        EXPECT_EQ(TypeAndTab(*dialog, row.Box, row.Typed), row.Shown) << row.Box;
-    }
-}
 
 TEST_F(DialogTest, UnitListReadsTheNumberInTheNewUnitAndCancelLeavesTheDocument) {
     PropertyFrm dialog;
@@ -109,6 +88,7 @@ TEST_F(DialogTest, RowsFollowTheTypeAndPreviewTheKeys) {
         EXPECT_EQ(FindIn(dialog, "offsettxt")->pos(), place) << kind;
         EXPECT_EQ(FindIn(dialog, "ampltxt")->isEnabled(), kind != Dc && kind != None) << kind;
         EXPECT_EQ(FindIn(dialog, "Cyclestxt")->isEnabled(), kind < Noise || kind == Sinc) << kind;
+        EXPECT_EQ(FindIn<QLabel>(dialog, "para1Lab")->text().isEmpty(), !FieldsOf(kind).Para1);
         EXPECT_EQ(FindIn(dialog, "para2txt")->isVisible(), kind == Pulse) << kind;
         QTest::keyClick(kinds, Qt::Key_Down);
     }
@@ -135,7 +115,62 @@ TEST_F(DialogTest, EquationAtFaultIsShownAndHolds) {
     text->setFocus();
     QTest::keyClick(text, Qt::Key_Return);
     EXPECT_EQ(ActiveAnalog().Dots, 100);
-    EXPECT_NEAR(ActiveAnalog().DotArray[10].Y, 10.0 / 11.0, 1e-4);  // 9 * 10 / 99 V of 1 V
+}
+
+// Every text stands in the table, in the language in use, and no two mnemonics meet.
+void ExpectTexts(const QWidget& dialog) {
+    const std::string window = dialog.objectName().toStdString();
+    EXPECT_EQ(dialog.windowTitle().toStdString(), TextOf(window, ""));
+    QStringList texts;
+    for (const QWidget* control : dialog.findChildren<QWidget*>()) {
+        QString text = control->accessibleName();
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        if (const auto* label = qobject_cast<const QLabel*>(control)) text = label->text();
+        if (button && !qobject_cast<const SpinButton*>(control)) text = button->text();
+        const std::string name = control->objectName().toStdString();
+        const bool list = name.ends_with("Cmb") && name != "WaveTypeCmb";  // has its label
+        const bool speaks = button || list || name.starts_with("Pic");
+        EXPECT_TRUE(!text.isEmpty() || !speaks) << name;
+        if (text.isEmpty() || name.empty() || name.starts_with("para")) continue;
+        if (qobject_cast<const QLabel*>(control) && name.ends_with("Txt")) continue;  // of values
+        EXPECT_EQ(text.toStdString(), TextOf(window, name)) << window << ' ' << name;
+        texts << text;
+    }
+    ExpectUniqueMnemonics(dialog.objectName(), texts);
+}
+
+TEST_F(MainWindowTest, EveryDialogSpeaksTheLanguageInUseAndKeepsItsSize) {
+    for (int i = 0; i < 2; ++i) NewSine();
+    SelectDots(ActiveAnalog(), 10, 49);
+    NewDigit();
+    std::map<QString, QSize> sizes;
+    const auto expect = [&](const QWidget& dialog) {
+        ExpectTexts(dialog);
+        EXPECT_EQ(sizes.emplace(dialog.objectName(), dialog.sizeHint()).first->second,
+                  dialog.sizeHint());
+    };
+    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
+        for (const char* name :
+             {"ResizeWaveFrm", "WaveMathFrm", "WindowMathFrm", "LowPassSetFrm", "SmoothSetFrm",
+              "CommunicateSettingFrm", "InstrumentSelFrm", "PropertyFrm", "ArbitraryValueFrm",
+              "CountFrm", "InsertNodeFrm", "DigitPropertyFrm", "EvaluateFrm"})
+            WithDialog([&] { TheHost().RunDialog(name, 0); },
+                       [&](QWidget* dialog) {
+                           EXPECT_EQ(dialog->objectName(), name);
+                           for (auto* values : dialog->findChildren<QLabel*>("lblMsgbox"))
+                               values->clear();
+                           for (auto* mode : dialog->findChildren<QPushButton*>("ValueAresBtn"))
+                               mode->setObjectName("ValueAresBtn0");
+                           expect(*dialog);
+                       });
+        ExpectTexts(EquationFrm());
+        expect(LinkTranscriptFrm());
+        for (const SendKind* kind : {&SendAnalogKind, &SendDigitKind}) expect(SendWaveFrm(*kind));
+        for (const UploadKind* kind : {&UploadAnalogKind, &UploadDigitKind})
+            expect(DownLoadWaveFrm(*kind));
+        for (std::int16_t kind = 0; kind < WaveKindCount; ++kind)
+            ExpectTexts(StandardWaveFrm(nullptr, kind));
+    }
 }
 
 }  // namespace

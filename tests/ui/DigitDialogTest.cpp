@@ -1,11 +1,12 @@
 #include "digital/DigitEditFuncBox.h"
-#include "digital/GlobalDigitDefineCode.h"
 #include "ui/ArbitraryValueFrm.h"
 #include "ui/CountFrm.h"
 #include "ui/DigitPropertyFrm.h"
 #include "ui/EvaluateFrm.h"
 #include "ui/InsertNodeFrm.h"
 #include "ui/MainWindowFixture.h"
+#include "ui/PropertyFrm.h"
+#include "ui/StandardWaveFrm.h"
 
 namespace {
 
@@ -15,52 +16,38 @@ protected:
     void SetUp() override {
         MainWindowTest::SetUp();
         Script({Answer::Ok});
-        document_ = DigitDocument();
         document_.Dots = 100;
         AppendNode(document_, {.Name = "A"});
         AppendNode(document_, {.Name = "BUS", .Width = 4});
         SelectSpan(document_, {1, -1}, 10, 12);
         MarkWaveSelection(document_);
+        EditDigitProperty = AssembleMode = EditNodeMode = false;
         EvaluateMode = EvaluateNode = 0;
         LastInserted = {};
-    }
-    void TearDown() override {
-        EditDigitProperty = AssembleMode = EditNodeMode = false;
-        DigitDocUsed[0] = false;
-        document_ = DigitDocument();
-        MainWindowTest::TearDown();
     }
     int BusAt(int dot) const { return ValueAt(document_, {1, -1}, dot); }
 
     DigitDocument& document_ = DigitDocTable[0];
 };
 
-std::string TypeInto(const QWidget& dialog, const char* name, const char* text) {
-    FindIn(dialog, name)->selectAll();  // it may have the focus already
-    return Type(dialog, name, text)->text().toStdString();
-}
-void Confirm(QDialog& dialog) {
-    QTest::mouseClick(FindIn<QPushButton>(dialog, "OkAresBtn"), Qt::LeftButton);
-}
-
 TEST_F(DigitDialogTest, ValueFollowsTheRadixAndAnEmptyOneIsAskedFor) {
     ArbitraryValueFrm dialog, cancelled;
     Show(dialog);
-    Confirm(dialog);
+    Click(dialog, "OkAresBtn");
     EXPECT_TRUE(dialog.isVisible() && asked.size() == 1);
     EXPECT_EQ(dialog.focusWidget()->objectName(), "NumTxt");
-    EXPECT_EQ(TypeInto(dialog, "NumTxt", "12a01"), "101");
+    EXPECT_EQ(Type(dialog, "NumTxt", "12a01")->text(), "101");
     const char *typed[] = {"", "gC", "28", "1f6"}, *before[] = {"", "5", "14", "2"},
                *held[] = {"", "C", "2", "15"};
     for (int radix = 1; radix <= 3; ++radix) {
         QTest::keyClick(FindIn<QComboBox>(dialog, "RadixCmb"), Qt::Key_Down);
         EXPECT_EQ(FindIn(dialog, "NumTxt")->text(), before[radix]);
-        EXPECT_EQ(TypeInto(dialog, "NumTxt", typed[radix]), held[radix]);
+        EXPECT_EQ(Type(dialog, "NumTxt", typed[radix])->text(), held[radix]);
     }
-    Confirm(dialog);
+    Click(dialog, "OkAresBtn");
     EXPECT_TRUE(dialog.result() == QDialog::Accepted && BusAt(9) == 0 && BusAt(12) == 15);
     Show(cancelled);
-    Confirm(cancelled);
+    Click(cancelled, "OkAresBtn");
     EXPECT_TRUE(!cancelled.isVisible() && !cancelled.result() && asked.size() == 2);
 }
 
@@ -81,10 +68,10 @@ TEST_F(DigitDialogTest, EvaluateClosesWhatTheOperationDoesNotUse) {
             states += control->isEnabled() && control->isVisible() ? '1' : '0';
         }
         EXPECT_EQ(states, enabled[mode]);
-        if (mode == 5) TypeInto(dialog, "CountInteTxt", "12");
+        if (mode == 5) Type(dialog, "CountInteTxt", "12");
     }
     EXPECT_EQ(FindIn(dialog, "CountInteTxt")->text(), "1");  // its own number, in binary
-    Confirm(dialog);
+    Click(dialog, "OkAresBtn");
     EXPECT_TRUE(BusAt(0) == 1 && BusAt(99) == 1);
 }
 
@@ -93,6 +80,10 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
     CountFrm count;
     InsertNodeFrm insert;
     DigitPropertyFrm property;
+    MakeDocument("");
+    PropertyEditMode = true;
+    PropertyFrm analog;
+    StandardWaveFrm square(nullptr, Square);
     const struct {
         QDialog& Dialog;
         const char *Box, *Typed, *Held, *Left;
@@ -111,20 +102,28 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
         {property, "DotnumTxt", "50", "50", "50"},
         {property, "PositionTxt", "60", "49", "49"},
         {property, "Freqtxt", "3000", "2000", "2.0000"},
+        {analog, "DotnumTxt", "a.-7", "7", "8"},
+        {analog, "ampltxt", "1.5.5", "1.55", "1.5500"},
+        {analog, "QuantTxt", "33", "33", "32"},
+        {analog, "Freqtxt", "6000", "6000", "5000.000000000"},  // KHz
+        {square, "DotnumTxt", "5000", "5000", "4096"},
+        {square, "phasetxt", "400", "400", "359"},
+        {square, "ampltxt", "3", "3", "2.0000"},
+        {square, "para1txt", "90", "90", "80"},
     };
     for (const auto& row : rows) {
         Show(row.Dialog);
-        EXPECT_EQ(TypeInto(row.Dialog, row.Box, row.Typed), row.Held) << row.Box;
+        EXPECT_EQ(Type(row.Dialog, row.Box, row.Typed)->text(), row.Held) << row.Box;
         QTest::keyClick(FindIn(row.Dialog, row.Box), Qt::Key_Tab);
         EXPECT_EQ(FindIn(row.Dialog, row.Box)->text(), row.Left) << row.Box;
     }
     EXPECT_EQ(FindIn<QComboBox>(property, "FrequnitCmb")->currentText(), "Mbps");
     EXPECT_FALSE(FindIn<QLabel>(property, "NoteTxt")->text().isEmpty());
-    Confirm(count);
-    Confirm(insert);
+    Click(count, "OkAresBtn");
+    Click(insert, "OkAresBtn");
     EXPECT_TRUE(BusAt(49) == 0 && BusAt(50) == 1 && BusAt(51) == 0);
     EXPECT_TRUE(document_.NodeCount == 3 && document_.Nodes[2].Name == "ab_1");
-    Confirm(property);
+    Click(property, "OkAresBtn");
     EXPECT_TRUE(document_.Nodes.empty() && document_.Dots == 50 && document_.Rate == 2e6);
 }
 
@@ -148,31 +147,8 @@ TEST_F(DigitDialogTest, NodeDialogShowsItsUse) {
         EXPECT_EQ(FindIn<QLabel>(dialog, "NoteTxt")->text(), row.Note);
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         EXPECT_EQ(dialog.focusWidget()->objectName(), row.AfterName);
-        EXPECT_EQ(TypeInto(dialog, "DigitBusTXt", "7"), row.Typed);
+        EXPECT_EQ(Type(dialog, "DigitBusTXt", "7")->text(), row.Typed);
     }
-}
-
-TEST_F(DigitDialogTest, TextsKeepTheSizeAndTheHostKnowsTheWindows) {
-    std::map<QString, QSize> sizes;
-    const auto expect = [&](const QDialog& dialog) {
-        ExpectTexts(dialog);
-        EXPECT_EQ(sizes.emplace(dialog.objectName(), dialog.sizeHint()).first->second,
-                  dialog.sizeHint());
-    };
-    for (UseEnglish = 0; UseEnglish <= 1; ++UseEnglish) {
-        expect(ArbitraryValueFrm());
-        expect(CountFrm());
-        expect(InsertNodeFrm());
-        expect(DigitPropertyFrm());
-        const EvaluateFrm evaluate;
-        FindIn<QPushButton>(evaluate, "ValueAresBtn")->setObjectName("ValueAresBtn0");
-        expect(evaluate);
-    }
-    UseEnglish = 1;
-    for (const auto& [name, size] : sizes)
-        WithDialog(
-            [window = name.toStdString()] { TheHost().RunDialog(window, 0); },
-            [window = name](const QWidget* dialog) { EXPECT_EQ(dialog->objectName(), window); });
 }
 
 }  // namespace

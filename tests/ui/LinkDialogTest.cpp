@@ -37,14 +37,6 @@ protected:
     static QString Shown(const QWidget& dialog, const char* name) {
         return FindIn<QComboBox>(dialog, name)->currentText();
     }
-    static void Pick(const QWidget& dialog, const char* name, Qt::Key key) {
-        auto* list = FindIn<QComboBox>(dialog, name);
-        list->setFocus();
-        QTest::keyClick(list, key);
-    }
-    static void Click(const QWidget& dialog, const char* name) {
-        FindIn<QAbstractButton>(dialog, name)->click();
-    }
 };
 
 TEST_F(LinkDialogTest, OnlyTheSectionOfTheTransportIsOpen) {

@@ -73,12 +73,6 @@ protected:
 
 // --- waits --------------------------------------------------------------------------------------
 
-struct PaintCounter : QWidget {
-    using QWidget::QWidget;
-    void paintEvent(QPaintEvent*) override { ++Paints; }
-    int Paints = 0;
-};
-
 TEST_F(LinkWindowTest, WaitRepaintsAndTakesNoInputButTheCancel) {
     NewSine();
     window_->activateWindow();  // no window manager does it after a dialog
@@ -87,8 +81,8 @@ TEST_F(LinkWindowTest, WaitRepaintsAndTakesNoInputButTheCancel) {
     const AnalogWaveRecord& wave = AnalogDocs[0];
     const QWidget* focus = window_->focusWidget();
     const auto* cancel = Find<QPushButton>("CancelWaitBtn");
-    PaintCounter counter(window_.get());
-    counter.show();
+    PaintCounter counter;
+    Find("GridAresBtn")->installEventFilter(&counter);
     const auto press = [&] {
         ClickOn(Find("GridAresBtn"));
         ClickOn(Find<NumberBox>("txtValueX"));
@@ -101,7 +95,7 @@ TEST_F(LinkWindowTest, WaitRepaintsAndTakesNoInputButTheCancel) {
         EXPECT_TRUE(cancel->isVisible());
         QTimer::singleShot(50, window_.get(), [&] {
             counter.Paints = 0;
-            counter.update();
+            Find("GridAresBtn")->update();
         });
         QTimer::singleShot(100, window_.get(), [&] {
             EXPECT_EQ(counter.Paints, 1);
@@ -165,29 +159,19 @@ TEST_F(LinkWindowTest, ClosingTheWindowEndsTheWorkAndThenAsks) {
 
 TEST_F(LinkWindowTest, ClosingTheWindowRejectsTheDialogThatWorks) {
     Connect();
-    Link.StoreTarget = 0;
     Script({Answer::No});
-    TheHost().Wait = [](auto) { WaitFor(Link.SendBusy ? Ever : 1); };
-    QTimer sender, closer;  // a timer does not fire inside itself
-    sender.callOnTimeout(window_.get(), [&] {
-        const QWidget* dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || Link.WorkDepth > 0 || sent.size() < 2) return;
-        sender.stop();
-        FindIn<QPushButton>(*dialog, "SaveAresBtn")->click();
-    });
-    closer.callOnTimeout(window_.get(), [&] {
+    SendWaveFrm dialog(SendAnalogKind, window_.get());
+    dialog.setModal(true);
+    Open(dialog);
+    onWait = [&] {
         if (!Link.SendBusy) return;
-        closer.stop();
-        QWidget* dialog = QApplication::activeModalWidget();
-        dialog->close();
-        EXPECT_TRUE(dialog->isVisible());
         window_->close();
-        EXPECT_TRUE(window_->isVisible());
-    });
-    for (QTimer* timer : {&sender, &closer}) timer->start(5);
-    EXPECT_FALSE(TheHost().RunDialog("SendAnalogWaveFrm", 0));
+        EXPECT_TRUE(dialog.isVisible() && window_->isVisible());
+    };
+    Click(dialog, "OptionSave1");
+    Click(dialog, "SaveAresBtn");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window_->isVisible(); }));
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(asked.size(), 1U);
 }
 
@@ -230,7 +214,7 @@ TEST_F(LinkWindowTest, SendDialogShowsTheInstrumentAndSendsOnce) {
     onWait = [&] {
         if (!Link.SendBusy) return;
         ++presses;
-        FindIn<QPushButton>(dialog, "SaveAresBtn")->click();
+        Click(dialog, "SaveAresBtn");
         dialog.close();
         EXPECT_TRUE(dialog.isVisible() && cancel->isVisible() && dialog.size() == size);
     };
@@ -248,18 +232,16 @@ TEST_F(LinkWindowTest, RenamingTakesANameOnly) {
     Connect();
     SendWaveFrm dialog(SendAnalogKind, window_.get());
     Open(dialog);
-    auto* waves = FindIn<QComboBox>(dialog, "cmbAllWave");
     auto* name = FindIn(dialog, "txtAllWaveName");
     const auto open = [&](const char* control) {
         return FindIn<QWidget>(dialog, control)->isEnabled();
     };
     EXPECT_TRUE(open("ButActivate") && !open("ButDel") && !open("ButRename"));  // SINC
-    waves->setFocus();
-    QTest::keyClick(waves, Qt::Key_End);
+    Pick(dialog, "cmbAllWave", Qt::Key_End);
     EXPECT_TRUE(open("ButDel") && open("ButRename") && !open("OkAresBtn"));
     sent.clear();
     for (const auto& [key, text] : {std::pair(Qt::Key_Escape, "BETA"), {Qt::Key_Return, "GAMMA"}}) {
-        FindIn<QPushButton>(dialog, "ButRename")->click();
+        Click(dialog, "ButRename");
         EXPECT_TRUE(name->hasFocus() && open("OkAresBtn") && open("CancelAresBtn"));
         EXPECT_TRUE(!open("cmbAllWave") && !open("ButDel") && !open("ButActivate"));
         QTest::keyClicks(name, "gamma");
@@ -288,11 +270,10 @@ TEST_F(LinkWindowTest, BuiltInWaveformsCannotBeUploaded) {
     Open(dialog);
     const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
     const auto* load = FindIn<QPushButton>(dialog, "LoadAresBtn");
-    auto* waves = FindIn<QComboBox>(dialog, "cmbAllWave");
-    QTest::keyClick(waves, Qt::Key_Home);
+    Pick(dialog, "cmbAllWave", Qt::Key_Home);
     EXPECT_FALSE(load->isEnabled());
     EXPECT_EQ(note->text(), "Built-in waveforms cannot be uploaded.");
-    QTest::keyClick(waves, Qt::Key_End);
+    Pick(dialog, "cmbAllWave", Qt::Key_End);
     EXPECT_TRUE(load->isEnabled() && note->text().isEmpty());
     QTest::keyClick(&dialog, Qt::Key_Return);  // the default button
     EXPECT_EQ(sent.back(), "DATA:LOAD BETA");

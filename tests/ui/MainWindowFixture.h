@@ -1,7 +1,10 @@
 #pragma once
 // Real windows under scripted hands, for tests of whole flows.
 #include "analog/AnalogFixture.h"
+#include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitFuncCode.h"
 #include "digital/GlobalDigitDefineCode.h"
+#include "ui/DocumentWindow.h"
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
 #include "ui/NumberBox.h"
@@ -41,13 +44,49 @@ Control* FindIn(const QWidget& window, std::string_view name) {
     return found;
 }
 
-// Types over the number of a box, which stays in it.
+// Types over the number of a box, which stays in it. A visit to the box selects its number.
 inline NumberBox* Type(const QWidget& window, const char* name, const char* text) {
     auto* box = FindIn(window, name);
+    if (box->hasFocus()) box->selectAll();
     box->setFocus();
     QTest::keyClicks(box, QLatin1String(text));
     return box;
 }
+
+inline void Click(const QWidget& window, const char* name) {
+    FindIn<QAbstractButton>(window, name)->click();
+}
+
+// Chooses in a list by the keyboard.
+inline void Pick(const QWidget& window, const char* list, Qt::Key key, int times = 1) {
+    auto* box = FindIn<QComboBox>(window, list);
+    box->setFocus();
+    for (int i = 0; i < times; ++i) QTest::keyClick(box, key);
+}
+
+// By an amount, in two steps as a hand does it.
+inline void Drag(QWidget* handle, QPoint start, QPoint by) {
+    const QPoint from = handle->mapToGlobal(start);
+    const auto send = [&](QEvent::Type type, QPoint at, Qt::MouseButtons held) {
+        QMouseEvent event(type, handle->mapFromGlobal(at), at, Qt::LeftButton, held, {});
+        QApplication::sendEvent(handle, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    for (const int part : {2, 1}) send(QEvent::MouseMove, from + by / part, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, from + by, Qt::NoButton);
+}
+inline void Drag(QWidget* handle, QPoint by) {
+    Drag(handle, handle->rect().center(), by);
+}
+
+// Counts how often the widgets that it filters are painted.
+struct PaintCounter : QObject {
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++Paints;
+        return false;
+    }
+    int Paints = 0;
+};
 
 inline void ExpectUniqueMnemonics(const QString& where, const QStringList& texts) {
     std::set<QChar> letters;
@@ -57,28 +96,6 @@ inline void ExpectUniqueMnemonics(const QString& where, const QStringList& texts
         EXPECT_TRUE(letters.insert(text[mark + 1].toUpper()).second)
             << where.toStdString() << ": " << text.toStdString();
     }
-}
-
-// Every text stands in the table, in the language in use, and no two mnemonics meet.
-inline void ExpectTexts(const QDialog& dialog) {
-    const std::string window = dialog.objectName().toStdString();
-    EXPECT_EQ(dialog.windowTitle().toStdString(), TextOf(window, ""));
-    QStringList texts;
-    for (const QWidget* control : dialog.findChildren<QWidget*>()) {
-        QString text = control->accessibleName();
-        const auto* button = qobject_cast<const QAbstractButton*>(control);
-        if (const auto* label = qobject_cast<const QLabel*>(control)) text = label->text();
-        if (button && !qobject_cast<const SpinButton*>(control)) text = button->text();
-        const std::string name = control->objectName().toStdString();
-        const bool list = name.ends_with("Cmb") && name != "WaveTypeCmb";  // has its label
-        const bool speaks = button || list || name.starts_with("Pic");
-        EXPECT_TRUE(!text.isEmpty() || !speaks) << name;
-        if (text.isEmpty() || name.empty() || name.starts_with("para")) continue;
-        if (qobject_cast<const QLabel*>(control) && name.ends_with("Txt")) continue;  // of values
-        EXPECT_EQ(text.toStdString(), TextOf(window, name)) << window << ' ' << name;
-        texts << text;
-    }
-    ExpectUniqueMnemonics(dialog.objectName(), texts);
 }
 
 // The records as they stand after the start: no document, English.
@@ -137,13 +154,30 @@ protected:
                    });
     }
     void New() const { ConfirmDots("NewAnaWaveAresBtn", "1000"); }
+    // 4096 dots at 1 kbps, "clk" and the bus "b" of 12 channels.
+    static DigitDocument& NewDigit() {
+        ActiveDigitIndex = FirstFreeSlot(DigitDocUsed);
+        DigitDocument& document = ActiveDigit();
+        document.Dots = 4096;
+        document.Rate = 1000.0;
+        CreateDigitDocument();
+        AppendNode(document, {.Name = "clk"});
+        AppendNode(document, {.Name = "b", .Width = 12});
+        RenumberRows(document);
+        TheHost().RefreshCommands();
+        return document;
+    }
     void InsertSine() const { ConfirmDots("WaveAresBtn0", "100"); }
     void NewSine() const {
         New();
         InsertSine();
     }
-    void Press(std::int16_t slot, const char* button) const {
-        FindIn<QToolButton>(*window_->AnalogWindow(slot), button)->click();
+    void Press(std::int16_t window, const char* button) const {
+        Click(*window_->Window(window), button);
+    }
+    void CloseActive() const { Press(window_->ActiveTag(), "ExtBtn"); }
+    static QWidget* RightGrip(QWidget* window) {
+        return window->childAt(window->width() - 2, window->height() / 2);
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) const {
         window_->activateWindow();  // no window manager does it after a dialog

@@ -22,15 +22,23 @@ void ExpectMenu(const QString& menu, const QList<QAction*>& entries) {
 }
 
 TEST_F(MainWindowTest, EveryDoorSpeaksTheLanguageInUse) {
+    const int pages = NewDigit().PageCount;
     New();
-    for (const auto& [language, close] :
-         {std::pair("MnuHelp_Lang_Ch", "关闭"), {"MnuHelp_Lang_En", "Close"}}) {
+    for (const auto& [language, close, page] :
+         {std::tuple("MnuHelp_Lang_Ch", "关闭", "第 1 / %1 页"),
+          {"MnuHelp_Lang_En", "Close", "Page 1 / %1"}}) {
         Command(language)->trigger();
         EXPECT_TRUE(Command(language)->isChecked());
         EXPECT_EQ(GetSetting(ApplicationTitle, "Tidemark_Language", "Language", ""),
                   std::to_string(UseEnglish));
         EXPECT_EQ(Find<QLabel>("lblSelectDataMessage")->text().toStdString(), ResText(8));
         EXPECT_EQ(Find("ExtBtn")->toolTip(), close);
+        EXPECT_EQ(Find<QLabel>("PageInfo")->text(), QString(page).arg(pages));
+        for (const char* name :
+             {"DispParaListView", "DigitWavePic", "FrontPageAtn", "NextPageAtn", "MaxBtn"}) {
+            const std::string text = Find<QWidget>(name)->accessibleName().toStdString();
+            EXPECT_TRUE(!text.empty() && text == TextOf("DigitWaveFrm", name)) << name;
+        }
         for (const char* name : {"MinimizeAbtn", "MaxAbtn", "ExitAbtn"})
             ExpectButton(*window_, name);
         for (const CommandRow& row : Commands()) {
@@ -53,15 +61,14 @@ TEST_F(MainWindowTest, EveryDoorSpeaksTheLanguageInUse) {
 // --- states -------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, StatesFollowTheRecords) {
-    const struct {
-        const char* Door;
-        std::string_view Open;  // none, new, with Dots, Selected
-    } rows[] = {{"OpenAresBtn", "n+ds"}, {"SaveAresBtn", "+ds"}, {"MnuEdit_Undo", "ds"},
-                {"MnuIdle_Undo", "ds"},  {"CutAresBtn", "s"},    {"PasteAresBtn", ""}};
+    // Open: none, new, with Dots, Selected.
+    const std::pair<const char*, std::string_view> rows[] = {{"SaveAresBtn", "+ds"},
+                                                             {"MnuEdit_Undo", "ds"},
+                                                             {"MnuIdle_Undo", "ds"},
+                                                             {"CutAresBtn", "s"}};
     const auto expect = [&](char stage) {
-        for (const auto& row : rows)
-            EXPECT_EQ(Command(row.Door)->isEnabled(), row.Open.find(stage) != row.Open.npos)
-                << row.Door << " at " << stage;
+        for (const auto& [door, open] : rows)
+            EXPECT_EQ(Command(door)->isEnabled(), open.find(stage) != open.npos) << door << stage;
         EXPECT_EQ(Command("GridAresBtn")->isChecked(), stage != 'n');
     };
     expect('n');
@@ -132,42 +139,27 @@ TEST_F(MainWindowTest, WindowMenuAndClosingTurnToTheRightDocument) {
 // --- closing ------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, ClosingAsksForAModifiedDocument) {
-    const struct {
-        Answer Given;
-        const char* File;  // chosen in the file dialog; empty: cancelled
-        bool Closed;
-    } rows[] = {{Answer::Cancel, "sine.txt", false},
-                {Answer::Yes, "", false},
-                {Answer::Yes, "no/sine.txt", false},  // cannot be written
-                {Answer::No, "sine.txt", true},
-                {Answer::Yes, "sine.txt", true}};
+    // The file chosen in the file dialog, none where that is cancelled; whether the document
+    // closes.
+    const std::tuple<Answer, const char*, bool> rows[] = {
+        {Answer::Cancel, "sine.txt", false},
+        {Answer::Yes, "", false},
+        {Answer::Yes, "no/sine.txt", false},  // cannot be written
+        {Answer::No, "sine.txt", true},
+        {Answer::Yes, "sine.txt", true}};
     const QTemporaryDir folder;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        const QString path = *row.File ? folder.filePath(row.File) : QString();
+    for (const auto& [given, file, closed] : rows) {
+        SCOPED_TRACE(file);
+        const QString path = *file ? folder.filePath(file) : QString();
         TheHost().ChooseFile = [&](const FileChoice&) { return path.toStdString(); };
         if (AnalogDocCount == 0) NewSine();
-        Script({row.Given});
+        Script({given});
         Press(0, "ExtBtn");
         EXPECT_EQ(asked.at(0), "Save changes to Waveform0 ?");
-        EXPECT_EQ(AnalogDocCount, row.Closed ? 0 : 1);
-        EXPECT_EQ(QFile::exists(path), row.Given == Answer::Yes && row.Closed);
-        EXPECT_TRUE(row.Closed || (AnalogDocs[0].Modified && AnalogDocs[0].Dots == 100));
+        EXPECT_EQ(AnalogDocCount, closed ? 0 : 1);
+        EXPECT_EQ(QFile::exists(path), given == Answer::Yes && closed);
+        EXPECT_TRUE(closed || (AnalogDocs[0].Modified && AnalogDocs[0].Dots == 100));
     }
-}
-
-TEST_F(MainWindowTest, CancelAtTheEndKeepsWhatIsNotYetClosed) {
-    for (int i = 0; i < 3; ++i) NewSine();
-    Script({Answer::No, Answer::Cancel});
-    Find("ExitAbtn")->click();
-    EXPECT_TRUE(window_->isVisible());
-    EXPECT_EQ(asked.size(), 2U);
-    EXPECT_FALSE(AnalogInUse[0]);
-    for (const std::size_t slot : {1U, 2U}) EXPECT_EQ(AnalogDocs[slot].Dots, 100);
-    Script({Answer::No, Answer::No});
-    Command("MnuFile_Exit")->trigger();
-    EXPECT_FALSE(window_->isVisible());
-    EXPECT_EQ(AnalogDocCount, 0);
 }
 
 TEST_F(MainWindowTest, ReusedSlotShowsNothingOfTheOldDocument) {
@@ -213,7 +205,7 @@ TEST_F(MainWindowTest, ResizeScalesSurfacesAndLimits) {
     }
 }
 
-TEST_F(MainWindowTest, MaximisesUpToTheLargestScreen) {
+TEST_F(MainWindowTest, MaximisesUpToTheLargestScreenAndLeavesItByHand) {
     ASSERT_EQ(QGuiApplication::screens().size(), 3);
     for (const QScreen* screen : QGuiApplication::screens()) {
         const QRect usual(screen->geometry().topLeft() + QPoint(30, 20), QSize(1000, 700));
@@ -223,42 +215,47 @@ TEST_F(MainWindowTest, MaximisesUpToTheLargestScreen) {
         if (screen->name() == "largest") {
             EXPECT_EQ(window_->geometry(), screen->geometry());
             QTest::mouseDClick(Find<QLabel>("dragflaglbl"), Qt::LeftButton);
-            EXPECT_TRUE(asked.empty());
+            EXPECT_TRUE(asked.empty() && window_->geometry() == usual);
+            Find("MaxAbtn")->click();
+            Drag(Find<QLabel>("dragflaglbl"), {0, 40});
+            EXPECT_EQ(window_->size(), usual.size());
+            for (const int width : {1180, 1280}) {
+                Find("MaxAbtn")->click();
+                EXPECT_EQ(window_->width(), 1280);
+                Drag(RightGrip(window_.get()), {width - 1280, 0});
+                EXPECT_EQ(window_->width(), width);
+            }
         } else {
             EXPECT_EQ(asked, std::vector<std::string>{"Software support for the largest screen "
                                                       "resolution is 1280 × 1024"});
+            EXPECT_EQ(window_->geometry(), usual);
         }
-        EXPECT_EQ(window_->geometry(), usual);
     }
 }
 
 // --- messages -----------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, MessageBoxesGiveTheAnswer) {
-    const struct {
-        std::int32_t English;
-        Buttons Kind;
-        QString Text;  // of the button pressed; empty: the box is closed
-        Answer Given;
-    } rows[] = {{1, Buttons::Ok, "OK", Answer::Ok},
-                {0, Buttons::Ok, "", Answer::Ok},
-                {1, Buttons::YesNo, "&Yes", Answer::Yes},
-                {0, Buttons::YesNo, "否(&N)", Answer::No},
-                {1, Buttons::YesNo, "", Answer::No},
-                {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
-                {0, Buttons::YesNoCancel, "", Answer::Cancel}};
-    for (const auto& row : rows) {
-        UseEnglish = row.English;
+    // Whether in English, and the text of the button pressed; without one the box is closed.
+    const std::tuple<std::int32_t, Buttons, QString, Answer> rows[] = {
+        {1, Buttons::Ok, "OK", Answer::Ok},
+        {0, Buttons::Ok, "", Answer::Ok},
+        {1, Buttons::YesNo, "&Yes", Answer::Yes},
+        {0, Buttons::YesNo, "否(&N)", Answer::No},
+        {1, Buttons::YesNo, "", Answer::No},
+        {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
+        {0, Buttons::YesNoCancel, "", Answer::Cancel}};
+    for (const auto& [english, kind, text, answered] : rows) {
+        UseEnglish = english;
         Answer given{};
         const auto press = [&](QWidget* box) {
             EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "a < b & c");
             for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                if (button->text() == row.Text) return button->click();
-            EXPECT_EQ(row.Text, "") << "no such button";
+                if (button->text() == text) return button->click();
+            EXPECT_EQ(text, "") << "no such button";
         };
-        WithDialog([&] { given = TheHost().Ask("a < b & c", row.Kind, MessageIcon::Question); },
-                   press);
-        EXPECT_EQ(given, row.Given) << &row - rows;
+        WithDialog([&] { given = TheHost().Ask("a < b & c", kind, MessageIcon::Question); }, press);
+        EXPECT_EQ(given, answered) << text.toStdString() << english;
     }
 }
 

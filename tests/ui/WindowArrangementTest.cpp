@@ -1,4 +1,3 @@
-#include "ui/DocumentWindow.h"
 #include "ui/MainWindowFixture.h"
 #include "ui/TrayIcon.h"
 #include "ui/WindowLayout.h"
@@ -8,11 +7,7 @@ namespace {
 using Kind = WindowArrangement;
 
 TEST(WindowPlaces, HaveTheseNumbers) {
-    const struct {
-        Kind Arrangement;
-        QSize Area;
-        QList<QRect> Places;
-    } rows[] = {
+    const std::tuple<Kind, QSize, QList<QRect>> rows[] = {
         // clang-format off
         {Kind::Horizontal, {1000, 601}, {{0, 0, 1000, 200}, {0, 200, 1000, 200}, {0, 400, 1000, 201}}},
         {Kind::Vertical, {1000, 600}, {{0, 0, 333, 600}, {333, 0, 333, 600}, {666, 0, 334, 600}}},
@@ -25,10 +20,9 @@ TEST(WindowPlaces, HaveTheseNumbers) {
         {Kind::Icons, {460, 400}, {{4, 362, 220, 34}, {228, 362, 220, 34}, {4, 324, 220, 34}}},
         // clang-format on
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(PlaceWindows(row.Arrangement, row.Area, static_cast<int>(row.Places.size())),
-                  row.Places)
-            << &row - rows;
+    for (const auto& [kind, area, places] : rows)
+        EXPECT_EQ(PlaceWindows(kind, area, static_cast<int>(places.size())), places)
+            << area.width() << ' ' << area.height();
     for (const Kind kind : {Kind::Horizontal, Kind::Vertical}) {
         for (int count = 1; count <= 10; ++count) {
             QRegion covered;
@@ -51,20 +45,6 @@ protected:
         return FindIn<QLabel>(*window_->AnalogWindow(slot), "lblTitle")->parentWidget();
     }
     QRect Area() const { return Find<QMdiArea>("DocumentArea")->viewport()->rect(); }
-    static QWidget* RightGrip(QWidget* window) {
-        return window->childAt(window->width() - 2, window->height() / 2);
-    }
-    // By an amount, in two steps as a hand does it.
-    static void Drag(QWidget* handle, QPoint by) {
-        const QPoint from = handle->mapToGlobal(handle->rect().center());
-        const auto send = [&](QEvent::Type type, QPoint at, Qt::MouseButtons held) {
-            QMouseEvent event(type, handle->mapFromGlobal(at), at, Qt::LeftButton, held, {});
-            QApplication::sendEvent(handle, &event);
-        };
-        send(QEvent::MouseButtonPress, from, Qt::LeftButton);
-        for (const int part : {2, 1}) send(QEvent::MouseMove, from + by / part, Qt::LeftButton);
-        send(QEvent::MouseButtonRelease, from + by, Qt::NoButton);
-    }
 };
 
 TEST_F(WindowArrangementTest, StatesFollowTheButtons) {
@@ -133,19 +113,6 @@ TEST_F(WindowArrangementTest, HandsMoveAndSizeAWindow) {
     Drag(Caption(0), {5000, 5000});
     window_->resize(1000, 640);
     EXPECT_EQ(Place(0).topLeft(), QPoint(Area().width() - 80, Area().height() - 33));
-}
-
-TEST_F(WindowArrangementTest, MainWindowLeavesTheMaximisedStateByHand) {
-    window_->setGeometry(100, 50, 1000, 700);
-    Find("MaxAbtn")->click();
-    Drag(Find<QLabel>("dragflaglbl"), {0, 40});
-    EXPECT_EQ(window_->size(), QSize(1000, 700));
-    for (const int width : {1180, 1280}) {
-        Find("MaxAbtn")->click();
-        EXPECT_EQ(window_->width(), 1280);
-        Drag(RightGrip(window_.get()), {width - 1280, 0});
-        EXPECT_EQ(window_->width(), width);
-    }
 }
 
 TEST_F(WindowArrangementTest, TrayIconStandsWhileTheWindowIsMinimised) {
