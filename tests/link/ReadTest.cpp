@@ -17,7 +17,11 @@ public:
         const auto all = std::span(dialog.Stored.AllWaveName).first(dialog.Stored.AllWaveCount);
         return Joined(all) + "/" + Joined(LocationEntries(dialog)) + "/" + managed + "/" + free;
     }
-    static std::string Zeros(std::size_t bytes) { return std::string(bytes, '\0'); }
+    static std::string Zeros(std::size_t bytes) {
+        std::string zeros;
+        zeros.resize(bytes);
+        return zeros;
+    }
 };
 
 // With protocols the list is of digital waveforms: protocols first, and the locations hold analog

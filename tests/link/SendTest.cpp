@@ -22,7 +22,8 @@ public:
                          const std::vector<int>& words, std::ptrdiff_t most) {
         Texts packets;
         for (auto word = words.begin(); const std::string& field : fields) {
-            std::string& bytes = packets.emplace_back(head + field + tail);
+            std::string& bytes = packets.emplace_back(head);
+            bytes.append(field).append(tail);
             for (const auto end = word + std::min(most, words.end() - word); word != end; ++word) {
                 bytes += static_cast<char>(*word % 256);
                 bytes += static_cast<char>(*word / 256);
