@@ -237,25 +237,31 @@ TEST_F(MainWindowTest, MaximisesUpToTheLargestScreenAndLeavesItByHand) {
 
 TEST_F(MainWindowTest, MessageBoxesGiveTheAnswer) {
     // Whether in English, and the text of the button pressed; without one the box is closed.
-    const std::tuple<std::int32_t, Buttons, QString, Answer> rows[] = {
-        {1, Buttons::Ok, "OK", Answer::Ok},
-        {0, Buttons::Ok, "", Answer::Ok},
-        {1, Buttons::YesNo, "&Yes", Answer::Yes},
-        {0, Buttons::YesNo, "否(&N)", Answer::No},
-        {1, Buttons::YesNo, "", Answer::No},
-        {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
-        {0, Buttons::YesNoCancel, "", Answer::Cancel}};
-    for (const auto& [english, kind, text, answered] : rows) {
-        UseEnglish = english;
+    struct Row {
+        std::int32_t English;
+        Buttons Kind;
+        QString Text;
+        Answer Answered;
+    };
+    const Row rows[] = {{1, Buttons::Ok, "OK", Answer::Ok},
+                        {0, Buttons::Ok, "", Answer::Ok},
+                        {1, Buttons::YesNo, "&Yes", Answer::Yes},
+                        {0, Buttons::YesNo, "否(&N)", Answer::No},
+                        {1, Buttons::YesNo, "", Answer::No},
+                        {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
+                        {0, Buttons::YesNoCancel, "", Answer::Cancel}};
+    for (const Row& row : rows) {
+        UseEnglish = row.English;
         Answer given{};
         const auto press = [&](QWidget* box) {
             EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "a < b & c");
             for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                if (button->text() == text) return button->click();
-            EXPECT_EQ(text, "") << "no such button";
+                if (button->text() == row.Text) return button->click();
+            EXPECT_EQ(row.Text, "") << "no such button";
         };
-        WithDialog([&] { given = TheHost().Ask("a < b & c", kind, MessageIcon::Question); }, press);
-        EXPECT_EQ(given, answered) << text.toStdString() << english;
+        WithDialog([&] { given = TheHost().Ask("a < b & c", row.Kind, MessageIcon::Question); },
+                   press);
+        EXPECT_EQ(given, row.Answered) << row.Text.toStdString() << row.English;
     }
 }
 
