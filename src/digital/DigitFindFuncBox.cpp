@@ -81,7 +81,7 @@ void FindPoint(DigitDocument& document, DigitTarget target) {
     const bool seen = dot >= document.FirstDot && dot < document.FirstDot + document.VisibleDots;
     if (!seen && dot < document.Dots) ShowDotsFrom(ActiveDigitIndex, dot);
     TheHost().ShowEntries(TagOfDigit(ActiveDigitIndex));
-    Paint(ActiveDigitIndex, false, false);
+    Paint(ActiveDigitIndex, false, true);
 }
 
 // Turns one use on, with a name in its box, or off.
@@ -101,7 +101,7 @@ void Toggle(Flag DigitDocument::*use) {
     }
     ShowDigitStatus();
     TheHost().RefreshCommands();
-    Paint(ActiveDigitIndex, false, false);
+    Paint(ActiveDigitIndex, false, true);
 }
 
 }  // namespace

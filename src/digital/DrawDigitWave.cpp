@@ -108,20 +108,6 @@ void DrawSelection(DigitDocument& document, const DigitPage& page) {
     surface.SetMode(DrawMode::Copy);
 }
 
-void DrawPicture(DigitDocument& document) {
-    KeepSelectionPixels(document);
-    if (document.StaticSurface.IsNull()) return;
-    const DigitPage page = PageOf(document);
-    DrawGround(document, page);
-    DrawRuler(document, page);
-    DrawRowLines(document, page);
-    DrawSelection(document, page);
-    DrawTraces(document, page);
-    DrawHint(document, page);
-}
-
-// --- the upper layer ---------------------------------------------------------------------------
-
 void DrawOutline(Surface& surface, const ColumnSpan& across, const RowBox& down, Colour colour) {
     const std::int32_t pen = PenOf(surface.Scale()) - 1;
     const auto [left, right] = across;
@@ -131,6 +117,35 @@ void DrawOutline(Surface& surface, const ColumnSpan& across, const RowBox& down,
     surface.FillBox(left, top, std::min(left + pen, right), bottom, colour);
     surface.FillBox(std::max(right - pen, left), top, right, bottom, colour);
 }
+
+// The dot last edited or found.
+void DrawMark(DigitDocument& document, const DigitPage& page) {
+    if (document.EditDot < 0) return;
+    const DigitTarget target = TargetOfName(document, document.EditName);
+    const std::int16_t row = target.Node < 0 ? std::int16_t{-1} : RowOfTarget(document, target);
+    if (row < document.FirstRow) return;
+    const ColumnSpan across = ColumnsOfSpan(document, page, document.EditDot, document.EditDot);
+    const std::int32_t top = BoxOfRow(document, page.Top, page.Scale, row).Top;
+    const RowBox down = {top,
+                         std::min(top + Scaled(document.EditMark, page.Scale), page.Height) - 1};
+    if (across.Left > across.Right || down.Top > down.Bottom) return;
+    DrawOutline(document.StaticSurface, across, down, ColoursOf(document).Caliper);
+}
+
+void DrawPicture(DigitDocument& document) {
+    KeepSelectionPixels(document);
+    if (document.StaticSurface.IsNull()) return;
+    const DigitPage page = PageOf(document);
+    DrawGround(document, page);
+    DrawRuler(document, page);
+    DrawRowLines(document, page);
+    DrawSelection(document, page);
+    DrawTraces(document, page);
+    DrawMark(document, page);
+    DrawHint(document, page);
+}
+
+// --- the upper layer ---------------------------------------------------------------------------
 
 void DrawRubberBand(DigitDocument& document, const DigitPage& page) {
     if (!document.SelectDrag) return;
@@ -148,20 +163,6 @@ void DrawRubberBand(DigitDocument& document, const DigitPage& page) {
     surface.FillBox(across.Left, down.Top, across.Right, down.Bottom, colours.RubberFill);
     surface.SetMode(DrawMode::Copy);
     DrawOutline(surface, across, down, colours.RubberBand);
-}
-
-// The dot last edited or found.
-void DrawMark(DigitDocument& document, const DigitPage& page) {
-    if (document.EditDot < 0) return;
-    const DigitTarget target = TargetOfName(document, document.EditName);
-    const std::int16_t row = target.Node < 0 ? std::int16_t{-1} : RowOfTarget(document, target);
-    if (row < document.FirstRow) return;
-    const ColumnSpan across = ColumnsOfSpan(document, page, document.EditDot, document.EditDot);
-    const std::int32_t top = BoxOfRow(document, page.Top, page.Scale, row).Top;
-    const RowBox down = {top,
-                         std::min(top + Scaled(document.EditMark, page.Scale), page.Height) - 1};
-    if (across.Left > across.Right || down.Top > down.Bottom) return;
-    DrawOutline(document.ShownSurface, across, down, ColoursOf(document).Caliper);
 }
 
 // A tag whose lower half tapers to the line.
@@ -197,7 +198,6 @@ void DrawMoving(DigitDocument& document) {
     const DigitPage page = PageOf(document);
     document.ShownSurface.CopyFrom(document.StaticSurface);
     DrawRubberBand(document, page);
-    DrawMark(document, page);
     DrawCaliper(document, page);
 }
 
