@@ -57,6 +57,16 @@ void CopyRows(const DigitDocument& document) {
     RowClipValid = true;
 }
 
+// False where nothing is selected.
+bool CopySelection(DigitDocument& document) {
+    if (SelectedSpans(document).empty()) return false;
+    if (document.WaveSelection)
+        CopySpan(document);
+    else
+        CopyRows(document);
+    return true;
+}
+
 // Rows with the same span are cleared in one pass.
 void ClearSpans(DigitDocument& document, const std::vector<SelectedSpan>& spans) {
     for (auto first = spans.begin(); first != spans.end();) {
@@ -130,18 +140,13 @@ Channels AppendRows(DigitDocument& document, const std::vector<RowCopy>& rows) {
 
 void CopyDigit() {
     DigitDocument& document = ActiveDigit();
-    if (SelectedSpans(document).empty()) return;
-    if (document.WaveSelection)
-        CopySpan(document);
-    else
-        CopyRows(document);
+    if (!CopySelection(document)) return;
     TheHost().RefreshCommands();
     Paint(ActiveDigitIndex, false, true);  // lengths may have grown
 }
 
 void CutDigit() {
-    CopyDigit();
-    DeleteDigit();
+    if (CopySelection(ActiveDigit())) DeleteDigit();
 }
 
 void DeleteDigit() {
