@@ -266,6 +266,26 @@ void StepListRow(std::int16_t index, std::int32_t step, ListAdd add) {
     SelectRow(index, row, add);
 }
 
+void StepSelectedNodes(std::int16_t index, std::int32_t step) {
+    const DigitDocument& document = DigitAt(index);
+    std::int32_t first = -1, last = -1;
+    for (std::int32_t node = 0; node < document.NodeCount; ++node) {
+        if (!document.Nodes[static_cast<std::size_t>(node)].WaveSelected) continue;
+        if (first < 0) first = node;
+        last = node;
+    }
+    if (first < 0) return;
+    const std::int32_t before =
+        step < 0 ? std::max(first - 1, 0) : std::min(last + 2, std::int32_t{document.NodeCount});
+    MoveSelectedNodes(index, Narrow<std::int16_t>(before));
+    for (const DigitNode& node : document.Nodes) {
+        if (!node.WaveSelected) continue;
+        if (node.Row < document.FirstRow) ShowRowsFrom(index, node.Row);
+        if (node.Row > document.LastRow) ShowRowsFrom(index, node.Row - document.PageRows + 1);
+        if (step < 0) break;
+    }
+}
+
 void ExpandClickedRow(std::int16_t index, bool expanded) {
     DigitDocument& document = DigitAt(index);
     const DigitTarget target = TargetAtRow(document, document.ClickRow);

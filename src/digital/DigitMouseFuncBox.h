@@ -32,6 +32,8 @@ void DispParaListView_DblClick(std::int16_t index, float x, float y);
 // Keys in list and picture.
 /// Selects the row above or below the one of the last press.
 void StepListRow(std::int16_t index, std::int32_t step, ListAdd add);
+/// Moves the selected nodes past one node, up (-1) or down (1), and keeps them on the page.
+void StepSelectedNodes(std::int16_t index, std::int32_t step);
 /// Opens or closes the bus of the row of the last press.
 void ExpandClickedRow(std::int16_t index, bool expanded);
 /// Opens the Evaluate dialog on the row of the last press.

@@ -181,14 +181,22 @@ void SortNodesDescending() {
     Sort(true);
 }
 
+// Nodes that stand together stay where they are before any of themselves and before the next one.
 bool MovesNodes(const DigitDocument& document, std::int16_t before) {
-    return OrderAfterMove(document, before) != OrderAsItIs(document);
+    std::int16_t first = -1, last = -1, count = 0;
+    for (std::int16_t index = 0; index < document.NodeCount; ++index) {
+        if (!document.Nodes[static_cast<std::size_t>(index)].WaveSelected) continue;
+        if (count++ == 0) first = index;
+        last = index;
+    }
+    const bool together = last - first + 1 == count;
+    return count > 0 && (!together || before < first || before > last + 1);
 }
 
 void MoveSelectedNodes(std::int16_t index, std::int16_t before) {
     DigitDocument& document = DigitAt(index);
+    if (!MovesNodes(document, before)) return;
     const Order order = OrderAfterMove(document, before);
-    if (order == OrderAsItIs(document)) return;
     DigitTarget clicked = TargetAtRow(document, document.ClickRow);
     if (clicked.Node >= 0)
         clicked.Node = Narrow<std::int16_t>(

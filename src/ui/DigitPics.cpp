@@ -2,7 +2,6 @@
 
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitMouseFuncBox.h"
-#include "digital/DigitNodeFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/PlotPalette.h"
@@ -95,27 +94,12 @@ bool DigitPic::StepCaliper(const QKeyEvent& event) const {
     return false;
 }
 
-// Alt with the arrows moves the selected nodes past a node, and the page with them.
+// Alt with the arrows moves the selected nodes.
 bool DigitPic::MoveNodes(const QKeyEvent& event) const {
     const bool up = event.key() == Qt::Key_Up;
     if (!(event.modifiers() & Qt::AltModifier) || (!up && event.key() != Qt::Key_Down))
         return false;
-    const DigitDocument& document = DigitAt(slot_);
-    int first = -1, last = -1;
-    for (int i = 0; i < document.NodeCount; ++i) {
-        if (!document.Nodes[static_cast<std::size_t>(i)].WaveSelected) continue;
-        if (first < 0) first = i;
-        last = i;
-    }
-    if (first < 0) return true;
-    const int before = up ? std::max(first - 1, 0) : std::min<int>(last + 2, document.NodeCount);
-    MoveSelectedNodes(slot_, static_cast<std::int16_t>(before));
-    for (const DigitNode& node : document.Nodes) {
-        if (!node.WaveSelected) continue;
-        if (node.Row < document.FirstRow) ShowRowsFrom(slot_, node.Row);
-        if (node.Row > document.LastRow) ShowRowsFrom(slot_, node.Row - document.PageRows + 1);
-        if (up) break;
-    }
+    StepSelectedNodes(slot_, up ? -1 : 1);
     return true;
 }
 
@@ -205,11 +189,12 @@ void DispParaListView::ShowDrag() {
         tag_->hide();
         scroll_->stop();
         unsetCursor();
-        update();
         return;
     }
-    tag_->setText(DragText());
-    tag_->adjustSize();
+    if (tag_->isHidden()) {
+        tag_->setText(DragText());
+        tag_->adjustSize();
+    }
     const QRect room = rect().adjusted(TagMargin, TagMargin, -TagMargin, -TagMargin);
     const QPoint wished = pointer_ + TagOffset;
     tag_->move(std::clamp(wished.x(), room.left(),
@@ -221,7 +206,6 @@ void DispParaListView::ShowDrag() {
     const bool beside = pointer_.y() < 0 || pointer_.y() >= height();
     if (beside && !scroll_->isActive()) scroll_->start();
     if (!beside) scroll_->stop();
-    update();
 }
 
 void DispParaListView::ScrollDrag() {

@@ -26,10 +26,6 @@ constexpr int NarrowPanel = 760;  // below it the boxes need the room of what ex
 constexpr int DotDigits = 7, ValueDigits = 16;  // of the longest texts
 constexpr int BoxFrame = 16;
 
-int WidthOfDigits(const QWidget* widget, int digits) {
-    return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
-}
-
 // The letter that follows values of these digits, as in the channel list.
 QString LetterOf(KeyKind digits) {
     switch (digits) {

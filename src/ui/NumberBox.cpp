@@ -25,6 +25,10 @@ private:
 
 }  // namespace
 
+int WidthOfDigits(const QWidget* widget, int digits) {
+    return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
+}
+
 NumberBox::NumberBox(KeyKind kind, QWidget* parent) : QLineEdit(parent), kind_(kind) {
     setValidator(new KeyValidator(this));
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -6,6 +6,9 @@
 #include <QLineEdit>
 #include <string>
 
+/// Pixels that so many digits take in the widget's font.
+int WidthOfDigits(const QWidget* widget, int digits);
+
 class NumberBox : public QLineEdit {
     Q_OBJECT
 public:

@@ -55,10 +55,6 @@ constexpr int NarrowStrip = 1100;  // below it the boxes need some of the room a
 constexpr int WaitWidth = 320;
 constexpr qint64 Moment = 200;  // milliseconds of work before the bar shows
 
-int WidthOfDigits(const QWidget* widget, int digits) {
-    return widget->fontMetrics().horizontalAdvance(QString(digits, QLatin1Char('0')));
-}
-
 QString StripText(const QString& control) {
     return ToQt(TextOf("Mainfrm", control.toStdString()));
 }
