@@ -100,8 +100,13 @@ void ExchangeState() {
 
 }  // namespace
 
-void TakeSnapshot(AnalogWaveRecord& wave) {
+void MarkModified(AnalogWaveRecord& wave) {
     wave.Modified = true;
+    wave.EditStamp = ++EditClock;
+}
+
+void TakeSnapshot(AnalogWaveRecord& wave) {
+    MarkModified(wave);
     wave.UndoDots = wave.Dots;
     wave.UndoSegmentCount = wave.SegmentCount;
     wave.UndoLastDot = wave.LastDot;
@@ -151,7 +156,7 @@ void BeginEdit(AnalogWaveRecord& wave) {
 
 void EndEdit(std::int16_t index, Flag fullRedraw) {
     AnalogWaveRecord& wave = AnalogAt(index);
-    wave.Modified = true;
+    MarkModified(wave);
     FitSelection(wave);
     FitTrack(wave);
     if (wave.TrackShown) ShowCursorValues(index);

@@ -3,6 +3,8 @@
 // Undo is one snapshot, exchanged with the present state: undo and resume are the same exchange.
 #include "frame/records/AnalogWaveRecord.h"
 
+/// Sets Modified and the edit stamp.
+void MarkModified(AnalogWaveRecord& wave);
 /// Copies dots, segments and end mark into the snapshot, replacing the last one. Sets Modified.
 void TakeSnapshot(AnalogWaveRecord& wave);
 /// Exchanges the present state with the snapshot; calling it twice changes nothing.

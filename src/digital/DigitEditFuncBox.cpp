@@ -63,8 +63,13 @@ void ExpandAll(Flag expanded) {
 
 }  // namespace
 
-void TakeSnapshot(DigitDocument& document) {
+void MarkChanged(DigitDocument& document) {
     document.Changed = true;
+    document.EditStamp = ++EditClock;
+}
+
+void TakeSnapshot(DigitDocument& document) {
+    MarkChanged(document);
     document.UndoReserved1 = document.Reserved1;
     document.UndoListScrollShown = document.ListScrollShown;
     document.UndoFirstRow = document.FirstRow;
@@ -85,7 +90,7 @@ void BeginEdit(DigitDocument& document) {
 
 void EndDigitEdit(std::int16_t index) {
     DigitDocument& document = DigitAt(index);
-    document.Changed = true;
+    MarkChanged(document);
     RenumberRows(document);
     RefreshValues(document);
     TheHost().ShowTitle(TagOfDigit(index));

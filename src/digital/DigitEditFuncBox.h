@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+/// Sets Changed and the edit stamp.
+void MarkChanged(DigitDocument& document);
 /// Copies nodes and samples into the snapshot, replacing the last one. Sets Changed.
 void TakeSnapshot(DigitDocument& document);
 

@@ -1,6 +1,7 @@
 #include "digital/DigitPropertyFuncBox.h"
 
 #include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitEditFuncBox.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/LoadLanguageCode.h"
@@ -158,7 +159,7 @@ DialogEnd ConfirmDigitProperty(const DigitPropertyDialog& dialog) {
     SaveProperty(dialog);
     if (!EditDigitProperty) return DialogEnd::Done;
     ResetDigitDocument(document);
-    document.Changed = true;
+    MarkChanged(document);
     TheHost().RefreshCommands();
     TheHost().ShowTitle(TagOfDigit(index));
     Paint(index, true, true);

@@ -26,7 +26,7 @@ FileChoice MakeChoice(std::string_view title) {
     FileChoice choice;
     choice.Title = title;
     choice.Filter = Filter;
-    choice.Folder = ProgramTempFolder();
+    choice.Folder = TempFolder();
     return choice;
 }
 

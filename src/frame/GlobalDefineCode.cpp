@@ -22,6 +22,8 @@ std::int16_t DigitDocCount = 0;
 std::int16_t ActiveDigitIndex = 0;
 Flag ActiveIsDigital;
 
+std::uint64_t EditClock = 0;
+
 Flag PropertyConfirmed;
 Flag PropertyEditMode;
 Flag DocReady;

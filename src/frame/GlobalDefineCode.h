@@ -35,6 +35,10 @@ extern std::int16_t DigitDocCount;
 extern std::int16_t ActiveDigitIndex;
 extern Flag ActiveIsDigital;
 
+/// Counts the changes of all documents: a record's EditStamp takes the next number, so that no two
+/// states have the same one.
+extern std::uint64_t EditClock;
+
 extern Flag PropertyConfirmed;  // set by the OK of the property dialog
 extern Flag PropertyEditMode;   // the property dialog edits an open document
 extern Flag DocReady;           // false while a window is built: resizes do nothing

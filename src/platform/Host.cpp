@@ -8,6 +8,10 @@ Host& TheHost() {
         .ChooseColour = [](std::string_view, std::uint32_t) -> std::optional<std::uint32_t> {
             return std::nullopt;
         },
+        .RunReport = [](const Report&, bool) { return true; },
+        .PrinterResolution = [] { return 600; },
+        .SetUpPrinter = [] {},
+        .ShowHelp = [](std::string_view) {},
         .RunDialog = [](std::string_view, std::int16_t) { return false; },
         .OpenWindow = [](std::int16_t) {},
         .ActiveWindowTag = [] { return std::int16_t{-1}; },

@@ -24,6 +24,14 @@ struct FileChoice {
 };
 
 /// Answer of ChooseColour: the colour that the program comes with.
+// A page with one picture. Inches, places from the paper's top left corner.
+struct Report {
+    std::string Title;  // of the document; names the print job
+    std::string Image;  // path of a bitmap
+    double PageWidth = 8.5, PageHeight = 11.0;
+    double Left = 1.1, Top = 2.0, Width = 6.5, Height = 5.2;  // of the picture
+};
+
 inline constexpr std::uint32_t UsualColour = 0xFF000000;
 
 struct Host {
@@ -37,6 +45,15 @@ struct Host {
     /// cancelled.
     std::function<std::optional<std::uint32_t>(std::string_view title, std::uint32_t colour)>
         ChooseColour;
+    /// Prints a page, or shows it first (`preview`), on the printer that was set up; where there is
+    /// none yet, the user is asked. False when the page could not be printed; a cancel is no fault.
+    std::function<bool(const Report&, bool preview)> RunReport;
+    /// Dots per inch of the printer in use, 600 at most.
+    std::function<std::int32_t()> PrinterResolution;
+    /// Lets the user choose printer, paper or a PDF file.
+    std::function<void()> SetUpPrinter;
+    /// Opens the help at the page of a window; "" is the window in use.
+    std::function<void(std::string_view window)> ShowHelp;
     /// Runs the named dialog modally; true when it was confirmed. The argument means what the
     /// dialog says, such as the wave type that is preselected.
     std::function<bool(std::string_view window, std::int16_t argument)> RunDialog;

@@ -24,6 +24,8 @@
 #include "digital/InsertNodeFuncBox.h"
 #include "files/DigitFileFuncCode.h"
 #include "files/FileOptFuncCode.h"
+#include "files/ImportScopeFileFuncBox.h"
+#include "files/PrintFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
@@ -276,7 +278,8 @@ constexpr std::string_view Equation = "EquationFrm", Resize = "ResizeWaveFrm",
                            WaveMath = "WaveMathFrm", WindowMath = "WindowMathFrm",
                            LowPass = "LowPassSetFrm", Smooth = "SmoothSetFrm",
                            InsertNode = "InsertNodeFrm", InstrumentSel = "InstrumentSelFrm",
-                           Communicate = "CommunicateSettingFrm", Transcript = "LinkTranscriptFrm";
+                           Communicate = "CommunicateSettingFrm", Transcript = "LinkTranscriptFrm",
+                           About = "AboutFrm";
 
 template <const std::string_view& Window>
 void OpenDialog(std::int16_t argument) {
@@ -295,6 +298,12 @@ void OnWholeWave(std::int16_t) {
 template <WindowArrangement Kind>
 void Arrange(std::int16_t) {
     TheHost().ArrangeWindows(Kind);
+}
+void SetUpPrinter(std::int16_t) {
+    TheHost().SetUpPrinter();
+}
+void ShowHelp(std::int16_t) {
+    TheHost().ShowHelp("");
 }
 void ShowEditor(std::int16_t) {
     TheHost().ShowEditor();
@@ -319,15 +328,17 @@ constexpr CommandRow Rows[] = {
      Run<OpenAnalog>, nullptr, nullptr, nullptr},
     {"OpenDigitAresBtn", {"MnuFile_Open_Digit"}, "OpenDigit", "Ctrl+Shift+O",
      Run<OpenDigit>, nullptr, nullptr, nullptr},
-    {"", {"MnuFile_ImportWave"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuFile_ImportWave"}, "", "", Run<ImportWave>, nullptr, nullptr, nullptr},
     {"SaveAresBtn", {"MnuFile_Save"}, "Save", "Ctrl+S",
      Save, SaveActiveDigit, HasActiveDocument, nullptr},
     {"", {"MnuFile_SaveAs"}, "", "Ctrl+Shift+S",
      SaveAs, SaveActiveDigitAs, HasActiveDocument, nullptr},
     {"", {"MnuFile_SaveAll"}, "", "", SaveAll, nullptr, HasDocument, nullptr},
-    {"", {"MnuFile_PrinterSetup"}, "", "", nullptr, nullptr, nullptr, nullptr},
-    {"PrintAresBtn", {"MnuFile_PrintView"}, "Print", "", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuFile_Print"}, "", "Ctrl+P", nullptr, nullptr, nullptr, nullptr},
+    {"", {"MnuFile_PrinterSetup"}, "", "", SetUpPrinter, nullptr, nullptr, nullptr},
+    {"PrintAresBtn", {"MnuFile_PrintView"}, "Print", "Ctrl+Shift+P",
+     Run<PreviewAnalog>, Run<PreviewDigit>, HasActiveDocument, nullptr},
+    {"", {"MnuFile_Print"}, "", "Ctrl+P",
+     Run<PrintAnalog>, Run<PrintDigit>, HasActiveDocument, nullptr},
     {"", {"MnuFile_Exit", "MnuMin_Exit"}, "", "Ctrl+Q", Exit, nullptr, nullptr, nullptr},
     // Edit
     {"UndoAresBtn", {"MnuEdit_Undo", "MnuIdle_Undo", "MnuDigitEdit_Undo",
@@ -514,8 +525,8 @@ constexpr CommandRow Rows[] = {
      nullptr},
     {"", {"Mnuwin_Arrayicons"}, "", "", Arrange<WindowArrangement::Icons>, nullptr, HasDocument,
      nullptr},
-    {"HelpAresBtn", {"MnuHelp_Help"}, "Help", "F1", nullptr, nullptr, nullptr, nullptr},
-    {"", {"MnuHelp_About", "MnuMin_About"}, "", "", nullptr, nullptr, nullptr, nullptr},
+    {"HelpAresBtn", {"MnuHelp_Help"}, "Help", "F1", ShowHelp, nullptr, nullptr, nullptr},
+    {"", {"MnuHelp_About", "MnuMin_About"}, "", "", OpenDialog<About>, nullptr, nullptr, nullptr},
     {"", {"MnuHelp_Lang_En"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksEnglish, 1},
     {"", {"MnuHelp_Lang_Ch"}, "", "", ChangeLanguage, nullptr, nullptr, SpeaksChinese, 0},
     {"", {"MnuMin_Show", "MnuMin_ShowEditor"}, "", "", ShowEditor, nullptr, nullptr, nullptr},

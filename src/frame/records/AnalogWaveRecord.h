@@ -153,6 +153,7 @@ struct AnalogWaveRecord {
     std::int32_t PlotWidth = 0, PlotHeight = 0;  // device pixels at the last layout
     Flag Saved;                                  // the document has a file
     Flag Modified;                               // changes since the last save
+    std::uint64_t EditStamp = 0;                 // EditClock at the last change
     std::string FileName;                        // full path
     std::string FolderName;                      // folder of the last file dialog
     Flag InUse;

@@ -111,11 +111,12 @@ struct DigitDocument {
     std::int32_t EditMark = RowMark;  // height of that mark
     std::string EditName;             // its row
     Flag UndoAvailable, ResumeAvailable;
-    std::string Title;           // "Digital Waveform 0" at first, then the file's name
-    Flag IsSaved;                // the document has a file
-    Flag Changed;                // since the last save
-    std::string FilePath;        // for Save
-    std::string OpenPath;        // where it was opened from
-    std::int32_t ListWidth = 0;  // of the last layout, logical pixels, as the two below
+    std::string Title;            // "Digital Waveform 0" at first, then the file's name
+    Flag IsSaved;                 // the document has a file
+    Flag Changed;                 // since the last save
+    std::uint64_t EditStamp = 0;  // EditClock at the last change
+    std::string FilePath;         // for Save
+    std::string OpenPath;         // where it was opened from
+    std::int32_t ListWidth = 0;   // of the last layout, logical pixels, as the two below
     std::int32_t PictureWidth = 0, PictureHeight = 0;
 };

@@ -1,0 +1,2 @@
+#include "files/ImportScopeFileFuncBox.h"
+void ImportWave() {}

@@ -1,0 +1,5 @@
+#include "files/PrintFuncBox.h"
+void PrintAnalog() {}
+void PreviewAnalog() {}
+void PrintDigit() {}
+void PreviewDigit() {}

@@ -1,0 +1,5 @@
+#include "files/RecoveryFuncBox.h"
+void BeginSession() {}
+void RestoreSession() {}
+void KeepSession() {}
+void EndSession() {}
