@@ -1,6 +1,7 @@
 #include "app/StartProgram.h"
 
 #include "analog/ScreenColours.h"
+#include "files/RecoveryFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/StatusText.h"
@@ -15,10 +16,13 @@
 #include "ui/MainHost.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QTimer>
 
 namespace {
 
-constexpr int SplashPause = 100;  // milliseconds
+constexpr int SplashPause = 100;     // milliseconds
+constexpr int RecoveryPause = 2000;  // between looks at what has changed, milliseconds
 
 void InstallLink() {
     TheVisa() = LoadVisa();
@@ -26,6 +30,15 @@ void InstallLink() {
     TheSerialPort().OnEvent = RS232OnEvent;
     LoadLinkSettings();
     ScanUsbResources();
+}
+
+// What a held button is doing is not finished, and must not be disturbed.
+void KeepSessionWhileRunning(Mainfrm* window) {
+    auto* timer = new QTimer(window);
+    QObject::connect(timer, &QTimer::timeout, window, [] {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) KeepSession();
+    });
+    timer->start(RecoveryPause);
 }
 
 }  // namespace
@@ -46,5 +59,7 @@ Mainfrm* StartProgram() {
     TheHost().Wait(SplashPause);
     splash.close();
     window->show();
+    BeginSession();
+    KeepSessionWhileRunning(window);
     return window;
 }

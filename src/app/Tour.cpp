@@ -5,6 +5,7 @@
 #include "app/TourSteps.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 #include "ui/ActionTable.h"
 #include "ui/Mainfrm.h"
@@ -34,12 +35,8 @@ void MakeWave(TourState& tour) {
     NewDocument(tour, "4096", "2", "property");
     Step(tour, "a new waveform of 4096 dots", AnalogDocCount == 1 && AnalogDocs[0].MaxDots == 4096);
     Picture(tour, tour.Window.get(), "new");
-    InsertWave(tour, {"WaveAresBtn0", "1200", "3", "1.7", nullptr}, "standard-wave");
-    Step(tour, "three periods of a sine", AnalogDocs[0].Dots == 1200);
-    InsertWave(tour, {"WaveAresBtn7", "900", "1", "1.9", "10"}, nullptr);
-    InsertWave(tour, {"WaveAresBtn1", "800", "3", "1", "50"}, nullptr);
-    InsertWave(tour, {"WaveAresBtn5", "600", "2", "1.6", "-5"}, "exponential");
-    Step(tour, "sinc, square and decay behind it",
+    InsertFourWaves(tour, true);
+    Step(tour, "sine, sinc, square and decay",
          AnalogDocs[0].Dots == 3500 && AnalogDocs[0].SegmentCount == 4);
     Picture(tour, tour.Window.get(), "waves");
 }
@@ -155,11 +152,13 @@ void OpenTen(TourState& tour) {
     Step(tour, "a closed slot is taken again", AnalogInUse[3] && AnalogDocs[3].MaxDots == 2048);
 }
 
-// No key of the dialogs may steer the tour, so it has a store of its own.
-void UseOwnSettings(const TourState& tour) {
+// No key of the dialogs may steer the tour, and nothing of it may be left with the user's
+// documents, so it has stores of its own.
+void UseOwnStores(const TourState& tour) {
     const QString store = tour.Folder.filePath("settings.ini");
     QFile::remove(store);
     UseSettingsStore(store.toStdString());
+    UseDataFolder(tour.Folder.filePath("data").toStdString());
 }
 
 void EndProgram(TourState& tour) {
@@ -186,7 +185,7 @@ int RunTour(const QString& folder) {
     TourState tour;
     QDir().mkpath(folder);
     tour.Folder.setPath(QDir(folder).absolutePath());
-    UseOwnSettings(tour);
+    UseOwnStores(tour);
     tour.Window.reset(StartProgram());
     tour.Window->resize(1280, 800);
     Settle(100);

@@ -5,8 +5,8 @@
 #include "link/ConnectFuncBox.h"
 #include "link/LinkWork.h"
 
-#include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -55,27 +55,6 @@ void PickEntry(QWidget* list, const char* entry) {
     PressKey(box, Qt::Key_Home);
     for (int i = 0; i < box->count() && box->currentText() != entry; ++i)
         PressKey(box, Qt::Key_Down);
-}
-
-QStringList Entries(const QWidget* dialog, const char* list) {
-    const auto* box = static_cast<QComboBox*>(Control(dialog, list));
-    QStringList entries;
-    for (int i = 0; i < box->count(); ++i) entries << box->itemText(i);
-    return entries;
-}
-
-// A dialog of the link reads the catalogue as soon as it stands.
-void WithCatalogue(TourState& tour, const char* button, const std::function<void(QWidget*)>& act) {
-    const auto isRead = [] {
-        const QWidget* dialog = QApplication::activeModalWidget();
-        return Link.WorkDepth == 0 && !Entries(dialog, "cmbAllWave").empty();
-    };
-    WithDialog([&] { Click(Control(tour.Window.get(), button)); }, act, isRead);
-}
-
-QWidget* Transcript(TourState& tour) {
-    Choose(tour, "MnuTool_Transcript");
-    return Control(tour.Window.get(), "LinkTranscriptFrm");
 }
 
 void SaveTranscript(TourState& tour) {
@@ -236,6 +215,7 @@ void UseTheInstrument(TourState& tour) {
     ReadBack(tour);
     CancelAndDelete(tour);
     SendPattern(tour);
+    MakeHelpPictures(tour);
     Unplug(tour, simulator);
     SaveTranscript(tour);
 }

@@ -2,6 +2,8 @@
 
 #include "app/TourHands.h"
 #include "frame/GlobalDefineCode.h"
+#include "link/LinkWork.h"
+#include "platform/Host.h"
 #include "ui/ActionTable.h"
 #include "ui/WaveFrm.h"
 
@@ -9,6 +11,8 @@
 #include <cstdio>
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
+#include <QComboBox>
 
 void Step(TourState& tour, const char* what, bool good) {
     std::printf("%s  %s\n", good ? "ok    " : "FAILED", what);
@@ -54,17 +58,46 @@ void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
                });
 }
 
+void InsertFourWaves(TourState& tour, bool pictures) {
+    InsertWave(tour, {"WaveAresBtn0", "1200", "3", "1.7", nullptr},
+               pictures ? "standard-wave" : nullptr);
+    InsertWave(tour, {"WaveAresBtn7", "900", "1", "1.9", "10"}, nullptr);
+    InsertWave(tour, {"WaveAresBtn1", "800", "3", "1", "50"}, nullptr);
+    InsertWave(tour, {"WaveAresBtn5", "600", "2", "1.6", "-5"}, pictures ? "exponential" : nullptr);
+}
+
 void DiscardDocument(TourState& tour) {
     WithDialog([&] { Click(Control(tour.Window->Window(tour.Window->ActiveTag()), "ExtBtn")); },
                [](QWidget* box) {
                    for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                       if (button->text() == "&No") button->click();
+                       if (button->property("answer") == static_cast<int>(Answer::No))
+                           button->click();
                });
 }
 
 void AnswerFileDialog(QWidget* dialog, const QString& path) {
     TypeInto(Control(dialog, "fileNameEdit"), path);
     PressKey(Control(dialog, "fileNameEdit"), Qt::Key_Return);
+}
+
+QStringList Entries(const QWidget* dialog, const char* list) {
+    const auto* box = static_cast<QComboBox*>(Control(dialog, list));
+    QStringList entries;
+    for (int i = 0; i < box->count(); ++i) entries << box->itemText(i);
+    return entries;
+}
+
+void WithCatalogue(TourState& tour, const char* button, const std::function<void(QWidget*)>& act) {
+    const auto isRead = [] {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        return Link.WorkDepth == 0 && !Entries(dialog, "cmbAllWave").empty();
+    };
+    WithDialog([&] { Click(Control(tour.Window.get(), button)); }, act, isRead);
+}
+
+QWidget* Transcript(TourState& tour) {
+    Choose(tour, "MnuTool_Transcript");
+    return Control(tour.Window.get(), "LinkTranscriptFrm");
 }
 
 bool Near(double value, double wished, double within) {

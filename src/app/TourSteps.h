@@ -4,6 +4,7 @@
 #include "frame/records/AnalogWaveRecord.h"
 #include "ui/Mainfrm.h"
 
+#include <functional>
 #include <memory>
 #include <QDir>
 #include <vector>
@@ -31,10 +32,20 @@ struct WaveValues {
 };
 void InsertWave(TourState& tour, const WaveValues& wave, const char* picture);
 
+/// Sine, sinc, square and decay, 3500 dots in four segments; with or without pictures.
+void InsertFourWaves(TourState& tour, bool pictures);
+
 /// Closes the active document and declines to save it.
 void DiscardDocument(TourState& tour);
 
 void AnswerFileDialog(QWidget* dialog, const QString& path);
+
+/// The entries of a list.
+QStringList Entries(const QWidget* dialog, const char* list);
+/// Runs `act` on a dialog of the link once it has read the catalogue.
+void WithCatalogue(TourState& tour, const char* button, const std::function<void(QWidget*)>& act);
+/// The window of the link's transcript, opened.
+QWidget* Transcript(TourState& tour);
 
 bool Near(double value, double wished, double within);
 bool SameDots(const AnalogWaveRecord& wave, const std::vector<WaveDot>& dots, double within);
@@ -52,3 +63,7 @@ void EditBuses(TourState& tour);
 
 /// The chapter on the link to a simulated instrument; its pauses take most of a minute.
 void UseTheInstrument(TourState& tour);
+
+/// The pictures of the help, in both languages, beside an instrument that is connected. Each is
+/// compared with the one that the help shows: one that has aged is a step that failed.
+void MakeHelpPictures(TourState& tour);

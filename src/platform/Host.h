@@ -23,7 +23,6 @@ struct FileChoice {
     mutable std::int32_t FilterIndex = 0;
 };
 
-/// Answer of ChooseColour: the colour that the program comes with.
 // A page with one picture. Inches, places from the paper's top left corner.
 struct Report {
     std::string Title;  // of the document; names the print job
@@ -32,6 +31,7 @@ struct Report {
     double Left = 1.1, Top = 2.0, Width = 6.5, Height = 5.2;  // of the picture
 };
 
+/// Answer of ChooseColour: the colour that the program comes with.
 inline constexpr std::uint32_t UsualColour = 0xFF000000;
 
 struct Host {
