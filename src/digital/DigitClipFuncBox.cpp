@@ -112,7 +112,7 @@ std::vector<RowCopy> CopiedRows() {
         const DigitNode& node = source.Nodes[static_cast<std::size_t>(span.Target.Node)];
         const bool whole = span.Target.Member < 0;
         const std::vector<std::uint8_t> channels = ChannelsOf(source, {span});
-        rows.push_back({{.Name = TargetName(source, span.Target, ""),
+        rows.push_back({{.Name = OwnName(source, span.Target),
                          .Radix = node.Radix,
                          .Width = WidthOf(source, span.Target),
                          .StartNumber = whole ? node.StartNumber : std::int16_t{0}},

@@ -73,11 +73,17 @@ void SetExpanded(DigitDocument& document, std::int16_t index, Flag expanded) {
     RenumberRows(document);
 }
 
-std::string TargetName(const DigitDocument& document, DigitTarget target,
-                       std::string_view between) {
+std::string TargetName(const DigitDocument& document, DigitTarget target) {
     const DigitNode& node = NodeOf(document, target);
     if (target.Member < 0) return node.Name;
-    return node.Name + std::string(between) + std::to_string(node.StartNumber + target.Member);
+    return node.Name + "  " + std::to_string(node.StartNumber + target.Member);
+}
+
+std::string OwnName(const DigitDocument& document, DigitTarget target) {
+    const DigitNode& node = NodeOf(document, target);
+    if (target.Member < 0) return node.Name;
+    const std::string number = std::to_string(node.StartNumber + target.Member);
+    return node.Name.substr(0, LongestNodeName - number.size()) + number;
 }
 
 std::vector<DigitTarget> AllTargets(const DigitDocument& document) {

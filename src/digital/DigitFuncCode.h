@@ -21,9 +21,11 @@ void SetExpanded(DigitDocument& document, std::int16_t node, Flag expanded);
 
 // --- names and values --------------------------------------------------------------------------
 
-/// "Name" of the node, or of a member its bus's name, `between` and its number.
-std::string TargetName(const DigitDocument& document, DigitTarget target,
-                       std::string_view between = "  ");
+/// "Name" of the node, or of a member its bus's name, two blanks and its number.
+std::string TargetName(const DigitDocument& document, DigitTarget target);
+/// The name that a target has as a node of its own: without the blanks, a long one cut so that the
+/// number stays.
+std::string OwnName(const DigitDocument& document, DigitTarget target);
 /// Every node, and behind a bus its members, open or not.
 std::vector<DigitTarget> AllTargets(const DigitDocument& document);
 /// Their names.

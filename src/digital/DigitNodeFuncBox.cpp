@@ -38,7 +38,7 @@ std::vector<DigitNode> SplitNode(const DigitDocument& document, std::int16_t ind
     std::vector<DigitNode> nodes(static_cast<std::size_t>(bus.Width));
     for (std::int16_t k = 0; k < bus.Width; ++k) {
         DigitNode& node = nodes[static_cast<std::size_t>(k)];
-        node.Name = TargetName(document, {.Node = index, .Member = k}, "");
+        node.Name = OwnName(document, {.Node = index, .Member = k});
         node.Channels[0] = bus.Channels[static_cast<std::size_t>(k)];
         node.Radix = bus.Radix;
         node.DataLength = bus.DataLength;

@@ -43,7 +43,6 @@ constexpr std::size_t BytesPerNode = 512;  // as a rule
 constexpr std::int32_t MostSamples = 16777216;
 constexpr std::int32_t MostWords = 0xFFFF;
 constexpr std::int32_t LastRadix = 3, LastChannel = MaxChannels - 1;
-constexpr std::size_t LongestName = 64;  // the parts of a split bus have longer ones than it had
 constexpr std::int64_t ValuesPerNode = 9, BytesPerValue = 2;  // at least: a separator and a digit
 
 bool IsSpace(char c) {
@@ -84,7 +83,7 @@ bool TakeName(NumberLines& in, std::string& name) {
     const char* const begin = in.At;
     while (in.At != in.End && !IsSeparator(*in.At)) ++in.At;
     const std::string_view text(begin, in.At);
-    if (text.empty() || text.size() > LongestName) return false;
+    if (text.empty() || text.size() > LongestNodeName) return false;
     name = text;
     return AcceptsText(KeyKind::WaveName, text);
 }

@@ -27,6 +27,7 @@ InsertNodeFrm::InsertNodeFrm(QWidget* parent)
     QGridLayout* form = MakeForm();
     NumberBox* name = MakeBox("DigitNameTxt", KeyKind::WaveName);
     name->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    name->setMaxLength(static_cast<int>(LongestNodeName));
     name->setText(ToQt(dialog_.Name));
     AddRow(form, MakeLabel("DigitNameLab", name), name, nullptr);
     connect(name, &NumberBox::textEdited, this,

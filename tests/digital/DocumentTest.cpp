@@ -68,7 +68,9 @@ TEST_F(DocumentTest, NewNodesTakeTheLowestChannels) {
     EXPECT_EQ(Shown(document), "a:0=11 c:4=11 d%1@7:1=,2=,3=,5=");
     ExpectSound(document);
     EXPECT_EQ(FreeChannels(document), 0xFFC0);
-    EXPECT_EQ(TargetName(document, {2, 1}) + TargetName(document, {2, 1}, ""), "d  8d8");
+    EXPECT_EQ(TargetName(document, {2, 1}) + OwnName(document, {2, 1}), "d  8d8");
+    document.Nodes[2].Name.assign(LongestNodeName, 'n');  // a file would refuse a longer one
+    EXPECT_EQ(OwnName(document, {2, 1}), std::string(LongestNodeName - 1, 'n') + "8");
 }
 
 TEST_F(DocumentTest, ValuesStandAtTheCaliper) {

@@ -17,6 +17,8 @@
 inline constexpr std::int16_t MaxChannels = 16;
 inline constexpr std::size_t MemberSlots = MaxChannels + 1;  // elements of the arrays of members
 
+inline constexpr std::size_t LongestNodeName = 64;  // letters; files hold no longer one
+
 inline constexpr std::int32_t RowMark = 30;  // EditMark of one row, logical pixels
 
 template <typename Value>
