@@ -16,6 +16,13 @@ namespace {
 // file is none of ours.
 constexpr std::size_t LargestFile = std::size_t{256} << 20;
 
+// Tells why a file could not be read; true where it could, error 0.
+bool CheckOpened(int error) {
+    if (error == 0) return true;
+    Complain(PickText("The file could not be opened: ", "文件无法打开："), FileErrorText(error));
+    return false;
+}
+
 }  // namespace
 
 std::string NameOfPath(const std::string& path) {
@@ -30,10 +37,11 @@ bool EndsWithLetters(std::string_view text, std::string_view lowerCase) {
 }
 
 bool ReadFileBytes(const std::string& path, std::string& bytes) {
-    const int error = ReadWholeFile(path, LargestFile, bytes);
-    if (error == 0) return true;
-    Complain(PickText("The file could not be opened: ", "文件无法打开："), FileErrorText(error));
-    return false;
+    return CheckOpened(ReadWholeFile(path, LargestFile, bytes));
+}
+
+bool ReadFirstBytes(const std::string& path, std::size_t maxBytes, std::string& bytes) {
+    return CheckOpened(ReadFileHead(path, maxBytes, bytes));
 }
 
 void TellInvalidFile() {

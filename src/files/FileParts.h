@@ -17,6 +17,8 @@ bool EndsWithLetters(std::string_view text, std::string_view lowerCase);
 
 /// Reads a whole file; false, with a message, when that fails or it is longer than any of ours.
 bool ReadFileBytes(const std::string& path, std::string& bytes);
+/// Reads the first `maxBytes` bytes of a file; false, with the same message, when that fails.
+bool ReadFirstBytes(const std::string& path, std::size_t maxBytes, std::string& bytes);
 /// Tells that a file is none of ours, or damaged.
 void TellInvalidFile();
 

@@ -4,13 +4,15 @@
 // folder; the folder of a run that crashed stays, and the next start offers it. Copies are written
 // in the background, whole or not at all; what is seen of it here is a copy of the arrays.
 
-/// Makes the folder of this run. Without one (a full or read-only disk) nothing is kept, which the
-/// user is told by the first KeepSession that has something to keep.
+/// Makes the folder of this run; to be called before any other of these. Without a folder (a full
+/// or read-only disk) nothing is kept, which the user is told by the first KeepSession that has
+/// something to keep.
 void BeginSession();
 
 /// Asks about the documents that earlier runs left behind: Yes opens them, changed and with the
 /// file they had; No removes them; Cancel keeps them for the next start. Without any nothing is
-/// asked. Documents for which there is no room stay in the store.
+/// asked. Documents for which there is no room stay in the store. A damaged copy is told by name
+/// and put aside.
 void RestoreSession();
 
 /// Brings the store up to date: documents that have changed since their copy are copied, copies of

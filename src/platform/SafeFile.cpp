@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
@@ -75,12 +76,13 @@ void SyncFolder(const fs::path& target) {
     close(handle);
 }
 
-int ReadAll(int handle, std::size_t maxBytes, std::string& bytes) {
+int ReadAll(int handle, std::size_t maxBytes, bool mayCut, std::string& bytes) {
     struct stat status;
     if (fstat(handle, &status) != 0) return errno;
     if (const int error = KindError(status)) return error;
-    if (static_cast<std::size_t>(status.st_size) > maxBytes) return EFBIG;
-    bytes.resize(static_cast<std::size_t>(status.st_size));
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (size > maxBytes && !mayCut) return EFBIG;
+    bytes.resize(std::min(size, maxBytes));
     std::size_t done = 0;
     while (done < bytes.size()) {
         const ssize_t count = read(handle, bytes.data() + done, bytes.size() - done);
@@ -93,15 +95,23 @@ int ReadAll(int handle, std::size_t maxBytes, std::string& bytes) {
     return 0;
 }
 
-}  // namespace
-
-int ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes) {
+int ReadFile(const std::string& path, std::size_t maxBytes, bool mayCut, std::string& bytes) {
     // Without O_NONBLOCK a pipe would be waited for until somebody writes into it.
     const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (handle < 0) return errno;
-    const int error = ReadAll(handle, maxBytes, bytes);
+    const int error = ReadAll(handle, maxBytes, mayCut, bytes);
     close(handle);
     return error;
+}
+
+}  // namespace
+
+int ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes) {
+    return ReadFile(path, maxBytes, false, bytes);
+}
+
+int ReadFileHead(const std::string& path, std::size_t maxBytes, std::string& bytes) {
+    return ReadFile(path, maxBytes, true, bytes);
 }
 
 int WriteFileSafely(const std::string& path, std::string_view bytes) {

@@ -1,5 +1,5 @@
 #pragma once
-// Whole files in and out. A file that is there is never half overwritten: the new content is
+// Files in and out. A file that is there is never half overwritten: the new content is
 // written beside it and takes its name only when it is safely on the disk.
 #include <cstddef>
 #include <string>
@@ -9,6 +9,10 @@
 /// (EISDIR for a folder, ENOTSUP for a pipe or device, EFBIG for a longer file); `bytes` is then
 /// undefined.
 int ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes);
+
+/// Reads the first `maxBytes` bytes of a regular file, all of a shorter one. Refuses folders, pipes
+/// and devices as ReadWholeFile does.
+int ReadFileHead(const std::string& path, std::size_t maxBytes, std::string& bytes);
 
 /// Writes or replaces a file. A link is followed to its target, the target keeps its permissions
 /// and, where the system allows, its owner; a new file gets those of the umask. A write-protected

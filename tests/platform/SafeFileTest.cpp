@@ -3,7 +3,11 @@
 #include "platform/TempFolder.h"
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <cerrno>
+#include <chrono>
+#include <random>
+#include <thread>
 
 namespace {
 
@@ -46,6 +50,11 @@ TEST_F(SafeFileTest, RefusesWhatIsNoFileOrTooLong) {
     EXPECT_EQ(ReadWholeFile(Put("five.txt", "12345"), 4, bytes), EFBIG);
     EXPECT_EQ(ReadWholeFile(PathOf("five.txt"), 5, bytes), 0);
     EXPECT_EQ(bytes, "12345");
+    EXPECT_EQ(ReadFileHead(PathOf("five.txt"), 9, bytes), 0);
+    EXPECT_EQ(bytes, "12345");
+    EXPECT_EQ(ReadFileHead(PathOf("five.txt"), 3, bytes), 0);
+    EXPECT_EQ(bytes, "123");
+    EXPECT_EQ(ReadFileHead(pipe, 9, bytes), ENOTSUP);
     EXPECT_EQ(WriteFileSafely(folder, "x"), EISDIR);
     EXPECT_EQ(WriteFileSafely(pipe, "x"), ENOTSUP);
     EXPECT_EQ(WriteFileSafely(PathOf("loop"), "x"), ELOOP);
@@ -63,6 +72,24 @@ TEST_F(SafeFileTest, FailureLeavesTheOldFile) {
     chmod(target.c_str(), 0400);
     EXPECT_EQ(WriteFileSafely(target, "new"), EACCES);
     EXPECT_EQ(Content("wave.txt"), "old");
+}
+
+TEST_F(SafeFileTest, KilledInTheMiddleTheFileIsWhole) {
+    const std::string first(300000, 'a'), second(500000, 'b');
+    Put("wave.txt", first);
+    std::mt19937 random(1);
+    for (int round = 0; round < 50; ++round) {
+        const pid_t child = fork();
+        while (child == 0) {
+            WriteFileSafely(target, second);
+            WriteFileSafely(target, first);
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 8000));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        const std::string bytes = Content("wave.txt");
+        ASSERT_TRUE(bytes == first || bytes == second) << bytes.size();
+    }
 }
 
 }  // namespace
