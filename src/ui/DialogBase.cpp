@@ -1,6 +1,7 @@
 #include "ui/DialogBase.h"
 
 #include "frame/LoadLanguageCode.h"
+#include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/PlotPreview.h"
 #include "ui/Theme.h"
@@ -9,6 +10,8 @@
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QShortcut>
 
 namespace {
 
@@ -36,6 +39,14 @@ DialogBase::DialogBase(const char* window, QWidget* parent) : QDialog(parent) {
     setObjectName(QLatin1String(window));
     setModal(true);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+// No shortcut: in a tool window one would meet that of the main window, and neither would work.
+void DialogBase::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::HelpContents))
+        TheHost().ShowHelp(objectName().toStdString());
+    else
+        QDialog::keyPressEvent(event);
 }
 
 QString DialogBase::RowText(const QString& control) const {
@@ -241,6 +252,11 @@ void DialogBase::CloseAfter(bool changed) {
         QDialog::accept();
     else
         QDialog::reject();
+}
+
+void GiveHelpKey(QDialog& dialog) {
+    auto* key = new QShortcut(QKeySequence::HelpContents, &dialog);
+    QObject::connect(key, &QShortcut::activated, &dialog, [] { TheHost().ShowHelp(""); });
 }
 
 bool HasDigit(const QString& typed) {

@@ -33,6 +33,9 @@ public:
     void ApplyTexts();
 
 protected:
+    /// F1 opens the page of the window.
+    void keyPressEvent(QKeyEvent* event) override;
+
     /// An empty form of three columns. The label column is as wide as the window's widest label
     /// in either language, so that no language moves the fields.
     QGridLayout* MakeForm() const;
@@ -81,6 +84,9 @@ protected:
 private:
     QLabel *sign_ = nullptr, *note_ = nullptr;
 };
+
+/// F1 in a dialog of Qt's own opens the page of the window in use.
+void GiveHelpKey(QDialog& dialog);
 
 /// False while typing has emptied a number box, which changes nothing.
 bool HasDigit(const QString& typed);

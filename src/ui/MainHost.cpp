@@ -1,16 +1,21 @@
 #include "ui/MainHost.h"
 
+#include "frame/HelpPages.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/AboutFrm.h"
 #include "ui/ArbitraryValueFrm.h"
 #include "ui/CommunicateSettingFrm.h"
 #include "ui/CountFrm.h"
+#include "ui/DialogBase.h"
 #include "ui/DigitPropertyFrm.h"
+#include "ui/DocumentWindow.h"
 #include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
 #include "ui/EvaluateFrm.h"
+#include "ui/HelpFrm.h"
 #include "ui/InsertNodeFrm.h"
 #include "ui/InstrumentSelFrm.h"
 #include "ui/LinkTranscriptFrm.h"
@@ -67,6 +72,7 @@ Answer AskUser(Mainfrm& window, std::string_view text, Buttons buttons, MessageI
     QWidget* dialog = QApplication::activeModalWidget();  // the box belongs above it
     QMessageBox box(dialog != nullptr ? dialog : &window);
     box.setObjectName("MessageBox");
+    GiveHelpKey(box);
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text));
@@ -110,6 +116,7 @@ std::string PickedPath(const QFileDialog& dialog, const FileChoice& choice) {
 std::string PickFile(Mainfrm& window, const FileChoice& choice) {
     QFileDialog dialog(&window, ToQt(choice.Title));
     dialog.setObjectName("FileDialog");
+    GiveHelpKey(dialog);
     QStringList lines = FilterLines(choice.Filter);
     if (!choice.Save && lines.size() > 1) {
         QString all;
@@ -145,6 +152,7 @@ std::optional<std::uint32_t> PickColour(Mainfrm& window, std::string_view title,
                                         std::uint32_t colour) {
     QColorDialog dialog(QColor::fromRgb(colour), &window);
     dialog.setObjectName("ColourDialog");
+    GiveHelpKey(dialog);
     dialog.setWindowTitle(ToQt(title));
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     for (QAbstractSpinBox* box : dialog.findChildren<QAbstractSpinBox*>())
@@ -176,32 +184,52 @@ int RunKind(Mainfrm* parent, std::int16_t) {
     return Frm(Kind, parent).exec();
 }
 
+// Stands beside the main window; there is nothing to confirm.
+int ShowTranscript(Mainfrm* parent, std::int16_t) {
+    LinkTranscriptFrm::ShowOver(parent);
+    return QDialog::Rejected;
+}
+
+constexpr std::pair<std::string_view, int (*)(Mainfrm*, std::int16_t)> Dialogs[] = {
+    {"PropertyFrm", RunModal<PropertyFrm>},
+    {"StandardWaveFrm", RunModal<StandardWaveFrm>},
+    {"EquationFrm", RunModal<EquationFrm>},
+    {"ResizeWaveFrm", RunModal<ResizeWaveFrm>},
+    {"WaveMathFrm", RunModal<WaveMathFrm>},
+    {"WindowMathFrm", RunModal<WindowMathFrm>},
+    {"LowPassSetFrm", RunModal<LowPassSetFrm>},
+    {"SmoothSetFrm", RunModal<SmoothSetFrm>},
+    {"CommunicateSettingFrm", RunModal<CommunicateSettingFrm>},
+    {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
+    {"SendAnalogWaveFrm", RunKind<SendWaveFrm, SendAnalogKind>},
+    {"SendDigitWaveFrm", RunKind<SendWaveFrm, SendDigitKind>},
+    {"DownLoadWaveFrm", RunKind<DownLoadWaveFrm, UploadAnalogKind>},
+    {"DownLoadDigitWaveFrm", RunKind<DownLoadWaveFrm, UploadDigitKind>},
+    {"DigitPropertyFrm", RunModal<DigitPropertyFrm>},
+    {"InsertNodeFrm", RunModal<InsertNodeFrm>},
+    {"ArbitraryValueFrm", RunModal<ArbitraryValueFrm>},
+    {"CountFrm", RunModal<CountFrm>},
+    {"EvaluateFrm", RunModal<EvaluateFrm>},
+    {"LinkTranscriptFrm", ShowTranscript},
+    {"AboutFrm", RunModal<AboutFrm>},
+};
+
 bool RunWindow(Mainfrm& window, std::string_view name, std::int16_t argument) {
-    constexpr std::pair<std::string_view, int (*)(Mainfrm*, std::int16_t)> Windows[] = {
-        {"PropertyFrm", RunModal<PropertyFrm>},
-        {"StandardWaveFrm", RunModal<StandardWaveFrm>},
-        {"EquationFrm", RunModal<EquationFrm>},
-        {"ResizeWaveFrm", RunModal<ResizeWaveFrm>},
-        {"WaveMathFrm", RunModal<WaveMathFrm>},
-        {"WindowMathFrm", RunModal<WindowMathFrm>},
-        {"LowPassSetFrm", RunModal<LowPassSetFrm>},
-        {"SmoothSetFrm", RunModal<SmoothSetFrm>},
-        {"CommunicateSettingFrm", RunModal<CommunicateSettingFrm>},
-        {"InstrumentSelFrm", RunModal<InstrumentSelFrm>},
-        {"SendAnalogWaveFrm", RunKind<SendWaveFrm, SendAnalogKind>},
-        {"SendDigitWaveFrm", RunKind<SendWaveFrm, SendDigitKind>},
-        {"DownLoadWaveFrm", RunKind<DownLoadWaveFrm, UploadAnalogKind>},
-        {"DownLoadDigitWaveFrm", RunKind<DownLoadWaveFrm, UploadDigitKind>},
-        {"DigitPropertyFrm", RunModal<DigitPropertyFrm>},
-        {"InsertNodeFrm", RunModal<InsertNodeFrm>},
-        {"ArbitraryValueFrm", RunModal<ArbitraryValueFrm>},
-        {"CountFrm", RunModal<CountFrm>},
-        {"EvaluateFrm", RunModal<EvaluateFrm>},
-    };
-    for (const auto& [known, run] : Windows)
+    for (const auto& [known, run] : Dialogs)
         if (known == name) return run(&window, argument) == QDialog::Accepted;
-    if (name == "LinkTranscriptFrm") LinkTranscriptFrm::ShowOver(&window);  // returns at once
     return false;
+}
+
+// The help for a box without a page of its own is that of the dialog or document below it.
+std::string WindowInUse(const Mainfrm& window) {
+    const QWidget* front = QApplication::activeModalWidget();
+    if (front == nullptr) front = qobject_cast<QDialog*>(QApplication::activeWindow());
+    for (; front != nullptr; front = front->parentWidget()) {
+        const std::string name = front->objectName().toStdString();
+        if (HelpPageOf(name) != HelpPages().front().Name) return name;
+    }
+    const DocumentWindow* document = window.Window(window.ActiveTag());
+    return (document != nullptr ? document->objectName() : window.objectName()).toStdString();
 }
 
 // The file dialog and the menus of edit boxes come from Qt and have their texts in its catalogue.
@@ -226,6 +254,9 @@ void InstallHost(Mainfrm& window) {
     host.ChooseColour = [main](std::string_view title, std::uint32_t colour) {
         return PickColour(*main, title, colour);
     };
+    host.ShowHelp = [main](std::string_view name) {
+        HelpFrm::ShowOver(main, name.empty() ? WindowInUse(*main) : std::string(name));
+    };
     host.RunDialog = [main](std::string_view name, std::int16_t argument) {
         return RunWindow(*main, name, argument);
     };
@@ -238,6 +269,7 @@ void InstallHost(Mainfrm& window) {
         TranslateQt();
         main->ApplyLanguage();
         if (auto* transcript = main->findChild<LinkTranscriptFrm*>()) transcript->ApplyTexts();
+        if (auto* help = main->findChild<HelpFrm*>()) help->ApplyTexts();
     };
     host.ShowStatusText = [main](std::string_view label, std::string_view text) {
         main->Status()->ShowText(ToQt(label), ToQt(text));
@@ -258,4 +290,10 @@ void InstallHost(Mainfrm& window) {
     host.ArrangeWindows = [main](WindowArrangement kind) { main->ArrangeWindows(kind); };
     host.ShowEditor = [main] { main->ShowEditor(); };
     host.CloseMainWindow = [main] { main->close(); };
+}
+
+std::vector<std::string_view> DialogNames() {
+    std::vector<std::string_view> names;
+    for (const auto& [name, run] : Dialogs) names.push_back(name);
+    return names;
 }
