@@ -71,6 +71,11 @@ std::string TakeHelp(Options& options, Wishes&, const std::string&) {
     return {};
 }
 
+std::string TakeVersion(Options& options, Wishes&, const std::string&) {
+    options.WantsVersion = true;
+    return {};
+}
+
 constexpr OptionRow Rows[] = {
     {"--model", "KT1100|KT2200|KT3300", "the family (KT3300)", TakeModel},
     {"--firmware", "old|new|VERSION", "old ones spell some commands in another way (new)",
@@ -85,6 +90,7 @@ constexpr OptionRow Rows[] = {
     {"--picture", "FILE.svg", "keeps a picture of the active output there", TakePicture},
     {"--quiet", nullptr, "no transcript", TakeQuiet},
     {"--help", nullptr, "this text", TakeHelp},
+    {"--version", nullptr, "the version", TakeVersion},
 };
 
 std::string ChooseFirmware(Options& options, const Wishes& wishes) {

@@ -14,6 +14,7 @@ struct Options {
     std::string Picture;              // path; empty: none
     bool IsQuiet = false;
     bool WantsHelp = false;
+    bool WantsVersion = false;
 };
 
 /// Reads the arguments behind the program's name. Returns what is wrong, or an empty text.

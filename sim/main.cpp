@@ -28,6 +28,10 @@ int main(int count, char** arguments) {
         std::fputs(sim::HelpText().c_str(), stdout);
         return 0;
     }
+    if (error.empty() && options.WantsVersion) {
+        std::puts("tidemark-sim " TIDEMARK_VERSION);
+        return 0;
+    }
     sim::Simulator simulator;
     if (error.empty()) error = sim::StartSimulator(simulator, options);
     if (!error.empty()) {

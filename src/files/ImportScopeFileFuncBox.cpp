@@ -112,6 +112,15 @@ std::string_view TextOfFault(ScopeFault fault) {
     return "";
 }
 
+bool ReadScopeFile(const std::string& path, LoadedWave& content) {
+    std::string bytes;
+    if (!ReadFirstBytes(path, MostBytes, bytes)) return false;
+    const ScopeFault fault = ReadScopeWave(bytes, content);
+    if (fault == ScopeFault::None) return true;
+    Complain(TextOfFault(fault));
+    return false;
+}
+
 }  // namespace
 
 ScopeFault ReadScopeWave(std::string_view bytes, LoadedWave& content) {
@@ -138,15 +147,15 @@ bool ImportScopeFile(Flag showDialog, LoadedWave& content) {
     choice.Title = Title;
     choice.Filter = Filter;
     const std::string path = TheHost().ChooseFile(choice);
-    std::string bytes;
-    if (path.empty() || !ReadFirstBytes(path, MostBytes, bytes)) return false;
-    const ScopeFault fault = ReadScopeWave(bytes, content);
-    if (fault == ScopeFault::None) return true;
-    Complain(TextOfFault(fault));
-    return false;
+    return !path.empty() && ReadScopeFile(path, content);
 }
 
 void ImportWave() {
     LoadedWave content;
     if (RoomForDocument() && ImportScopeFile(true, content)) OpenLoadedWave(std::move(content));
+}
+
+bool OpenScopeFile(const std::string& path) {
+    LoadedWave content;
+    return RoomForDocument() && ReadScopeFile(path, content) && OpenLoadedWave(std::move(content));
 }

@@ -3,6 +3,7 @@
 #include "analog/AnalogDocument.h"
 #include "frame/Flag.h"
 
+#include <string>
 #include <string_view>
 
 // What is wrong with a scope file.
@@ -19,3 +20,5 @@ bool ImportScopeFile(Flag showDialog, LoadedWave& content);
 
 /// The command Import: a scope file becomes a new document.
 void ImportWave();
+/// Makes a document of a scope file; false, with a message, when it cannot be read.
+bool OpenScopeFile(const std::string& path);
