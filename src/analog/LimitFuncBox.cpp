@@ -124,3 +124,20 @@ void ReleaseLimitLine(std::int16_t index) {
     wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
     RepaintAnalog(index, false);
 }
+
+bool StepLimitLine(std::int16_t index, LimitLine line, std::int32_t pixels) {
+    AnalogWaveRecord& wave = AnalogAt(index);
+    const bool column = IsColumn(line);
+    if (line == LimitLine::None || wave.LimitFixed) return false;
+    if (!(column ? wave.XLimitOn : wave.YLimitOn)) return false;
+    float& at = line == LimitLine::Left    ? wave.XLimitLeft
+                : line == LimitLine::Right ? wave.XLimitRight
+                : line == LimitLine::Top   ? wave.YLimitTop
+                                           : wave.YLimitBottom;
+    const std::int32_t last = std::max(column ? wave.PlotWidth : wave.PlotHeight - 1, 0);
+    const std::int32_t moved = std::clamp(RoundToInt(at) + pixels, 0, last);
+    at = static_cast<float>(moved);
+    (column ? wave.TrackX : wave.TrackY) = moved;
+    RepaintAnalog(index, false);
+    return true;
+}

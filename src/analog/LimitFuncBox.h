@@ -25,3 +25,6 @@ bool PressLimitLine(std::int16_t index, std::int32_t x, std::int32_t y);
 /// Sets the dragged line to the position.
 void DragLimitLine(std::int16_t index, const PlotPlace& place);
 void ReleaseLimitLine(std::int16_t index);
+/// Moves a line by device pixels, right or down, held to the plot. False where it is not shown or
+/// fixed.
+bool StepLimitLine(std::int16_t index, LimitLine line, std::int32_t pixels);

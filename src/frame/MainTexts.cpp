@@ -92,6 +92,9 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "LoadDigitAresBtn", "Upload Digital waveform", "上传数字波形"},
     {"Mainfrm", "HelpAresBtn", "Help", "帮助"},
 
+    {"Mainfrm", "MoreAresBtn", "More buttons", "更多按钮"},
+    {"Mainfrm", "ChangedName", "%1, changed", "%1，已更改"},
+
     // Status strip: labels beside the boxes
     {"Mainfrm", "StartLab", "Start", "起点"},
     {"Mainfrm", "EndLab", "End", "终点"},
@@ -335,6 +338,11 @@ constexpr WindowText Rows[] = {
     {"WaveFrm", "MinBtn", "Minimize", "最小化"},
     {"WaveFrm", "MaxBtn", "Maximize or restore", "最大化或还原"},
     {"WaveFrm", "ExtBtn", "Close", "关闭"},
+    // What a screen reader says of the plot.
+    {"WaveFrm", "WavePic", "Waveform", "波形"},
+    {"WaveFrm", "Description", "%1, %2 of %3 dots, %4 peak to peak, %5",
+     "%1，%2 / %3 点，峰峰值 %4，%5"},
+    {"WaveFrm", "Selected", ", dots %1 to %2 selected", "，已选择第 %1 至 %2 点"},
     {"WaveFrm", "hint", "Draw, insert a standard wave, or open a file",
      "请绘制波形、插入标准波形或打开文件"},
 
@@ -347,6 +355,8 @@ constexpr WindowText Rows[] = {
     // The list and the picture have no text of their own: their rows are for screen readers.
     {"DigitWaveFrm", "DispParaListView", "Channels and buses", "通道与总线"},
     {"DigitWaveFrm", "DigitWavePic", "Waveform", "波形"},
+    {"DigitWaveFrm", "SeperateImage", "Width of the list", "列表宽度"},
+    {"DigitWaveFrm", "Description", "%1, %2 dots, %3 channels, %4", "%1，%2 点，%3 通道，%4"},
     {"DigitWaveFrm", "NameHead", "Name", "名称"},
     {"DigitWaveFrm", "ValueHead", "Value", "数值"},
     {"DigitWaveFrm", "hint", "Insert a channel or bus with Ins", "按 Ins 插入通道或总线"},

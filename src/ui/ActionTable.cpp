@@ -100,9 +100,7 @@ QToolBar* ActionTable::MakeToolBar(const MenuRow& row, QWidget* parent) {
         }
         QAction* action = Find(entry);
         bar->addAction(action);
-        QWidget* button = bar->widgetForAction(action);
-        button->setObjectName(action->objectName());
-        button->setFocusPolicy(Qt::TabFocus);
+        bar->widgetForAction(action)->setObjectName(action->objectName());
     }
     return bar;
 }
@@ -113,6 +111,8 @@ void ActionTable::ShowTip(const CommandRow& row, const QString& tip) {
     button->setText(tip);
     if (row.Icon.empty()) button->setIconText(ToQt(FaceOf(row.Button)));
     button->setToolTip(shortcut.isEmpty() ? tip : tip + " (" + shortcut + ")");
+    for (QObject* door : button->associatedObjects())
+        if (auto* shown = qobject_cast<QToolButton*>(door)) shown->setAccessibleName(tip);
 }
 
 void ActionTable::ApplyTexts() {

@@ -114,7 +114,7 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     drag_->setAlignment(Qt::AlignCenter);
     drag_->setTextFormat(Qt::PlainText);  // names of files may look like markup
     drag_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    drag_->setForegroundRole(QPalette::PlaceholderText);
+    drag_->setProperty("dim", true);
     minimise_ = MakeCaptionButton(this, "MinimizeAbtn", "Minimize", ButtonSize);
     maximise_ = MakeCaptionButton(this, "MaxAbtn", "Maximize", ButtonSize);
     exit_ = MakeCaptionButton(this, "ExitAbtn", "Close", ButtonSize);
@@ -186,7 +186,6 @@ QToolButton* MakeCaptionButton(QWidget* strip, const char* name, const char* ico
     button->setIcon(ThemedIcon(icon));
     button->setIconSize(QSize(16, 16));
     button->setFixedSize(size);
-    button->setFocusPolicy(Qt::NoFocus);
     return button;
 }
 

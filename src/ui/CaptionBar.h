@@ -35,8 +35,7 @@ private:
     bool pressed_ = false;
 };
 
-/// A button of a caption strip. It takes no keyboard focus: the system keys serve there, and Tab
-/// goes to the tools and the document.
+/// A button of a caption strip.
 QToolButton* MakeCaptionButton(QWidget* strip, const char* name, const char* icon, QSize size);
 
 /// Grips along the edges and corners of a window without a system frame, or of a widget that serves

@@ -175,9 +175,8 @@ void DialogBase::AddNote(QGridLayout* form, int lines) {
 
 void DialogBase::ShowNote(const std::string& note, NoteSign sign) {
     const bool fault = sign == NoteSign::Fault;
-    const ChromePalette& chrome = CurrentChrome();
-    const QColor colour = MixColours(fault ? chrome.fault : chrome.busy, chrome.text, 0.25);
-    sign_->setStyleSheet(QStringLiteral("color: %1; font-weight: bold;").arg(colour.name()));
+    sign_->setStyleSheet(
+        QStringLiteral("color: %1; font-weight: bold;").arg(SignColour(fault).name()));
     const bool bare = note.empty() || sign == NoteSign::Nothing;
     sign_->setText(bare ? QString() : QString(fault ? u'✕' : u'▲'));
     note_->setText(ToQt(note));

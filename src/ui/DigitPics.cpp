@@ -1,6 +1,7 @@
 #include "ui/DigitPics.h"
 
 #include "digital/DigitFuncCode.h"
+#include "digital/DigitKeyFuncBox.h"
 #include "digital/DigitMouseFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
@@ -8,7 +9,6 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
 #include "ui/PicMouse.h"
-#include "ui/Theme.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +22,7 @@ namespace {
 
 constexpr int ScrollWait = 80;  // milliseconds for a row, while a drag is held beside the list
 constexpr int DropLine = 2, TagMargin = 4;
+constexpr int KeyStep = 8;           // of the split, logical pixels
 constexpr QPoint TagOffset{14, 10};  // from the pointer
 
 struct Place {
@@ -57,7 +58,7 @@ void DigitPic::paintEvent(QPaintEvent* event) {
     painter.drawImage(0, -static_cast<int>(std::lround(top_ * scale)), image);
     painter.restore();
     if (!byKeys_) return;
-    painter.setPen(CurrentChrome().accent);
+    painter.setPen(QColor::fromRgb(PlotPointer));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
@@ -89,6 +90,30 @@ bool DigitPic::StepCaliper(const QKeyEvent& event) const {
     for (const auto& [key, dot] : dots) {
         if (event.key() != key) continue;
         PutCaliper(slot_, dot);
+        return true;
+    }
+    return false;
+}
+
+// Shift with the arrows draws a span, or adds rows to the one that stands.
+bool DigitPic::StepSpan(const QKeyEvent& event) const {
+    if (!(event.modifiers() & Qt::ShiftModifier)) return false;
+    const DigitDocument& document = DigitAt(slot_);
+    const bool far = event.modifiers() & Qt::ControlModifier;
+    const std::int32_t step = far ? std::max(document.VisibleDots / 10, 1) : 1;
+    struct SpanKey {
+        int Key;
+        std::int32_t Dots, Rows;
+    };
+    const SpanKey keys[] = {{Qt::Key_Left, -step, 0},
+                            {Qt::Key_Right, step, 0},
+                            {Qt::Key_Home, -document.Dots, 0},
+                            {Qt::Key_End, document.Dots, 0},
+                            {Qt::Key_Up, 0, -1},
+                            {Qt::Key_Down, 0, 1}};
+    for (const auto& [key, dots, rows] : keys) {
+        if (event.key() != key || (rows != 0 && !document.WaveSelection)) continue;
+        ExtendSpan(slot_, dots, rows);
         return true;
     }
     return false;
@@ -131,7 +156,7 @@ void DigitPic::keyPressEvent(QKeyEvent* event) {
         EscapeDigit(slot_);
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         EvaluateClickedRow(slot_);
-    else if (!MoveNodes(*event) && !StepCaliper(*event) && !StepRow(*event))
+    else if (!MoveNodes(*event) && !StepSpan(*event) && !StepCaliper(*event) && !StepRow(*event))
         QWidget::keyPressEvent(event);
 }
 
@@ -322,8 +347,9 @@ SeperateImage::SeperateImage(QWidget* parent) : QWidget(parent) {
 void SeperateImage::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), QColor::fromRgb(PlotBack));
-    const QColor line = underMouse() ? CurrentChrome().accent : QColor::fromRgb(PlotAxis);
-    painter.fillRect(width() / 2, 0, 1, height(), line);
+    const QColor line = QColor::fromRgb(underMouse() || hasFocus() ? PlotPointer : PlotAxis);
+    const int wide = hasFocus() ? 3 : 1;
+    painter.fillRect((width() - wide) / 2, 0, wide, height(), line);
 }
 
 void SeperateImage::mousePressEvent(QMouseEvent* event) {
@@ -333,4 +359,18 @@ void SeperateImage::mousePressEvent(QMouseEvent* event) {
 void SeperateImage::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton)
         emit Dragged(mapToParent(event->position().toPoint()).x() - grip_);
+}
+
+void SeperateImage::keyPressEvent(QKeyEvent* event) {
+    const bool left = event->key() == Qt::Key_Left;
+    if (!left && event->key() != Qt::Key_Right) return QWidget::keyPressEvent(event);
+    emit Dragged(x() + (left ? -KeyStep : KeyStep));
+}
+
+void SeperateImage::focusInEvent(QFocusEvent*) {
+    update();
+}
+
+void SeperateImage::focusOutEvent(QFocusEvent*) {
+    update();
 }

@@ -32,6 +32,7 @@ protected:
 private:
     bool StepCaliper(const QKeyEvent& event) const;
     bool StepRow(const QKeyEvent& event) const;
+    bool StepSpan(const QKeyEvent& event) const;
     bool MoveNodes(const QKeyEvent& event) const;
 
     std::int16_t slot_;
@@ -104,7 +105,7 @@ protected:
     void leaveEvent(QEvent* event) override;
 };
 
-// The line between list and picture, dragged to move the split.
+// The line between list and picture, dragged or moved by the arrows.
 class SeperateImage : public QWidget {
     Q_OBJECT
 public:
@@ -118,6 +119,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     int grip_ = 0;

@@ -1,6 +1,8 @@
 #include "ui/DigitWaveFrm.h"
 
 #include "digital/DigitDocumentFuncBox.h"
+#include "digital/DigitFuncCode.h"
+#include "digital/DigitPropertyFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
@@ -52,6 +54,16 @@ void ShowRange(QScrollBar* bar, std::int32_t most, std::int32_t page, std::int32
     bar->setValue(value);
 }
 
+// The row of the last press or step, which has no widget of its own: "clk 1B".
+QString RowText(const DigitDocument& document) {
+    const DigitTarget target = TargetAtRow(document, document.ClickRow);
+    if (target.Node < 0) return {};
+    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const QString name = ToQt(TargetName(document, target));
+    if (target.Member < 0) return (name + ' ' + ToQt(node.ValueText)).trimmed();
+    return name + ' ' + QString::number(node.MemberValues[static_cast<std::size_t>(target.Member)]);
+}
+
 }  // namespace
 
 DigitWaveFrm::DigitWaveFrm(std::int16_t slot, QWidget* parent)
@@ -96,7 +108,7 @@ void DigitWaveFrm::BuildPageBar() {
     bar_ = new QWidget(body_);
     page_ = new HintLabel(bar_);
     page_->setObjectName("PageInfo");
-    page_->setForegroundRole(QPalette::PlaceholderText);
+    page_->setProperty("dim", true);
     front_ = MakePageButton("FrontPageAtn", "FrontPage");
     dots_ = new QScrollBar(Qt::Horizontal, bar_);
     dots_->setObjectName("DotScroll");
@@ -141,7 +153,7 @@ void DigitWaveFrm::TurnPage() {
 void DigitWaveFrm::ApplyTexts() {
     DocumentWindow::ApplyTexts();
     for (QWidget* part : Widgets{front_, next_}) part->setToolTip(Text(part));
-    for (QWidget* part : Widgets{front_, next_, list_, picture_})
+    for (QWidget* part : Widgets{front_, next_, list_, picture_, split_})
         part->setAccessibleName(Text(part));
     place_ = {};
     FollowSize();  // list and hint have texts
@@ -150,6 +162,12 @@ void DigitWaveFrm::ApplyTexts() {
 void DigitWaveFrm::ShowTitle() {
     const DigitDocument& document = DigitAt(Slot());
     SetTitle(document.Title, bool(document.Changed));
+    const QString told =
+        ToQt(TextOf("DigitWaveFrm", "Description"))
+            .arg(ToQt(document.Title), QString::number(document.Dots),
+                 QString::number(document.ChannelCount), ToQt(RateWithUnit(document.Rate)));
+    picture_->setAccessibleDescription(told);
+    list_->setAccessibleDescription(RowText(document));
 }
 
 void DigitWaveFrm::LayOut() {
@@ -218,7 +236,7 @@ void DigitWaveFrm::ShowPlace() {
 void DigitWaveFrm::LetTabIn(bool active) {
     for (QWidget* part : Widgets{list_, picture_})
         part->setFocusPolicy(active ? Qt::StrongFocus : Qt::ClickFocus);
-    for (QWidget* part : Widgets{front_, next_})
+    for (QWidget* part : Widgets{split_, front_, next_})
         part->setFocusPolicy(active ? Qt::TabFocus : Qt::NoFocus);
 }
 

@@ -3,6 +3,7 @@
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
+#include "ui/ButtonWalk.h"
 #include "ui/CaptionBar.h"
 #include "ui/Theme.h"
 
@@ -65,6 +66,8 @@ DocumentWindow::DocumentWindow(std::int16_t tag, QWidget* parent) : QWidget(pare
     row->setSpacing(4);
     row->addWidget(title_, 1);
     for (QToolButton* button : {minimise_, maximise_, close_}) row->addWidget(button);
+    buttons_ = new ButtonWalk({strip_}, ButtonWalk::Tab::Passes, this);
+    connect(buttons_, &ButtonWalk::Left, this, [this] { Picture()->setFocus(); });
     column_ = new QVBoxLayout(this);
     column_->setSpacing(0);
     column_->addWidget(strip_);
@@ -94,6 +97,10 @@ void DocumentWindow::SetTitle(const std::string& name, bool changed) {
     const QString title = QString::fromStdString(name) + (changed ? QString::fromUtf8(" •") : "");
     title_->setText(title);
     setWindowTitle(title);
+    // The mark alone says little to a screen reader.
+    const QString spoken = QString::fromStdString(name);
+    setAccessibleName(changed ? ToQt(TextOf("Mainfrm", "ChangedName")).arg(spoken) : spoken);
+    title_->setAccessibleName(accessibleName());
 }
 
 void DocumentWindow::ShowState(State state) {
@@ -138,6 +145,11 @@ void DocumentWindow::resizeEvent(QResizeEvent* event) {
 bool DocumentWindow::event(QEvent* event) {
     if (event->type() == QEvent::ScreenChangeInternal) FollowSize();
     return QWidget::event(event);
+}
+
+bool DocumentWindow::focusNextPrevChild(bool next) {
+    emit TabPressed(next);
+    return true;
 }
 
 // Presses and drags of the caption strip. Other buttons than the left one pass.

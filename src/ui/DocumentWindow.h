@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <QWidget>
 
+class ButtonWalk;
 class QLabel;
 class QToolButton;
 class QVBoxLayout;
@@ -43,6 +44,8 @@ public:
     virtual void LetTabIn(bool active);
     /// The widget that shows the document and takes the focus.
     virtual QWidget* Picture() const = 0;
+    /// The buttons of the caption, for the keyboard.
+    ButtonWalk* Buttons() const { return buttons_; }
 
     virtual bool IsOpen() const = 0;
     virtual bool IsChanged() const = 0;
@@ -61,6 +64,8 @@ signals:
     void Dragged(QPoint to);
     /// The menu key asks for a context menu.
     void ContextAsked(const QString& menu, QPoint global);
+    /// The Tab key, which goes on in the main window: a window inside another one would keep it.
+    void TabPressed(bool next);
     /// What lies under the pointer; empty outside of the plot.
     void PointerMoved(const QString& text);
 
@@ -71,6 +76,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -80,6 +86,7 @@ private:
     QWidget* strip_;
     QLabel* title_;
     QToolButton *minimise_, *maximise_, *close_;
+    ButtonWalk* buttons_;
     QVBoxLayout* column_;
     QPoint press_, grip_;  // of a drag: where it began on the screen, and inside the frame
     bool pressed_ = false, dragging_ = false;

@@ -28,6 +28,7 @@ EquationFrm::EquationFrm(QWidget* parent, int replace)
 }
 
 void EquationFrm::BuildForm() {
+    QLayout* expression = BuildExpression();  // first for the Tab key as well
     QGridLayout* form = MakeForm();
     AddLists(form);
     AddDots(form);
@@ -39,7 +40,7 @@ void EquationFrm::BuildForm() {
     preview_ = new PlotPreview(this);
     auto* rows = new QVBoxLayout;
     rows->setSpacing(DialogRowGap);
-    rows->addLayout(BuildExpression());
+    rows->addLayout(expression);
     rows->addLayout(MakeHalves(left, MakePlot(preview_)));
     LayOut(rows, MakeButtonRow());
     ok_ = findChild<QPushButton*>(QStringLiteral("OkAresBtn"));

@@ -84,7 +84,7 @@ FindPanel::FindPanel(QWidget* parent) : QWidget(parent) {
     value_ = AddDigits("txtDigitY", ValueDigits, ChangeFindValue);
     unit_ = new QLabel(group_);
     unit_->setObjectName("lblDigitUnit");
-    unit_->setForegroundRole(QPalette::PlaceholderText);
+    unit_->setProperty("dim", true);
     unit_->setFixedWidth(unit_->fontMetrics().horizontalAdvance('H') + 2);
     line_->addWidget(unit_);
     auto* row = new QHBoxLayout(this);

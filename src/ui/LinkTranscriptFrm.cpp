@@ -29,6 +29,9 @@ LinkTranscriptFrm::LinkTranscriptFrm(QWidget* parent) : DialogBase("LinkTranscri
         SwitchTranscript(on);
         ShowLines();
     });
+    buttons_ = {AddButton("CopyAresBtn", &LinkTranscriptFrm::CopyLines),
+                AddButton("ClearAresBtn", &LinkTranscriptFrm::ClearLines),
+                AddButton("SaveAresBtn", &LinkTranscriptFrm::SaveLines)};
     lines_ = new QPlainTextEdit(this);
     lines_->setObjectName(QStringLiteral("TranscriptTxt"));
     lines_->setReadOnly(true);
@@ -36,9 +39,6 @@ LinkTranscriptFrm::LinkTranscriptFrm(QWidget* parent) : DialogBase("LinkTranscri
     lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
     lines_->setMaximumBlockCount(static_cast<int>(MostTranscriptLines));
     lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    buttons_ = {AddButton("CopyAresBtn", &LinkTranscriptFrm::CopyLines),
-                AddButton("ClearAresBtn", &LinkTranscriptFrm::ClearLines),
-                AddButton("SaveAresBtn", &LinkTranscriptFrm::SaveLines)};
     auto* row = new QHBoxLayout;
     row->setSpacing(DialogRowGap);
     row->addWidget(record_);

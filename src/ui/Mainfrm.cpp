@@ -11,6 +11,7 @@
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
+#include "ui/ButtonWalk.h"
 #include "ui/CaptionBar.h"
 #include "ui/ConnectImage.h"
 #include "ui/DigitWaveFrm.h"
@@ -23,6 +24,7 @@
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
+#include <algorithm>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -94,6 +96,8 @@ void Mainfrm::BuildCaption() {
     column->addWidget(caption_);
     column->addWidget(menus_);
     setMenuWidget(top);
+    captionButtons_ = new ButtonWalk({caption_}, ButtonWalk::Tab::Passes, this);
+    connect(captionButtons_, &ButtonWalk::Left, this, &Mainfrm::FocusPicture);
     connect(caption_, &CaptionBar::MoveBegins, this, &Mainfrm::BeginMove);
     connect(caption_, &CaptionBar::MinimisePressed, this, &QWidget::showMinimized);
     connect(caption_, &CaptionBar::MaximisePressed, this, &Mainfrm::ToggleMaximised);
@@ -102,8 +106,10 @@ void Mainfrm::BuildCaption() {
 
 void Mainfrm::BuildToolBars() {
     setContextMenuPolicy(Qt::NoContextMenu);  // the tool bars cannot be hidden
+    std::vector<QList<QWidget*>> lines;
     for (const MenuRow& row : ToolBars()) {
         if (row.NewLine && !bars_.empty()) addToolBarBreak();
+        if (row.NewLine) lines.emplace_back();
         QToolBar* bar = actions_->MakeToolBar(row, this);
         addToolBar(bar);
         if (row.Entries.back() == "-") {  // the same room on both sides of the last separator
@@ -113,11 +119,16 @@ void Mainfrm::BuildToolBars() {
             bar->layout()->setContentsMargins(rim);
         }
         bars_.push_back(bar);
+        lines.back() << bar;
         // The style's own arrow to what does not fit is black on every ground.
         if (auto* more = bar->findChild<QToolButton*>("qt_toolbar_ext_button")) {
             more->setIcon(ThemedIcon("ChevronDown"));
             more->setStyleSheet("padding: 0");  // it is 12 pixels wide
         }
+    }
+    for (const QList<QWidget*>& line : lines) {
+        lines_.push_back(new ButtonWalk(line, ButtonWalk::Tab::Stops, this));
+        connect(lines_.back(), &ButtonWalk::Left, this, &Mainfrm::FocusPicture);
     }
 }
 
@@ -128,9 +139,7 @@ void Mainfrm::BuildDocumentArea() {
     column->setSpacing(0);
     area_ = new DocumentArea(centre);
     status_ = new StatusStrip(*actions_, centre);
-    connect(status_, &StatusStrip::Left, this, [this] {
-        if (DocumentWindow* window = Window(ActiveTag())) window->Picture()->setFocus();
-    });
+    connect(status_, &StatusStrip::Left, this, &Mainfrm::FocusPicture);
     // Behind the command, which has brought the panel to the front or taken it away.
     for (const char* door : {"FindAresBtn", "mnuDigitDrawFind", "mnuDigitDrawPointEdit"})
         connect(actions_->Find(door), &QAction::triggered, status_, &StatusStrip::FocusFindPanel);
@@ -148,6 +157,9 @@ void Mainfrm::BuildDocumentArea() {
             &QMdiArea::activateNextSubWindow);
     connect(new QShortcut(QKeySequence("Ctrl+Shift+Tab"), this), &QShortcut::activated, area_,
             &QMdiArea::activatePreviousSubWindow);
+    for (const auto& [keys, by] : {std::pair("F6", 1), {"Shift+F6", -1}})
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this,
+                [this, by = by] { StepPart(by); });
     connect(new QShortcut(QKeySequence("Ctrl+W"), this), &QShortcut::activated, this, [this] {
         if (QMdiSubWindow* window = area_->activeSubWindow()) window->close();
     });
@@ -163,9 +175,11 @@ QMdiSubWindow* Mainfrm::MakeWindow(std::int16_t tag) {
         window = new DigitWaveFrm(static_cast<std::int16_t>(tag - FirstDigitTag), nullptr);
     }
     connect(window, &DocumentWindow::ContextAsked, this, &Mainfrm::PopupMenu);
+    connect(window, &DocumentWindow::TabPressed, this, &Mainfrm::focusNextPrevChild);
     connect(window, &DocumentWindow::PointerMoved, status_, &StatusStrip::ShowPointer);
     QMdiSubWindow* frame = area_->AddDocument(window);
     frame->setObjectName(window->objectName() + QString::number(window->Slot()));
+    frame->setFocusPolicy(Qt::NoFocus);  // the window in it has the stops
     frame->installEventFilter(this);
     return frame;
 }
@@ -186,6 +200,47 @@ void Mainfrm::OpenWindow(std::int16_t tag) {
 void Mainfrm::TabToActive() {
     for (QMdiSubWindow* frame : frames_)
         if (frame != nullptr) WindowOf(frame)->LetTabIn(frame == area_->currentSubWindow());
+}
+
+// Without a document nothing has the focus, as after the start.
+void Mainfrm::FocusPicture() {
+    if (DocumentWindow* window = Window(ActiveTag()))
+        window->Picture()->setFocus();
+    else if (QWidget* focused = focusWidget())
+        focused->clearFocus();
+}
+
+// The parts of the window in a ring: picture, caption of the document, caption of the window, tool
+// bars, status strip. A part without an open control is passed over.
+void Mainfrm::StepPart(int by) {
+    struct Part {
+        QWidget* Stop;
+        bool Here;
+    };
+    std::vector<Part> parts;
+    DocumentWindow* shown = Window(ActiveTag());
+    const auto within = [this](const QWidget* part) { return part->isAncestorOf(focusWidget()); };
+    const auto addRow = [&parts](const ButtonWalk* row) {
+        parts.push_back({row->Stop(), row->HasFocus()});
+    };
+    if (shown != nullptr) {
+        QWidget* picture = shown->Picture();
+        const bool inside = within(shown) && !shown->Buttons()->HasFocus();
+        parts.push_back({picture->isVisible() ? picture : nullptr, inside});
+        addRow(shown->Buttons());
+    }
+    addRow(captionButtons_);
+    for (const ButtonWalk* line : lines_) addRow(line);
+    parts.push_back({status_->FirstStop(), within(status_)});
+    const int count = static_cast<int>(parts.size());
+    const auto here = std::ranges::find(parts, true, &Part::Here);
+    int at = by > 0 ? -1 : count;
+    if (here != parts.end()) at = static_cast<int>(here - parts.begin());
+    for (int i = 0; i < count; ++i) {
+        at = (at + by + count) % count;
+        QWidget* stop = parts[static_cast<std::size_t>(at)].Stop;
+        if (stop != nullptr) return stop->setFocus(Qt::TabFocusReason);
+    }
 }
 
 DocumentWindow* Mainfrm::Window(std::int16_t tag) const {
@@ -218,6 +273,7 @@ void Mainfrm::ShowTitle(std::int16_t tag) {
     const DocumentWindow* shown = Window(ActiveTag());
     caption_->ShowDocument(shown ? shown->windowTitle() : QString());
     setWindowTitle(shown ? shown->windowTitle() + " - TideMark" : QString("TideMark"));
+    setAccessibleName(shown ? shown->accessibleName() + " - TideMark" : QString("TideMark"));
 }
 
 void Mainfrm::ShowPlot(std::int16_t tag) {
@@ -261,8 +317,14 @@ void Mainfrm::ApplyLanguage() {
     caption_->ApplyTexts();
     status_->ApplyTexts();
     area_->viewport()->update();
-    for (QMdiSubWindow* frame : frames_)
-        if (frame != nullptr) WindowOf(frame)->ApplyTexts();
+    for (QMdiSubWindow* frame : frames_) {
+        if (frame == nullptr) continue;
+        WindowOf(frame)->ApplyTexts();
+        WindowOf(frame)->ShowTitle();
+    }
+    for (QToolButton* button : findChildren<QToolButton*>())  // to what does not fit
+        if (button->objectName().endsWith("_ext_button"))
+            button->setAccessibleName(Text("Mainfrm", "MoreAresBtn"));
     ShowLink();
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 class ActionTable;
+class ButtonWalk;
 class CaptionBar;
 class ConnectImage;
 class DocumentArea;
@@ -63,6 +64,8 @@ private:
     void ShowKind();
     void ShowActiveTool();
     void TabToActive();
+    void FocusPicture();
+    void StepPart(int by);
     void FillWindowMenu();
     bool CloseAllDocuments();
     void LeaveMaximised();
@@ -70,9 +73,11 @@ private:
 
     ActionTable* actions_;
     CaptionBar* caption_;
+    ButtonWalk* captionButtons_;
     QMenuBar* menus_;
     QMenu* windowMenu_ = nullptr;
-    std::vector<QToolBar*> bars_;  // in the order of ToolBars()
+    std::vector<QToolBar*> bars_;     // in the order of ToolBars()
+    std::vector<ButtonWalk*> lines_;  // of tool bars, those of both kinds of documents
     DocumentArea* area_;
     StatusStrip* status_;
     ConnectImage* activity_;

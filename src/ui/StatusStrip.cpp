@@ -150,7 +150,7 @@ QWidget* StatusStrip::MakeRight() {
     pointer_ = new QLabel(right);
     pointer_->setObjectName("lblPointer");
     pointer_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    pointer_->setForegroundRole(QPalette::PlaceholderText);
+    pointer_->setProperty("dim", true);
     progress_ = new QProgressBar(right);
     progress_->setObjectName("prgWork");
     right_->addWidget(pointer_);
@@ -335,6 +335,17 @@ void StatusStrip::FocusEntry() {
         if (box->isVisible() && box->text().isEmpty()) break;
     }
     if (last != nullptr) last->setFocus(Qt::TabFocusReason);
+}
+
+QWidget* StatusStrip::FirstStop() const {
+    QWidget* first = nullptr;
+    const auto left = [this](const QWidget* each) { return each->mapTo(this, QPoint()).x(); };
+    for (QWidget* each : findChildren<QWidget*>()) {
+        const bool stops = each->isVisible() && each->isEnabled() &&
+                           (each->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (stops && (first == nullptr || left(each) < left(first))) first = each;
+    }
+    return first;
 }
 
 bool StatusStrip::eventFilter(QObject* watched, QEvent* event) {

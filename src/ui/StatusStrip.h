@@ -35,6 +35,8 @@ public:
     /// Moves it to what is to be filled first in the panel for point edit and find, if that is in
     /// front.
     void FocusFindPanel();
+    /// The leftmost control that the Tab key reaches; null where there is none.
+    QWidget* FirstStop() const;
     void ApplyTexts();
     /// Work that lasts longer than a moment shows a bar; total 0 ends it. Returns true when the
     /// bar changed, so that the caller lets it repaint.

@@ -21,7 +21,7 @@ const ChromePalette DarkChrome = {
     QColor(0x8C99A5), QColor(0x3BA7FF), QColor(0x4CD07D), QColor(0xFFC93C), QColor(0xFF5C5C)};
 const ChromePalette LightChrome = {
     QColor(0xF4F6F8), QColor(0xFFFFFF), QColor(0xE6EAEE), QColor(0xCBD3DA), QColor(0x1B242C),
-    QColor(0x5B6873), QColor(0x0B6BC2), QColor(0x4CD07D), QColor(0xFFC93C), QColor(0xFF5C5C)};
+    QColor(0x5B6873), QColor(0x0B6BC2), QColor(0x23924F), QColor(0xA87400), QColor(0xE03A3A)};
 
 Chrome TheChrome = Chrome::Dark;
 
@@ -60,7 +60,7 @@ QString FilledStyleSheet() {
         {"$field$", FieldColour()},
         {"$button$", chrome.panel},
         {"$raised$", MixColours(chrome.panel, chrome.line, 0.6)},
-        {"$thumb$", MixColours(chrome.line, chrome.dim, 0.3)},
+        {"$thumb$", MixColours(chrome.line, chrome.dim, 0.65)},
         {"$tinted$", MixColours(chrome.base, chrome.accent, 0.28)},
     };
     for (const auto& [name, colour] : colours) sheet.replace(QLatin1String(name), colour.name());
@@ -194,6 +194,11 @@ void ApplyTheme(QApplication& app) {
 
 QIcon ThemedIcon(const QString& name) {
     return QIcon(new TintedIconEngine(name));
+}
+
+QColor SignColour(bool fault) {
+    const ChromePalette& chrome = CurrentChrome();
+    return MixColours(fault ? chrome.fault : chrome.busy, chrome.text, 0.25);
 }
 
 QColor MixColours(const QColor& from, const QColor& to, double share) {

@@ -29,5 +29,8 @@ void ApplyTheme(QApplication& app);
 /// when on. Rendered at the size and pixel ratio asked for, when first shown.
 QIcon ThemedIcon(const QString& name);
 
+/// The sign before a note, a fault or a warning: its colour, nearer to that of text.
+QColor SignColour(bool fault);
+
 /// A colour between two: `share` 0 gives `from`, 1 gives `to`.
 QColor MixColours(const QColor& from, const QColor& to, double share);

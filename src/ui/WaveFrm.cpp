@@ -4,6 +4,9 @@
 #include "analog/DrawAnalogWave.h"
 #include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
+#include "frame/LoadLanguageCode.h"
+#include "frame/StringFunc.h"
+#include "platform/qt/QtText.h"
 #include "ui/WavePic.h"
 
 #include <cmath>
@@ -23,6 +26,14 @@ WaveFrm::WaveFrm(std::int16_t slot, QWidget* parent) : DocumentWindow(slot, pare
 void WaveFrm::ShowTitle() {
     const AnalogWaveRecord& wave = AnalogAt(Slot());
     SetTitle(wave.Name, bool(wave.Modified));
+    const auto text = [](const char* name) { return ToQt(TextOf("WaveFrm", name)); };
+    QString told =
+        text("Description")
+            .arg(ToQt(wave.Name), QString::number(wave.Dots), QString::number(wave.MaxDots),
+                 ToQt(VoltToText(wave.Vpp)), ToQt(TimeToText(wave.Period)));
+    if (wave.HasSelection) told += text("Selected").arg(wave.SelStart).arg(wave.SelEnd);
+    plot_->setAccessibleName(text("WavePic"));
+    plot_->setAccessibleDescription(told);
 }
 
 void WaveFrm::LayOut() {

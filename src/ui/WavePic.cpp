@@ -3,17 +3,21 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
+#include "analog/KeyFuncBox.h"
 #include "analog/LimitFuncBox.h"
 #include "analog/MouseFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
+#include "frame/PlotPalette.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
 #include "ui/PicMouse.h"
 
+#include <algorithm>
+#include <iterator>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -154,6 +158,27 @@ bool WavePic::StepTrack(const QKeyEvent& event) const {
     return false;
 }
 
+bool WavePic::ForwardKey(const QKeyEvent& event) {
+    constexpr std::pair<int, PlotKey> keys[] = {
+        {Qt::Key_Left, PlotKey::Left},     {Qt::Key_Right, PlotKey::Right},
+        {Qt::Key_Up, PlotKey::Up},         {Qt::Key_Down, PlotKey::Down},
+        {Qt::Key_Home, PlotKey::Home},     {Qt::Key_End, PlotKey::End},
+        {Qt::Key_PageUp, PlotKey::PageUp}, {Qt::Key_PageDown, PlotKey::PageDown},
+        {Qt::Key_Space, PlotKey::Space}};
+    const auto* found = std::ranges::find(keys, event.key(), &std::pair<int, PlotKey>::first);
+    if (found == std::end(keys)) return false;
+    const Qt::KeyboardModifiers held = event.modifiers();
+    const KeyState state = {.Shift = held.testFlag(Qt::ShiftModifier),
+                            .Control = held.testFlag(Qt::ControlModifier),
+                            .Alt = held.testFlag(Qt::AltModifier),
+                            .Repeats = event.isAutoRepeat()};
+    if (!WavePic_KeyDown(slot_, found->second, state)) return false;
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
+    if (state.Alt)  // where the limit line now stands
+        emit PointerMoved(QString::fromStdString(PointerText(wave, wave.TrackX, wave.TrackY)));
+    return true;
+}
+
 void WavePic::keyPressEvent(QKeyEvent* event) {
     AnalogWaveRecord& wave = AnalogAt(slot_);
     const Tool tool = ToolOf(wave);
@@ -163,8 +188,18 @@ void WavePic::keyPressEvent(QKeyEvent* event) {
         DropSelection(slot_);
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         emit EntryAsked();
-    else if (!StepTrack(*event))
+    else if (!StepTrack(*event) && !ForwardKey(*event))
         QWidget::keyPressEvent(event);
+}
+
+void WavePic::focusInEvent(QFocusEvent* event) {
+    byKeys_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    update();
+}
+
+void WavePic::focusOutEvent(QFocusEvent*) {
+    byKeys_ = false;
+    update();
 }
 
 void WavePic::leaveEvent(QEvent*) {
@@ -182,6 +217,9 @@ void WavePic::paintEvent(QPaintEvent*) {
     painter.drawImage(plot.X, plot.Y, ImageOf(wave.PlotSurface));
     painter.restore();
     if (wave.InUse && wave.Dots == 0) PaintHint(painter);
+    if (!byKeys_) return;
+    painter.setPen(QColor::fromRgb(PlotPointer));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 // A new document says what to do next, between two grid lines and quietly.

@@ -29,6 +29,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
@@ -37,8 +39,10 @@ private:
     QPoint OnPlot(const QPointF& place) const;  // of the plot
     bool NearPlot(QPoint plot) const;
     bool StepTrack(const QKeyEvent& event) const;
+    bool ForwardKey(const QKeyEvent& event);
 
     std::int16_t slot_;
+    bool byKeys_ = false;  // the focus came by the Tab key: it is shown
     int cursorTool_ = -1;  // the `Tool` whose mouse pointer is set
     int wheel_ = 0;        // eighths of a degree that are not yet a notch
 };

@@ -1,4 +1,5 @@
 #include "platform/Settings.h"
+#include "ui/ControlWalk.h"
 #include "ui/DownLoadWaveFrm.h"
 #include "ui/EquationFrm.h"
 #include "ui/LinkTranscriptFrm.h"
@@ -137,6 +138,8 @@ void ExpectTexts(const QWidget& dialog) {
         texts << text;
     }
     ExpectUniqueMnemonics(dialog.objectName(), texts);
+    ExpectNames(dialog);
+    ExpectTabOrder(const_cast<QWidget&>(dialog));
 }
 
 TEST_F(MainWindowTest, EveryDialogSpeaksTheLanguageInUseAndKeepsItsSize) {
