@@ -20,7 +20,8 @@ const PlotColours PrintColours = {.Surround = 0xFFFFFF,
                                   .Curve = 0x000000,
                                   .Limit = 0x000000,
                                   .Mark = 0x000000,
-                                  .Pointer = 0x000000};
+                                  .Pointer = 0x000000,
+                                  .LinePen = 1.0};
 
 namespace {
 
@@ -31,8 +32,24 @@ constexpr double PointerReach = 6.0, PointerDepth = 4.0;  // half sizes of a sca
 constexpr double CurvePen = 1.4;                          // logical pixels
 constexpr std::int32_t SparseSamples = 4;  // across a pixel, where single dots can be seen
 
-const PlotColours& ColoursOf(const AnalogWaveRecord& wave) {
-    return wave.PrintMode ? PrintColours : ScreenColours;
+std::int32_t PenOf(const Surface& plot, double linePen) {
+    return std::max(1, Scaled(linePen, plot.Scale()));
+}
+
+// An upright or level line. A thick one stays on the plot with its whole width.
+void DrawStraight(Surface& plot, PixelPoint from, PixelPoint to, Colour colour, double linePen,
+                  bool dashed = false) {
+    const std::int32_t pen = PenOf(plot, linePen);
+    const bool upright = from.X == to.X;
+    const std::int32_t room = (upright ? plot.Width() : plot.Height()) - pen;
+    std::int32_t at = (upright ? from.X : from.Y) - pen / 2;
+    if (pen > 1) at = std::clamp(at, 0, std::max(room, 0));
+    for (const std::int32_t end = at + pen; at < end; ++at) {
+        if (upright)
+            plot.Line(at, from.Y, at, to.Y, colour, dashed);
+        else
+            plot.Line(from.X, at, to.X, at, colour, dashed);
+    }
 }
 
 // The columns of the vertical grid lines and the dots they stand for.
@@ -59,19 +76,21 @@ std::vector<GridLine> VerticalLines(const WaveView& view, std::int32_t width) {
 void DrawGrid(Surface& plot, const WaveView& view, std::span<const GridLine> lines, Flag gridOn,
               const PlotColours& colours) {
     const std::int32_t right = plot.Width() - 1, bottom = plot.Height() - 1;
+    const double pen = colours.LinePen;
     if (gridOn) {
         for (const GridLine& line : lines) {
             const std::int32_t x = std::min(line.X, right);
-            plot.Line(x, 0, x, bottom, colours.Grid);
+            DrawStraight(plot, {x, 0}, {x, bottom}, colours.Grid, pen);
         }
         for (std::int32_t i = 0; i <= VerticalDivisions; ++i) {
             const std::int32_t y = RoundToInt(static_cast<double>(bottom) / VerticalDivisions * i);
-            plot.Line(0, y, right, y, colours.Grid);
+            DrawStraight(plot, {0, y}, {right, y}, colours.Grid, pen);
         }
     }
-    plot.Line(0, 0, 0, bottom, colours.Axis);
+    DrawStraight(plot, {0, 0}, {0, bottom}, colours.Axis, pen);
     const std::int32_t zero = RoundToInt(ValueToPixel(0.0, view, plot.Height()));
-    if (zero >= 0 && zero <= bottom) plot.Line(0, zero, right, zero, colours.Axis);
+    if (zero >= 0 && zero <= bottom)
+        DrawStraight(plot, {0, zero}, {right, zero}, colours.Axis, pen);
 }
 
 void DrawDotLabels(Surface& back, std::span<const GridLine> lines, const PlotColours& colours,
@@ -134,11 +153,12 @@ public:
         // A jump within one column, and the view's last dot, which lies on the border.
         if (end >= 0.0 && begin <= last) Cover(ColumnOf(stop), std::min(y, y2), std::max(y, y2));
     }
-    // Draws the runs with a round pen: each spreads over the columns within its radius.
-    void Stroke(double pen, std::vector<ColumnRun>& stroked) const {
+    // Draws the runs with a round pen: each spreads over the columns within its radius, dense ones
+    // over those within the radius of the least pen.
+    void Stroke(double pen, double leastPen, std::vector<ColumnRun>& stroked) const {
         const double radius = pen / 2;
-        const auto reach =
-            samples_ == 1 ? 0 : static_cast<std::int32_t>(std::floor(radius * samples_));
+        const double spread = samples_ == 1 ? std::min(leastPen, pen) / 2 : radius * samples_;
+        const auto reach = static_cast<std::int32_t>(std::floor(spread));
         stroked.assign(runs_.size(), Empty);
         for (std::int32_t offset = -reach; offset <= reach; ++offset) {
             const double across = static_cast<double>(offset) / samples_;
@@ -211,7 +231,7 @@ void CoverDense(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot>
 }
 
 void DrawPoints(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
-                std::int32_t first, std::int32_t last, Colour colour) {
+                std::int32_t first, std::int32_t last, Colour colour, std::int32_t pen) {
     const std::int64_t room =
         std::min<std::int64_t>(last - first + 1, std::int64_t{plot.Width()} * plot.Height());
     std::vector<PixelPoint> pixels(static_cast<std::size_t>(room));
@@ -219,7 +239,12 @@ void DrawPoints(Surface& plot, const WaveView& view, std::span<const WaveDot> do
     const std::int32_t count =
         PlotWaveDot(dots.data(), &pixels.data()->X, first, last, plot.Width(), plot.Height(),
                     view.Top, view.Bottom, view.Start, view.End);
-    plot.Points(std::span(pixels).first(static_cast<std::size_t>(count)), colour);
+    pixels.resize(static_cast<std::size_t>(count));
+    if (pen == 1) return plot.Points(pixels, colour);
+    for (const auto& [x, y] : pixels) {
+        const std::int32_t left = x - pen / 2, top = y - pen / 2;
+        plot.FillBox(left, top, left + pen - 1, top + pen - 1, colour);
+    }
 }
 
 // Keeps the drawn edge while it moves by no more than a pixel, so that a dragged bar does not
@@ -239,6 +264,10 @@ void DrawSelection(AnalogWaveRecord& wave, const WaveView& view) {
 }
 
 }  // namespace
+
+const PlotColours& ColoursOf(const AnalogWaveRecord& wave) {
+    return wave.PrintMode ? PrintColours : ScreenColours;
+}
 
 WaveView ViewOf(const AnalogWaveRecord& wave) {
     return {wave.ViewStart, wave.ViewEnd, wave.ViewTop, wave.ViewBottom};
@@ -297,13 +326,13 @@ void DrawGridAndLabels(Surface& plot, const WaveView& view, Flag gridOn, const P
 }
 
 void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
-                   Flag dotLinkOn, Colour colour) {
+                   Flag dotLinkOn, Colour colour, double linePen) {
     const auto count = Narrow<std::int32_t>(dots.size());
     const std::int32_t first = std::max(view.Start, 0);
     const std::int32_t last = std::min(view.End, count - 1);
     if (plot.IsNull() || view.End <= view.Start || view.Top <= view.Bottom || last < first) return;
     if (!dotLinkOn) {
-        DrawPoints(plot, view, dots, first, last, colour);
+        DrawPoints(plot, view, dots, first, last, colour, PenOf(plot, linePen));
         return;
     }
     const bool sparse = (view.End - view.Start) / (2 * plot.Width()) <= 1;
@@ -314,7 +343,7 @@ void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot>
         CoverSparse(runs, view, dots, first, last, plot);
     else
         CoverDense(runs, view, dots, first, last, plot);
-    runs.Stroke(CurvePen * plot.Scale(), stroked);
+    runs.Stroke(CurvePen * plot.Scale(), linePen * plot.Scale(), stroked);
     plot.FillColumns(0, stroked, samples, colour);
 }
 
@@ -345,10 +374,12 @@ void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColou
     const auto [near, far] = std::minmax(left, right);
     if (wave.XLimitOn)
         for (const std::int32_t x : {left, right})
-            plot.Line(x, both ? low : 0, x, both ? high : lastRow, colours.Limit, true);
+            DrawStraight(plot, {x, both ? low : 0}, {x, both ? high : lastRow}, colours.Limit,
+                         colours.LinePen, true);
     if (wave.YLimitOn)
         for (const std::int32_t y : {top, bottom})
-            plot.Line(both ? near : 0, y, both ? far : lastColumn, y, colours.Limit, true);
+            DrawStraight(plot, {both ? near : 0, y}, {both ? far : lastColumn, y}, colours.Limit,
+                         colours.LinePen, true);
 }
 
 void DrawCross(Surface& plot, PixelPoint at) {

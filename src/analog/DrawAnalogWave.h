@@ -14,6 +14,7 @@ struct WaveView {
 
 struct PlotColours {
     Colour Surround, Back, Grid, Axis, Label, Curve, Limit, Mark, Pointer;
+    double LinePen = 0.0;  // of straight lines and single dots, logical pixels; 0: a device pixel
 };
 
 /// Room for wide scale texts to the left of the back area, logical pixels.
@@ -22,6 +23,7 @@ inline constexpr std::int32_t LabelGutter = 28;
 inline constexpr double SegmentMarkHeight = 14.0;
 extern const PlotColours& ScreenColours;  // as the user chose them, see ScreenColours.h
 extern const PlotColours PrintColours;
+const PlotColours& ColoursOf(const AnalogWaveRecord& wave);
 inline constexpr Colour RubberColour = 0x00FF00;
 
 /// What the labels of a grid need beside the view: the plot's place and the document's scales.
@@ -59,9 +61,10 @@ void DrawGridAndLabels(Surface& plot, const WaveView& view, Flag gridOn, const P
                        Surface* back, const GridLabels* labels);
 
 /// Draws dots `view.Start`..`view.End` that exist. Joined dots cover one run of rows in every pixel
-/// column, so that each peak shows at any zoom and the work is one pass over the dots.
+/// column, so that each peak shows at any zoom and the work is one pass over the dots. `linePen` is
+/// the least width of what is drawn, as in PlotColours.
 void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
-                   Flag dotLinkOn, Colour colour);
+                   Flag dotLinkOn, Colour colour, double linePen = 0.0);
 
 /// A short bar at the end of every segment inside the view.
 void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,

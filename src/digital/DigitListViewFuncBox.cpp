@@ -33,12 +33,16 @@ struct ListPaint {
     const DigitColours& Colours;
     double Scale;
     std::int32_t Px(double logical) const { return Scaled(logical, Scale); }
+    // A line between rows, of which `bottom` is the last pixel.
+    void Separate(std::int32_t bottom, Colour colour) const {
+        const std::int32_t top = bottom - QuietPenOf(Document, Scale) + 1;
+        List.FillBox(0, top, List.Width() - 1, bottom, colour);
+    }
 };
 
 void DrawHead(const ListPaint& paint) {
-    const std::int32_t right = paint.List.Width() - 1, bottom = paint.Px(RulerHeight) - 1;
     const std::int32_t middle = paint.Px(RulerHeight / 2.0);
-    paint.List.FillBox(0, bottom, right, bottom, paint.Colours.Tick);
+    paint.Separate(paint.Px(RulerHeight) - 1, paint.Colours.Tick);
     paint.List.Text(paint.Px(NameLeft), middle, TextOf("DigitWaveFrm", "NameHead"),
                     paint.Colours.Label, TextAlign::Left, HeadSize);
     paint.List.Text(paint.List.Width() - paint.Px(ValueRight), middle,
@@ -47,6 +51,7 @@ void DrawHead(const ListPaint& paint) {
 }
 
 bool IsListSelected(const DigitDocument& document, DigitTarget target) {
+    if (document.PrintMode) return false;
     const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
     return bool(target.Member < 0
                     ? node.ListSelected
@@ -61,7 +66,7 @@ void DrawRowGround(const ListPaint& paint, const RowBox& box, DigitTarget target
         paint.List.FillBox(0, box.Top, paint.Px(BarWidth) - 1, box.Bottom - 1,
                            paint.Colours.Caliper);
     }
-    paint.List.FillBox(0, box.Bottom, right, box.Bottom, paint.Colours.RowLine);
+    paint.Separate(box.Bottom, paint.Colours.RowLine);
     // The mark of a bus runs on through its members.
     const DigitNode& node = paint.Document.Nodes[static_cast<std::size_t>(target.Node)];
     Colour group = GroupColour(paint.Document, target.Node);

@@ -31,6 +31,10 @@ std::int32_t PenOf(double scale) {
     return std::max(1, static_cast<std::int32_t>(scale));
 }
 
+std::int32_t QuietPenOf(const DigitDocument& document, double scale) {
+    return document.PrintMode ? PenOf(scale) : 1;
+}
+
 Colour MixColours(Colour ground, Colour over, double share) {
     Colour mixed = 0;
     for (int shift = 0; shift < 24; shift += 8) {
@@ -83,7 +87,7 @@ ColumnSpan ColumnsOfSpan(const DigitDocument& document, const DigitPage& page, s
 
 ColumnSpan SelectedColumns(const DigitDocument& document, const DigitPage& page, std::int32_t row) {
     const DigitTarget target = TargetAtRow(document, row);
-    if (target.Node < 0) return {0, -1};
+    if (target.Node < 0 || document.PrintMode) return {0, -1};
     const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
     if (node.WaveSelected || node.ListSelected)
         return ColumnsOfSpan(document, page, node.SelectStart, node.SelectEnd);
@@ -102,7 +106,8 @@ RowBox BoxOfRow(const DigitDocument& document, std::int32_t origin, double scale
 
 std::int32_t EndOfRows(const DigitDocument& document, std::int32_t origin, double scale,
                        std::int32_t height) {
-    const double fit = std::ceil((height - origin) / (RowHeight * scale));
+    const double room = (height - origin) / (RowHeight * scale);
+    const double fit = document.PrintMode ? std::floor(room) : std::ceil(room);
     const auto rows = Narrow<std::int32_t>(std::ssize(document.ListRows));
     return std::min(rows, document.FirstRow + RoundToInt(fit));
 }

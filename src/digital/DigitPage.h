@@ -7,6 +7,8 @@
 
 /// Width of a crisp line in device pixels: one, two from a scale of 2 on.
 std::int32_t PenOf(double scale);
+/// Thickness of the lines between rows and of the ruler's: one device pixel, PenOf(scale) in print.
+std::int32_t QuietPenOf(const DigitDocument& document, double scale);
 /// `over` at a share of 0..1 on `ground`.
 Colour MixColours(Colour ground, Colour over, double share);
 
@@ -37,7 +39,8 @@ struct ColumnSpan {
 ColumnSpan ColumnsOfSpan(const DigitDocument& document, const DigitPage& page, std::int32_t start,
                          std::int32_t end);
 
-/// The columns that are selected in a row. Members go with a bus that is selected as a whole.
+/// The columns that are selected in a row, none in print. Members go with a bus that is selected as
+/// a whole.
 ColumnSpan SelectedColumns(const DigitDocument& document, const DigitPage& page, std::int32_t row);
 
 // Device rows of a list row: Top..Bottom, of which Bottom is its separator.
@@ -46,6 +49,7 @@ struct RowBox {
 };
 /// The row's box where the first row shown begins at device row `origin`.
 RowBox BoxOfRow(const DigitDocument& document, std::int32_t origin, double scale, std::int32_t row);
-/// One past the last row of the list that shows at all in a surface of `height` device rows.
+/// One past the last row of the list that shows at all in a surface of `height` device rows; in
+/// print, past the last one that shows as a whole.
 std::int32_t EndOfRows(const DigitDocument& document, std::int32_t origin, double scale,
                        std::int32_t height);

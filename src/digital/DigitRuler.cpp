@@ -46,6 +46,7 @@ void DrawRuler(DigitDocument& document, const DigitPage& page) {
     const DigitColours& colours = ColoursOf(document);
     const auto scaled = [&](double length) { return Scaled(length, page.Scale); };
     const std::int32_t bottom = page.Top - 1, pen = PenOf(page.Scale);
+    const std::int32_t quietPen = QuietPenOf(document, page.Scale);
     const std::int64_t labels =
         StepWithRoom(page, WidestLabel(document) + scaled(LabelRoom), longest);
     const std::int64_t ticks = StepWithRoom(page, TickRoom * page.Scale, labels);
@@ -57,11 +58,11 @@ void DrawRuler(DigitDocument& document, const DigitPage& page) {
         const std::int32_t top = bottom - scaled(labelled ? LongTick : ShortTick);
         surface.FillBox(x, top, x + pen - 1, bottom, colours.Tick);
         if (!labelled) continue;
-        surface.Line(x, page.Top, x, page.Height - 1, colours.RowLine);
+        surface.FillBox(x, page.Top, x + quietPen - 1, page.Height - 1, colours.RowLine);
         const std::string text = LabelOf(document, dot);
         const std::int32_t left = x + scaled(TextOffset);
         if (left + surface.TextWidth(text, TextSize) < page.Width)
             surface.Text(left, scaled(TextMiddle), text, colours.Label, TextAlign::Left, TextSize);
     }
-    surface.FillBox(0, bottom, page.Width - 1, bottom, colours.Tick);
+    surface.FillBox(0, bottom - quietPen + 1, page.Width - 1, bottom, colours.Tick);
 }

@@ -7,6 +7,7 @@
 #include "digital/DigitTraces.h"
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
+#include "frame/KeepAside.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
 #include "platform/Host.h"
@@ -46,7 +47,7 @@ constexpr Colour GroupColours[] = {0x6CC4F4, 0xF0A030, 0x34C79A, 0xE59BC8,
 
 constexpr double HintSize = 13.0;  // of the text in an empty picture, logical pixels
 constexpr double GripReach = 3.0, GripRise = 2.0;  // of the lines on the caliper's handle
-constexpr Colour GripColour = PlotBack;
+constexpr std::int32_t LeastPrintList = 160, MostPrintList = 300;  // logical pixels
 
 // --- the lower layer ---------------------------------------------------------------------------
 
@@ -63,15 +64,16 @@ void DrawGround(DigitDocument& document, const DigitPage& page) {
 
 void DrawRowLines(DigitDocument& document, const DigitPage& page) {
     const DigitColours& colours = ColoursOf(document);
+    const std::int32_t pen = QuietPenOf(document, page.Scale);
     const std::int32_t end = EndOfRows(document, page.Top, page.Scale, page.Height);
     for (std::int32_t row = document.FirstRow; row < end; ++row) {
         const std::int32_t y = BoxOfRow(document, page.Top, page.Scale, row).Bottom;
-        document.StaticSurface.FillBox(0, y, page.Width - 1, y, colours.RowLine);
+        document.StaticSurface.FillBox(0, y - pen + 1, page.Width - 1, y, colours.RowLine);
     }
 }
 
 void DrawHint(DigitDocument& document, const DigitPage& page) {
-    if (!document.Nodes.empty()) return;
+    if (!document.Nodes.empty() || document.PrintMode) return;
     Surface& surface = document.StaticSurface;
     const std::string hint = CutText(surface, TextOf("DigitWaveFrm", "hint"), page.Width, HintSize);
     surface.Text(page.Width / 2, (page.Top + page.Height) / 2, hint, ColoursOf(document).Label,
@@ -79,6 +81,7 @@ void DrawHint(DigitDocument& document, const DigitPage& page) {
 }
 
 void KeepSelectionPixels(DigitDocument& document) {
+    if (document.PrintMode) return;
     const auto left = [&](std::int32_t dot) {
         return static_cast<float>(DotToPixel(document, dot));
     };
@@ -120,7 +123,7 @@ void DrawOutline(Surface& surface, const ColumnSpan& across, const RowBox& down,
 
 // The dot last edited or found.
 void DrawMark(DigitDocument& document, const DigitPage& page) {
-    if (document.EditDot < 0) return;
+    if (document.EditDot < 0 || document.PrintMode) return;
     const DigitTarget target = TargetOfName(document, document.EditName);
     const std::int16_t row = target.Node < 0 ? std::int16_t{-1} : RowOfTarget(document, target);
     if (row < document.FirstRow) return;
@@ -166,7 +169,7 @@ void DrawRubberBand(DigitDocument& document, const DigitPage& page) {
 }
 
 // A tag whose lower half tapers to the line.
-void DrawHandle(Surface& surface, std::int32_t x, std::int32_t pen, Colour colour) {
+void DrawHandle(Surface& surface, std::int32_t x, std::int32_t pen, const DigitColours& colours) {
     const double scale = surface.Scale();
     const std::int32_t reach = Scaled(CaliperReach, scale);
     const std::int32_t top = Scaled(CaliperHandleY - CaliperRise, scale);
@@ -177,20 +180,23 @@ void DrawHandle(Surface& surface, std::int32_t x, std::int32_t pen, Colour colou
         const double away = std::abs(column + 0.5 - centre) / (reach + pen / 2.0);
         const ColumnRun run = {static_cast<float>(top),
                                static_cast<float>(middle + rise * (1.0 - away))};
-        surface.FillColumns(column, {&run, 1}, 1, colour);
+        surface.FillColumns(column, {&run, 1}, 1, colours.Caliper);
     }
     const std::int32_t step = Scaled(GripReach, scale), half = Scaled(GripRise, scale);
     for (const std::int32_t grip : {x - step, x, x + step})
-        surface.FillBox(grip, middle - half - pen, grip + pen - 1, middle + half - pen, GripColour);
+        surface.FillBox(grip, middle - half - pen, grip + pen - 1, middle + half - pen,
+                        colours.Back);
 }
 
-void DrawCaliper(DigitDocument& document, const DigitPage& page) {
+void DrawCaliper(const DigitDocument& document, const DigitPage& page, Surface& surface) {
     if (document.CaliperPixel < 0 || document.CaliperPixel >= document.PictureWidth) return;
-    Surface& surface = document.ShownSurface;
     const DigitColours& colours = ColoursOf(document);
     const std::int32_t x = Scaled(document.CaliperPixel, page.Scale), pen = PenOf(page.Scale);
-    surface.FillBox(x, page.Top, x + pen - 1, page.Height - 1, colours.Caliper);
-    DrawHandle(surface, x, pen, colours.Caliper);
+    // In print it has the traces' colour and is told apart by being thinner.
+    const std::int32_t line = document.PrintMode ? std::max(1, pen / 2) : pen;
+    const std::int32_t left = x + (pen - line) / 2;
+    surface.FillBox(left, page.Top, left + line - 1, page.Height - 1, colours.Caliper);
+    DrawHandle(surface, x, pen, colours);
 }
 
 void DrawMoving(DigitDocument& document) {
@@ -198,7 +204,22 @@ void DrawMoving(DigitDocument& document) {
     const DigitPage page = PageOf(document);
     document.ShownSurface.CopyFrom(document.StaticSurface);
     DrawRubberBand(document, page);
-    DrawCaliper(document, page);
+    DrawCaliper(document, page, document.ShownSurface);
+}
+
+// --- print -------------------------------------------------------------------------------------
+
+// List and picture side by side, a line between them and around both.
+void JoinParts(const DigitDocument& document, Surface& picture) {
+    const std::int32_t pen = PenOf(picture.Scale());
+    const std::int32_t border = document.ListSurface.Width();
+    const std::int32_t right = picture.Width() - 1, bottom = picture.Height() - 1;
+    const Colour colour = ColoursOf(document).Tick;
+    picture.Fill(ColoursOf(document).Back);
+    picture.CopyFrom(document.ListSurface);
+    picture.CopyFrom(document.StaticSurface, border, 0);
+    DrawOutline(picture, {0, right}, {0, bottom}, colour);
+    picture.FillBox(border - pen, 0, border - 1, bottom, colour);
 }
 
 }  // namespace
@@ -231,4 +252,30 @@ void Paint(std::int16_t index, Flag redrawList, Flag redrawPicture) {
     if (redrawList) DrawDigitList(document);
     DrawMoving(document);
     TheHost().ShowPlot(TagOfDigit(index));
+}
+
+bool PaintForPrint(DigitDocument& document, std::int32_t width, std::int32_t height, double scale,
+                   Surface& picture) {
+    const KeepAside kept(document.StaticSurface, document.ListSurface, document.PrintMode,
+                         document.PictureWidth, document.Zoom, document.CaliperPixel);
+    const std::int32_t listWidth = std::clamp(document.ListWidth, LeastPrintList, MostPrintList);
+    const std::int32_t list = Scaled(listWidth, scale), rows = Scaled(height, scale);
+    const std::int32_t columns = Scaled(width, scale) - list;
+    if (!picture.Create(list + columns, rows, scale) ||
+        !document.StaticSurface.Create(columns, rows, scale) ||
+        !document.ListSurface.Create(list, rows, scale)) {
+        picture.Free();
+        return false;
+    }
+    document.PrintMode = true;
+    const double wider =
+        static_cast<double>(width - listWidth) / std::max(document.PictureWidth, 1);
+    document.PictureWidth = width - listWidth;
+    document.Zoom /= wider;
+    document.CaliperPixel *= wider;
+    DrawPicture(document);
+    DrawCaliper(document, PageOf(document), document.StaticSurface);
+    DrawDigitList(document);
+    JoinParts(document, picture);
+    return true;
 }

@@ -28,3 +28,11 @@ void LayoutDigitSurfaces(DigitDocument& document, const DigitLayout& layout, dou
 /// The one entry to repaint the document of a slot and to have it shown. Without `redrawPicture`
 /// caliper and rubber band are drawn over a copy of the picture as it stands: no dot is read.
 void Paint(std::int16_t index, Flag redrawList, Flag redrawPicture);
+
+/// Paints what the document shows, list, ruler and traces, on a new surface of width x height
+/// logical pixels, `scale` device pixels to each, in print colours: the same dots fill the
+/// picture's width, and from the first row shown as many rows as there is room for. Of what belongs
+/// to the mouse only the caliper is printed, since the values in the list are those under it. The
+/// document comes back as it was. False, and a null picture, where a surface cannot be made.
+bool PaintForPrint(DigitDocument& document, std::int32_t width, std::int32_t height, double scale,
+                   Surface& picture);

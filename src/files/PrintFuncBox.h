@@ -1,8 +1,7 @@
 #pragma once
 // The picture of the active document on paper, or in the preview: the same dots and amplitudes as
-// its view, in print colours, painted at the printer's resolution. The screen's surfaces are put
-// aside meanwhile and come back in any case.
-#include <cstdint>
+// its view, in print colours, painted at the printer's resolution. The document's own surfaces stay
+// as they are.
 
 // Commands on the active document. A fault gives one message.
 void PrintAnalog();

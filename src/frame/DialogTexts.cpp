@@ -412,6 +412,9 @@ constexpr WindowText Rows[] = {
     {"FlashFrm", "LineLab", "Arbitrary waveforms, drawn by hand or formula",
      "任意波形：手绘或按公式生成"},
     {"FlashFrm", "VersionLab", "Version %1", "版本 %1"},
+
+    {"PrintPreviewFrm", "", "Print Preview", "打印预览"},
+    {"PrinterSetup", "", "Printer Setup", "打印设置"},
 };
 
 }  // namespace

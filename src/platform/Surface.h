@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 using Colour = std::uint32_t;  // 0xRRGGBB
@@ -66,6 +67,10 @@ public:
 
     /// The colour at a pixel; 0 on a null surface or outside.
     Colour Pixel(std::int32_t x, std::int32_t y) const;
+
+    /// Writes the image as a bitmap file of 24 bits to the pixel, in place of what stands at the
+    /// path. Returns an empty text, or what went wrong; the file at the path is then as it was.
+    std::string SaveBitmap(const std::string& path) const;
 
     SurfaceData* Data() const { return data_.get(); }  // for the windows that show the image
 

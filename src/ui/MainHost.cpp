@@ -23,6 +23,7 @@
 #include "ui/LowPassSetFrm.h"
 #include "ui/Mainfrm.h"
 #include "ui/PropertyFrm.h"
+#include "ui/ReportPrinter.h"
 #include "ui/ResizeWaveFrm.h"
 #include "ui/SendWaveFrm.h"
 #include "ui/SmoothSetFrm.h"
@@ -257,6 +258,11 @@ void InstallHost(Mainfrm& window) {
     host.ShowHelp = [main](std::string_view name) {
         HelpFrm::ShowOver(main, name.empty() ? WindowInUse(*main) : std::string(name));
     };
+    host.RunReport = [main](const Report& report, bool preview) {
+        return RunReport(main, report, preview);
+    };
+    host.PrinterResolution = PrinterResolution;
+    host.SetUpPrinter = [main] { SetUpPrinter(main); };
     host.RunDialog = [main](std::string_view name, std::int16_t argument) {
         return RunWindow(*main, name, argument);
     };

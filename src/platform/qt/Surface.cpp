@@ -2,9 +2,12 @@
 
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
+#include "platform/SafeFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -267,4 +270,13 @@ std::int32_t Surface::TextWidth(std::string_view text, double size) const {
 Colour Surface::Pixel(std::int32_t x, std::int32_t y) const {
     if (!data_ || !data_->Image.valid(x, y)) return 0;
     return data_->Image.pixel(x, y) & 0xFFFFFFU;
+}
+
+std::string Surface::SaveBitmap(const std::string& path) const {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!data_ || !data_->Image.save(&buffer, "bmp")) return FileErrorText(ENOMEM);
+    const int error =
+        WriteFileSafely(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return error == 0 ? std::string() : FileErrorText(error);
 }
