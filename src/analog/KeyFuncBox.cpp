@@ -17,23 +17,18 @@ namespace {
 constexpr std::int32_t PageNotches = 5;  // of the wheel: half the view
 constexpr std::int32_t HeldPixels = 10;  // of a limit line for each repeat of a held key
 
-// Which edge moves cannot be told from the bounds, once the moving one has passed the other.
-struct Edges {
-    std::int16_t Index = -1;
-    std::int32_t Fixed = 0, Moving = 0;  // dots
-};
-Edges lastEdges;
-
-Edges EdgesOf(std::int16_t index, bool back) {
-    const AnalogWaveRecord& wave = AnalogAt(index);
+// Which edge moves cannot be told from the bounds, once the moving one has passed the other. A
+// selection that was not made by keys has its last dot moved.
+void TakeEdges(AnalogWaveRecord& wave, bool back) {
     if (!wave.HasSelection) {
-        const std::int32_t seen =
-            std::clamp(back ? wave.ViewEnd : wave.ViewStart, 0, wave.Dots - 1);
-        return {index, seen, seen};
+        wave.KeyFixedDot = std::clamp(back ? wave.ViewEnd : wave.ViewStart, 0, wave.Dots - 1);
+        wave.KeyMovingDot = wave.KeyFixedDot;
+        return;
     }
-    const auto [first, last] = std::minmax(lastEdges.Fixed, lastEdges.Moving);
-    const bool same = lastEdges.Index == index && first == wave.SelStart && last == wave.SelEnd;
-    return same ? lastEdges : Edges{index, wave.SelStart, wave.SelEnd};
+    const auto [first, last] = std::minmax({wave.KeyFixedDot, wave.KeyMovingDot});
+    if (first == wave.SelStart && last == wave.SelEnd) return;
+    wave.KeyFixedDot = wave.SelStart;
+    wave.KeyMovingDot = wave.SelEnd;
 }
 
 // Brings dots into view, the first of them where there is no room for both.
@@ -84,19 +79,19 @@ bool MoveEdge(std::int16_t index, PlotKey key, KeyState held) {
     if (held.Control) step = span / 10;
     if (key == PlotKey::Home || key == PlotKey::End) step = wave.Dots;
     step = std::max(step, 1);
-    Edges edges = EdgesOf(index, back);
-    edges.Moving = std::clamp(edges.Moving + (back ? -step : step), 0, wave.Dots - 1);
-    const auto [first, last] = std::minmax(edges.Fixed, edges.Moving);
+    TakeEdges(wave, back);
+    wave.KeyMovingDot = std::clamp(wave.KeyMovingDot + (back ? -step : step), 0, wave.Dots - 1);
+    const auto [first, last] = std::minmax({wave.KeyFixedDot, wave.KeyMovingDot});
     SelectDots(wave, first, last);
-    lastEdges = edges;
-    ShowDots(index, edges.Moving, edges.Moving);
+    ShowDots(index, wave.KeyMovingDot, wave.KeyMovingDot);
     return true;
 }
 
 bool TakeOtherEdge(std::int16_t index) {
-    if (!AnalogAt(index).HasSelection) return false;
-    lastEdges = EdgesOf(index, false);
-    std::swap(lastEdges.Fixed, lastEdges.Moving);
+    AnalogWaveRecord& wave = AnalogAt(index);
+    if (!wave.HasSelection) return false;
+    TakeEdges(wave, false);
+    std::swap(wave.KeyFixedDot, wave.KeyMovingDot);
     return true;
 }
 

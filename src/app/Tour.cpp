@@ -203,6 +203,7 @@ int RunTour(const QString& folder) {
     EditDigitalWaves(tour);
     EditBuses(tour);
     UseTheInstrument(tour);
+    LookAroundTheEditor(tour);
     ArrangeWindows(tour);
     SpeakChinese(tour);
     OpenTen(tour);

@@ -18,8 +18,8 @@
 namespace {
 
 constexpr QSize PictureSize{960, 600};  // of the main window
-constexpr QSize Glance{48, 30};
-constexpr int MostDifference = 40;  // of 255, at any place of a glance
+constexpr QSize Glance{96, 60};
+constexpr int MostDifference = 24;  // of 255, at any place of a glance
 
 bool LooksLike(const QImage& taken, const QImage& shown) {
     if (shown.isNull()) return false;

@@ -67,3 +67,6 @@ void UseTheInstrument(TourState& tour);
 /// The pictures of the help, in both languages, beside an instrument that is connected. Each is
 /// compared with the one that the help shows: one that has aged is a step that failed.
 void MakeHelpPictures(TourState& tour);
+
+/// The chapter on scope import, print preview and recovery.
+void LookAroundTheEditor(TourState& tour);

@@ -5,6 +5,7 @@
 #include "digital/DigitView.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/Narrow.h"
+#include "platform/Host.h"
 
 #include <algorithm>
 
@@ -30,8 +31,7 @@ void ExtendSpan(std::int16_t index, std::int32_t dots, std::int32_t rows) {
     for (std::int32_t each = top; each <= bottom; ++each)
         SelectSpan(document, TargetAtRow(document, each), first, last);
     MarkWaveSelection(document);
-    if (row < document.FirstRow) ShowRowsFrom(index, row);
-    if (row > document.LastRow) ShowRowsFrom(index, row - document.PageRows + 1);
-    PutCaliper(index, document.SelectEndDot);
-    ShowDigitSelection(index);
+    BringRowIntoView(document, row);
+    TheHost().RefreshCommands();
+    PutCaliper(index, document.SelectEndDot, true);
 }

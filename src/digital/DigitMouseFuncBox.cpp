@@ -261,13 +261,12 @@ void StepListRow(std::int16_t index, std::int32_t step, ListAdd add) {
     if (document.NodeCount == 0) return;
     const auto row = Narrow<std::int16_t>(
         std::clamp(document.ClickRow + step, 0, std::int32_t{LastListRow(document)}));
-    if (row < document.FirstRow) ShowRowsFrom(index, row);
-    if (row > document.LastRow) ShowRowsFrom(index, row - document.PageRows + 1);
+    BringRowIntoView(document, row);
     SelectRow(index, row, add);
 }
 
 void StepSelectedNodes(std::int16_t index, std::int32_t step) {
-    const DigitDocument& document = DigitAt(index);
+    DigitDocument& document = DigitAt(index);
     std::int32_t first = -1, last = -1;
     for (std::int32_t node = 0; node < document.NodeCount; ++node) {
         if (!document.Nodes[static_cast<std::size_t>(node)].WaveSelected) continue;
@@ -280,8 +279,7 @@ void StepSelectedNodes(std::int16_t index, std::int32_t step) {
     MoveSelectedNodes(index, Narrow<std::int16_t>(before));
     for (const DigitNode& node : document.Nodes) {
         if (!node.WaveSelected) continue;
-        if (node.Row < document.FirstRow) ShowRowsFrom(index, node.Row);
-        if (node.Row > document.LastRow) ShowRowsFrom(index, node.Row - document.PageRows + 1);
+        if (BringRowIntoView(document, node.Row)) Paint(index, true, true);
         if (step < 0) break;
     }
 }

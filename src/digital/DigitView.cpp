@@ -65,6 +65,13 @@ void SetZoom(std::int16_t index, double zoom) {
     Paint(index, false, true);
 }
 
+bool SetFirstRow(DigitDocument& document, std::int32_t firstRow) {
+    const std::uint8_t before = document.FirstRow;
+    document.FirstRow = Narrow<std::uint8_t>(std::clamp(firstRow, 0, 255));
+    SetPageFigures(document);
+    return document.FirstRow != before;
+}
+
 }  // namespace
 
 void SetPageFigures(DigitDocument& document) {
@@ -109,11 +116,13 @@ void ShowDotsFrom(std::int16_t index, std::int32_t firstDot) {
 }
 
 void ShowRowsFrom(std::int16_t index, std::int32_t firstRow) {
-    DigitDocument& document = DigitAt(index);
-    const std::uint8_t before = document.FirstRow;
-    document.FirstRow = Narrow<std::uint8_t>(std::clamp(firstRow, 0, 255));
-    SetPageFigures(document);
-    if (document.FirstRow != before) Paint(index, true, true);
+    if (SetFirstRow(DigitAt(index), firstRow)) Paint(index, true, true);
+}
+
+bool BringRowIntoView(DigitDocument& document, std::int32_t row) {
+    if (row < document.FirstRow) return SetFirstRow(document, row);
+    if (row > document.LastRow) return SetFirstRow(document, row - document.PageRows + 1);
+    return false;
 }
 
 void FrontPage(std::int16_t index) {
@@ -160,7 +169,7 @@ bool CanPageOn(const DigitDocument& document) {
     return document.LastDot < document.Dots - 1;
 }
 
-void PutCaliper(std::int16_t index, std::int32_t dot) {
+void PutCaliper(std::int16_t index, std::int32_t dot, Flag redrawPicture) {
     DigitDocument& document = DigitAt(index);
     document.Caliper = std::clamp(dot, 0, std::max(document.Dots - 1, 0));
     const bool seen = document.Caliper >= document.FirstDot &&
@@ -170,8 +179,9 @@ void PutCaliper(std::int16_t index, std::int32_t dot) {
     RefreshValues(document);
     if (!seen) TheHost().RefreshCommands();
     TheHost().ShowEntries(TagOfDigit(index));
-    Paint(index, true, !seen);
+    Paint(index, true, redrawPicture || !seen);
 }
+
 
 void CaliperFromPixel(DigitDocument& document) {
     const double dot = document.CaliperPixel / DotWidth * document.Zoom + document.FirstDot;

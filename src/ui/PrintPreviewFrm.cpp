@@ -1,14 +1,13 @@
 #include "ui/PrintPreviewFrm.h"
 
 #include "frame/LoadLanguageCode.h"
-#include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/DialogBase.h"
 #include "ui/Theme.h"
 
 #include <QGraphicsView>
 #include <QPrintPreviewWidget>
 #include <QScreen>
-#include <QShortcut>
 #include <QToolBar>
 #include <utility>
 
@@ -62,8 +61,7 @@ PrintPreviewFrm::PrintPreviewFrm(QPrinter* printer, const QString& document, QWi
     DressView();
     Redirect("Print", &PrintPreviewFrm::PrintAsked);
     Redirect("Page setup", &PrintPreviewFrm::SetUpAsked);
-    auto* help = new QShortcut(Qt::Key_F1, this);
-    connect(help, &QShortcut::activated, this, [] { TheHost().ShowHelp("PrintPreviewFrm"); });
+    GiveHelpKey(*this);
     const QSize room = screen()->availableSize() - QSize(ScreenMargin, ScreenMargin);
     resize(UsualSize.boundedTo(room));
     page_->fitInView();

@@ -4,6 +4,7 @@
 #include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/DialogBase.h"
 #include "ui/PrintPreviewFrm.h"
 
 #include <algorithm>
@@ -102,6 +103,7 @@ void Restore(QPrinter& printer, const PrinterChoice& choice) {
 // Words and sizes the toolkit's dialog; it proposes a file on some desktops only.
 void DressPrintDialog(QPrintDialog& dialog, bool setUp) {
     dialog.setObjectName(QStringLiteral("PrinterSetup"));
+    GiveHelpKey(dialog);
     dialog.setWindowTitle(ToQt(setUp ? TextOf("PrinterSetup", "") : PickText("Print", "打印")));
     dialog.setMinimumWidth(DialogWidth);
     if (auto* properties = dialog.findChild<QPushButton*>(QStringLiteral("properties")))

@@ -72,13 +72,15 @@ struct AnalogWaveRecord {
     std::int32_t SelEnd = 0;        // last selected dot, inclusive
     std::int32_t SelPixelLeft = 0;  // pixel columns of the selection bar as last drawn
     std::int32_t SelPixelRight = 0;
-    Flag MouseMoved;               // the mouse moved since the press
-    Flag MouseArmed;               // a press of the tool in use waits for its release
-    std::int32_t LastDot = 0;      // "End:" of files; decisions read Dots
-    std::int32_t UndoLastDot = 0;  // LastDot of the snapshot
-    Flag SelectionFlagA;           // SelStart is a segment's first dot
-    Flag SelectionFlagB;           // SelEnd is a segment's last dot
-    Flag SegmentPicked;            // the selection is exactly PickedSegment
+    std::int32_t KeyFixedDot = 0;   // selection by keys: the edge that stays, and
+    std::int32_t KeyMovingDot = 0;  // the one that moves
+    Flag MouseMoved;                // the mouse moved since the press
+    Flag MouseArmed;                // a press of the tool in use waits for its release
+    std::int32_t LastDot = 0;       // "End:" of files; decisions read Dots
+    std::int32_t UndoLastDot = 0;   // LastDot of the snapshot
+    Flag SelectionFlagA;            // SelStart is a segment's first dot
+    Flag SelectionFlagB;            // SelEnd is a segment's last dot
+    Flag SegmentPicked;             // the selection is exactly PickedSegment
     std::int32_t PickedSegment = 0;
     std::int32_t SelFirstSegment = 0;  // first and last segment that the selection touches
     std::int32_t SelLastSegment = 0;
