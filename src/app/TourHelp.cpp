@@ -35,17 +35,25 @@ bool LooksLike(const QImage& taken, const QImage& shown) {
     return true;
 }
 
-void HelpPicture(TourState& tour, QWidget* window, const char* name) {
+QString Language() {
+    return QFileInfo(QString::fromStdString(HelpFile())).fileName();
+}
+
+QImage TakeHelpPicture(TourState& tour, QWidget* window, const char* name) {
     Settle();
-    const QString shown = QString::fromStdString(HelpFile()) + "/pictures/" + name + ".png";
-    const QString language = QFileInfo(QString::fromStdString(HelpFile())).fileName();
-    const QString folder = tour.Folder.filePath("help/" + language + "/pictures");
+    const QString folder = tour.Folder.filePath("help/" + Language() + "/pictures");
     tour.Folder.mkpath(folder);
     const QImage taken = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
     const QString path = folder + "/" + name + ".png";
     if (!taken.save(path, "PNG", 0)) qFatal("cannot save %s", qPrintable(path));
+    return taken;
+}
+
+void HelpPicture(TourState& tour, QWidget* window, const char* name) {
+    const QImage taken = TakeHelpPicture(tour, window, name);
+    const QString shown = QString::fromStdString(HelpFile()) + "/pictures/" + name + ".png";
     if (LooksLike(taken, QImage(shown))) return;
-    Step(tour, qPrintable("the help shows " + language + ", " + name + " as it is"), false);
+    Step(tour, qPrintable("the help shows " + Language() + ", " + name + " as it is"), false);
 }
 
 void HelpDialog(TourState& tour, const char* command, const char* name) {
@@ -149,7 +157,7 @@ void MakeHelpPictures(TourState& tour) {
         ShowDigital(tour);
         QWidget* transcript = Transcript(tour);
         Settle(300);
-        HelpPicture(tour, transcript, "transcript");
+        TakeHelpPicture(tour, transcript, "transcript");  // its times are never the same
         transcript->close();
     }
     tour.Window->resize(size);

@@ -16,21 +16,20 @@
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::ElementsAre, ::testing::HasSubstr;
+using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::SizeIs;
+using Texts = std::vector<std::string>;
 
 class RecoveryTest : public DigitFixture, protected TempFolder {
 protected:
-    void SetUp() override {
-        DigitFixture::SetUp();
+    RecoveryTest() {
         AnalogInUse.fill(false);
         SetInstrumentLimits();
         UseDataFolder(PathOf("data"));
         BeginSession();
     }
-    void TearDown() override {
+    ~RecoveryTest() override {
         EndSession();
         UseDataFolder("");
-        DigitFixture::TearDown();
     }
 
     static AnalogWaveRecord& PutAnalog(std::int16_t slot, const std::string& name) {
@@ -42,8 +41,7 @@ protected:
         return AnalogDocs[slot];
     }
     static void PutDigit() {
-        MakeDocument("D1[3]*%1@99 clk", "0110 1 - 001", 4096);
-        DigitAt(0).Title = "bus";
+        MakeDocument("D1[3]*%1@99 clk", "0110 1 - 001", 4096).Title = "bus";
         MarkChanged(DigitAt(0));
     }
     /// A run that is killed in the middle of its work.
@@ -53,33 +51,31 @@ protected:
         if (fork() == 0) {
             BeginSession();
             work();
-            KeepSession();
-            AwaitWrites();
+            StoredNow();
             kill(getpid(), SIGKILL);
         }
         wait(nullptr);
         BeginSession();
     }
     /// Copies in the store, "run-..." without what is random in it.
-    std::vector<std::string> Stored() {
-        std::vector<std::string> paths;
+    Texts Stored() {
+        Texts paths;
         for (const auto& entry : fs::recursive_directory_iterator(PathOf("data/recovery"))) {
-            const std::string path = fs::relative(entry.path(), PathOf("data/recovery"));
-            if (!entry.is_regular_file() || path.ends_with("lock")) continue;
-            paths.push_back(std::regex_replace(path, std::regex("run-......"), "run"));
-            copy = entry.path();
+            if (!entry.is_regular_file() || entry.path().filename() == "lock") continue;
+            copy = fs::relative(entry.path(), folder);
+            static const std::regex place("data/recovery/(damaged/)?run-......");
+            paths.push_back(std::regex_replace(copy, place, "$1run"));
         }
         std::ranges::sort(paths);
         return paths;
     }
-    std::vector<std::string> StoredNow() { return KeepSession(), AwaitWrites(), Stored(); }
-    std::vector<std::string> Restore(Answer reply) {
+    Texts StoredNow() { return KeepSession(), AwaitWrites(), Stored(); }
+    Texts Restore(Answer reply) {
         asked.clear();
         answer = reply;
-        RestoreSession();
-        return asked;
+        return RestoreSession(), asked;
     }
-    fs::path copy;  // the last one that Stored has seen
+    std::string copy;  // the last one that Stored has seen
 };
 
 TEST_F(RecoveryTest, BothKindsComeBackFromACrash) {
@@ -109,16 +105,15 @@ TEST_F(RecoveryTest, OnlyChangesAreWrittenAsTheyWere) {
     KeepSession();
     wave.DotArray.assign(200000, {0, -0.25});
     EXPECT_THAT(StoredNow(), ElementsAre("run/analog-0"));
-    std::ifstream file(copy);
-    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    const std::string bytes = Content(copy);
     EXPECT_TRUE(bytes.find("0.25") == bytes.npos && bytes.find("199999 \r\n 0.5 ") != bytes.npos);
-    fs::remove(copy);
+    fs::remove(PathOf(copy));
     EXPECT_THAT(StoredNow(), ElementsAre());  // nothing has changed
     MarkModified(wave);
-    wave.DrawPressed = true;
-    EXPECT_THAT(StoredNow(), ElementsAre());
-    wave.DrawPressed = false;
-    EXPECT_THAT(StoredNow(), ElementsAre("run/analog-0"));
+    for (const bool pressed : {true, false}) {
+        wave.DrawPressed = pressed;
+        EXPECT_THAT(StoredNow(), SizeIs(pressed ? 0 : 1));
+    }
     wave.Modified = false;  // saved
     PutDigit();
     EXPECT_THAT(StoredNow(), ElementsAre("run/digit-0"));
@@ -133,7 +128,7 @@ TEST_F(RecoveryTest, CopiesStayUntilTheUserDecides) {
     });
     UseEnglish = 0;
     EXPECT_THAT(Restore(Answer::Cancel), ElementsAre(HasSubstr("\n  9\n  ...\n\n是否恢复")));
-    ASSERT_EQ(Stored().size(), 11U);
+    ASSERT_THAT(Stored(), SizeIs(11));
     UseEnglish = 1;
     AnalogDocCount = MaxDocuments;
     EXPECT_THAT(Restore(Answer::Yes),
@@ -145,8 +140,7 @@ TEST_F(RecoveryTest, CopiesStayUntilTheUserDecides) {
         ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
         EXPECT_THAT(Restore(Answer::No), ElementsAre());  // another run looks at it
         close(other);
-        std::ofstream(entry.path() / "notes") << "the user's";
-        std::ofstream(entry.path() / ".tidemark-1-1.tmp") << "half";
+        for (const char* name : {"notes", ".tidemark-1-1.tmp"}) std::ofstream(entry.path() / name);
     }
     EXPECT_THAT(Restore(Answer::No), ElementsAre(HasSubstr("  0\n  1\n")));
     EXPECT_THAT(Stored(), ElementsAre("run/digit-0", "run/notes"));
@@ -155,21 +149,19 @@ TEST_F(RecoveryTest, CopiesStayUntilTheUserDecides) {
 TEST_F(RecoveryTest, DamagedCopiesArePutAside) {
     Crash([] { PutAnalog(0, "a"); });
     Stored();
-    const fs::path path = copy;
-    std::ifstream file(path);
-    const std::string whole((std::istreambuf_iterator<char>(file)), {});
+    const std::string path = copy, whole = Content(path);
     const auto with = [&](const char* from, const char* to) {
         return std::regex_replace(whole, std::regex(from), to);
     };
-    const std::pair<std::string, std::vector<std::string>> rows[] = {
+    const std::pair<std::string, Texts> rows[] = {
         {"analog-0", {"", whole.substr(0, 30), with("\na\n", "\na%4\n"), with("ery 1", "ery 2")}},
         {"a",
          {whole.substr(0, whole.size() - 2), whole + "1", with("analog\n", "digital\n"),
           with("2.5", "nan")}}};
     for (const auto& [name, copies] : rows)
         for (const std::string& bytes : copies) {
-            fs::create_directories(path.parent_path());
-            std::ofstream(path) << bytes;
+            fs::create_directories(fs::path(PathOf(path)).parent_path());
+            Put(path, bytes);
             EXPECT_THAT(Restore(Answer::Yes), ElementsAre(HasSubstr("\n  " + name + "\n"),
                                                           HasSubstr("not restored: " + name)));
             EXPECT_THAT(Stored(), ElementsAre("damaged/run-analog-0"));
@@ -183,13 +175,11 @@ TEST_F(RecoveryTest, AFaultIsToldOnceAndTriedAgain) {
     RunOnFullDisk([&] { return StoredNow(), StoredNow(), StoredNow(); });
     for (int i = 0; i < 15; ++i) KeepSession();
     EXPECT_THAT(StoredNow(), ElementsAre("run/analog-0"));
-    const std::string text = "Unsaved work cannot be kept for recovery: ";
-    EXPECT_THAT(asked, ElementsAre(text + "File too large"));
     EndSession();
     UseDataFolder(Put("file", "") + "/data");
     BeginSession();
-    KeepSession();
-    KeepSession();
+    for (int i = 0; i < 2; ++i) KeepSession();
+    const std::string text = "Unsaved work cannot be kept for recovery: ";
     EXPECT_THAT(asked, ElementsAre(text + "File too large", HasSubstr(text)));
 }
 

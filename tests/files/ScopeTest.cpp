@@ -1,5 +1,8 @@
 #include "analog/AnalogFixture.h"
+#include "digital/GlobalDigitDefineCode.h"
 #include "files/ImportScopeFileFuncBox.h"
+#include "files/OpenFileFuncBox.h"
+#include "GoldenFiles.h"
 #include "platform/TempFolder.h"
 
 #include <cstring>
@@ -35,16 +38,14 @@ protected:
 // Samples are 125, 150, 100, 126. Volts by hand: those less 125, plus the position, times a
 // count's.
 TEST_F(ScopeTest, ChannelVoltsAndFaults) {
-    const std::string first = "0 2 -2 0.08", second = "-1 -0.5 -1.5 -0.98";
     const std::string faults[] = {"", "TooShort", "NoChannel", "NoRate", "Flat"};
     const std::pair<std::string, std::vector<Header>> rows[] = {
-        {first, {{1, 0}, {1, 1}, {0, 1, 4}}},
-        {second, {{0, 1}, {2, 7}, {0, 1, 3}}},
-        {"0 2", {{1, 0, 0, 2}}},
-        {"-2 0 -4 -1.92", {{1, 0, 0, 4, 1, -25}}},
+        {"0 2 -2 0.08", {{1, 0}, {1, 1}, {0, 1, 4}}},
+        {"-1 -0.5 -1.5 -0.98", {{2, 7}, {0, 1, 3}}},
+        {"-2 0", {{1, 0, 0, 2, 1, -25}}},
         {"NoChannel", {{0, 0, 4, 0, 0}}},
-        {"NoRate", {{1, 0, 0, 0, 0}, {1, 0, 0, 4, -1}, {.Rate = INFINITY}, {.Rate = NAN}}},
-        {"TooShort", {{1, 0, 0, 0}, {1, 0, 0, -5}, {1, 0, 0, 5}}},
+        {"NoRate", {{1, 0, 0, 0, 0}, {.Rate = -1}, {.Rate = INFINITY}, {.Rate = NAN}}},
+        {"TooShort", {{.Count = 0}, {.Count = -5}, {.Count = 5}}},
         {"Flat", {{1, 0, 0, 1}, {.FirstScale = 0}}}};
     for (const auto& [expected, headers] : rows)
         for (const Header& header : headers) {
@@ -60,17 +61,18 @@ TEST_F(ScopeTest, ChannelVoltsAndFaults) {
 }
 
 TEST_F(ScopeTest, CountIsHeldAndFewDotsKeepTheirSpacing) {
+    const auto expect = [&](const std::string& file, std::int32_t dots, std::int32_t room) {
+        ASSERT_EQ(ReadScopeWave(file, wave), ScopeFault::None);
+        EXPECT_TRUE(wave.Dots == dots && wave.MaxDots == room && std::ssize(wave.DotArray) == room);
+        EXPECT_DOUBLE_EQ(wave.Period, room * 1e-6);
+    };
     const std::int32_t most[] = {4096, 524288, 524289};
     for (InstrumentModel = 0; InstrumentModel < 3; ++InstrumentModel) {
         SetInstrumentLimits();
-        const std::string file = FileOf({.Count = 2000000}, std::string(600000, 'a'));
-        ASSERT_EQ(ReadScopeWave(file, wave), ScopeFault::None);
-        EXPECT_TRUE(wave.Dots == most[InstrumentModel] && wave.MaxDots == wave.Dots);
-        EXPECT_DOUBLE_EQ(wave.Period, wave.Dots * 1e-6);
+        const std::int32_t dots = most[InstrumentModel];
+        expect(FileOf({.Count = 2000000}, std::string(600000, 'a')), dots, dots);
     }
-    ASSERT_EQ(ReadScopeWave(FileOf({}), wave), ScopeFault::None);
-    EXPECT_TRUE(wave.Dots == 4 && wave.MaxDots == 8 && wave.DotArray.size() == 8U);
-    EXPECT_DOUBLE_EQ(wave.Period, 8e-6);
+    expect(FileOf({}), 4, 8);
 }
 
 TEST_F(ScopeTest, ImportMakesADocumentOrTells) {
@@ -79,18 +81,35 @@ TEST_F(ScopeTest, ImportMakesADocumentOrTells) {
         EXPECT_EQ(choice.Title + choice.Filter, "Open Waveform file波形文件 (*.wfm)|*.wfm");
         return chosen;
     };
-    EXPECT_FALSE(ImportScopeFile(false, wave));
-    const std::string files[] = {"", Put("short", ""), Put("none", FileOf({0})), folder};
-    for (const std::string& file : files) chosen = file, ImportWave();
-    const std::vector<std::string> told = {"The file is too short for its waveform.",
-                                           "没有可用的波形数据",
-                                           "The file could not be opened: Is a directory"};
-    EXPECT_TRUE(asked == told && AnalogDocCount == 0);
+    for (const std::string& file : {std::string(), Put("none", FileOf({0})), folder})
+        chosen = file, ImportWave();
+    EXPECT_EQ(asked, (std::vector<std::string>{"没有可用的波形数据",
+                                               "The file could not be opened: Is a directory"}));
     chosen = Put("long.wfm", FileOf({.Count = 4096}, std::string(10000000, 'a')));
     ImportWave();
     EXPECT_TRUE(AnalogDocCount == 1 && AnalogDocs[0].Dots == 4096 && !AnalogDocs[0].Modified);
     EXPECT_EQ(AnalogDocs[0].Name + AnalogDocs[0].FileName, "Waveform0");
     ExpectSound(AnalogDocs[0]);
+}
+
+using OpenFileTest = ScopeTest;
+
+TEST_F(OpenFileTest, TheEndingOfTheNameChoosesTheKind) {
+    // Four dots at 100000 bits per second without a node.
+    const std::string drig = " 4 \r\n 100000 \r\n 1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n";
+    // The last columns count the documents that are open behind the row.
+    const std::tuple<std::string, std::string, int, int> rows[] = {
+        {"a.DRIG", drig, 0, 1},     {"DRIG", GoldenText, 1, 1},   {"a.DRIG.txt", GoldenText, 2, 1},
+        {"a.CSV", GoldenCsv, 3, 1}, {"a.drig", GoldenText, 3, 1}, {"a.WFM", "", 3, 1}};
+    DigitDocUsed.fill(false);
+    DigitDocCount = 0;
+    for (const auto& [name, bytes, analog, digital] : rows) {
+        const int before = AnalogDocCount + DigitDocCount;
+        EXPECT_EQ(OpenWaveFile(Put(name, bytes)), analog + digital > before) << name;
+        EXPECT_TRUE(AnalogDocCount == analog && DigitDocCount == digital) << name;
+    }
+    EXPECT_EQ(asked, (std::vector<std::string>{"The file format is invalid！",
+                                               "The file is too short for its waveform."}));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@ inline std::string PathOf(const QWidget* control) {
     return (control->window()->objectName() + '/' + control->objectName()).toStdString();
 }
 
-// The stops of the Tab key that are seen, in the order of creation or of Tab.
+// Whether the Tab key stops there in a window that is shown.
 inline bool Stops(const QWidget* control) {
     return (control->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !control->focusProxy() &&
            control->isVisibleTo(control->window());
@@ -17,29 +17,27 @@ inline bool Stops(const QWidget* control) {
 inline void ExpectNames(const QWidget& window) {
     for (QWidget* control : window.findChildren<QWidget*>()) {
         const auto* button = qobject_cast<QAbstractButton*>(control);
-        if (button == nullptr && !Stops(control)) continue;
+        if (control->window() != &window || (button == nullptr && !Stops(control))) continue;
         bool named = !control->accessibleName().isEmpty() || (button && !button->text().isEmpty());
         for (const QLabel* label : window.findChildren<QLabel*>())
             named = named || (label->buddy() == control && !label->text().isEmpty());
-        EXPECT_TRUE(named || control->window() != &window) << PathOf(control);
+        EXPECT_TRUE(named) << PathOf(control);
     }
 }
 
 // From the top left control Tab goes to the right and down until all were visited.
 inline void ExpectTabOrder(QWidget& dialog) {
     dialog.grab();  // lays it out
-    const auto place = [&](const QWidget* each) {
-        return QRect(each->mapTo(&dialog, QPoint()), each->size());
-    };
-    std::vector<QWidget*> order;
+    std::vector<std::pair<QRect, std::string>> order;
     for (QWidget* at = dialog.nextInFocusChain(); at != &dialog; at = at->nextInFocusChain())
-        if (Stops(at)) order.push_back(at);
-    std::ranges::rotate(order, std::ranges::min_element(order, {}, [&](const QWidget* each) {
-                            return place(each).topLeft().manhattanLength();
+        if (Stops(at))
+            order.emplace_back(QRect(at->mapTo(&dialog, QPoint()), at->size()), PathOf(at));
+    std::ranges::rotate(order, std::ranges::min_element(order, {}, [](const auto& each) {
+                            return each.first.topLeft().manhattanLength();
                         }));
     for (std::size_t i = 1; i < order.size(); ++i) {
-        const QRect before = place(order[i - 1]), now = place(order[i]);
-        EXPECT_TRUE(now.left() > before.right() || now.top() > before.bottom())
-            << PathOf(order[i - 1]) << " -> " << PathOf(order[i]);
+        const auto& [before, name] = order[i - 1];
+        const QRect now = order[i].first;
+        EXPECT_TRUE(now.left() > before.right() || now.top() > before.bottom()) << name;
     }
 }
