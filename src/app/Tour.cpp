@@ -3,6 +3,7 @@
 #include "app/StartProgram.h"
 #include "app/TourHands.h"
 #include "app/TourSteps.h"
+#include "files/RecoveryFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/ProgramFolder.h"
@@ -158,7 +159,9 @@ void UseOwnStores(const TourState& tour) {
     const QString store = tour.Folder.filePath("settings.ini");
     QFile::remove(store);
     UseSettingsStore(store.toStdString());
-    UseDataFolder(tour.Folder.filePath("data").toStdString());
+    const QString data = tour.Folder.filePath("data");
+    QDir(data).removeRecursively();  // what a tour that was stopped has left would be offered
+    UseDataFolder(data.toStdString());
 }
 
 void EndProgram(TourState& tour) {
@@ -208,6 +211,9 @@ int RunTour(const QString& folder) {
     SpeakChinese(tour);
     OpenTen(tour);
     EndProgram(tour);
+    EndSession();
+    Step(tour, "nothing is left in the recovery store",
+         QDir(tour.Folder.filePath("data/recovery")).isEmpty());
     std::printf("%d pictures in %s\n", tour.Pictures, qPrintable(tour.Folder.path()));
     return tour.Failed;
 }

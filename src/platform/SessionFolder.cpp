@@ -55,12 +55,15 @@ std::vector<fs::directory_entry> EntriesOf(const std::string& path) {
 }  // namespace
 
 int MakeSessionFolder(const std::string& parent, SessionFolder& folder) {
-    std::error_code error;
-    fs::create_directories(parent, error);
-    if (error) return error.value();
     for (int i = 0; i < FolderTries; ++i) {
+        std::error_code error;
+        fs::create_directories(parent, error);
+        if (error) return error.value();
         std::string path = (fs::path(parent) / FolderStart).string() + "XXXXXX";
-        if (mkdtemp(path.data()) == nullptr) return errno;
+        if (mkdtemp(path.data()) == nullptr) {
+            if (errno == ENOENT) continue;  // another run has removed the parent
+            return errno;
+        }
         const int lockError = Hold(path, folder);
         if (lockError == 0) return 0;
         if (lockError == EWOULDBLOCK || lockError == ENOENT) continue;  // another run removes it
@@ -107,6 +110,7 @@ void LeaveSessionFolder(SessionFolder& folder) {
     if (empty) {
         unlink((fs::path(folder.Path) / LockName).c_str());
         rmdir(folder.Path.c_str());
+        rmdir(fs::path(folder.Path).parent_path().c_str());  // stays while another folder is in it
     }
     close(folder.Lock);
     folder = {};

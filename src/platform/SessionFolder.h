@@ -20,5 +20,6 @@ std::vector<SessionFolder> TakeLeftFolders(const std::string& parent);
 /// links and the like.
 std::vector<std::string> FilesOf(const SessionFolder& folder);
 
-/// Lets go of a folder and removes it, unless anything but its lock and unfinished files is in it.
+/// Lets go of a folder and removes it, unless anything but its lock and unfinished files is in it;
+/// its parent goes with the last one.
 void LeaveSessionFolder(SessionFolder& folder);

@@ -171,8 +171,10 @@ std::optional<std::uint32_t> PickColour(Mainfrm& window, std::string_view title,
     return usual ? UsualColour : dialog.currentColor().rgb() & 0xFFFFFFU;
 }
 
+// A dialog over a minimised window, as from the tray, would not be seen.
 template <typename Frm>
-int RunModal(Mainfrm* parent, std::int16_t argument) {
+int RunModal(Mainfrm* main, std::int16_t argument) {
+    QWidget* parent = main->isMinimized() ? nullptr : main;
     if constexpr (std::is_constructible_v<Frm, QWidget*, int>)
         return Frm(parent, argument).exec();
     else

@@ -94,7 +94,7 @@ TEST_F(RecoveryTest, BothKindsComeBackFromACrash) {
     EXPECT_THAT(StoredNow(), ElementsAre("run/analog-0", "run/analog-1", "run/digit-0"));
     EXPECT_THAT(Restore(Answer::Yes), ElementsAre());
     EndSession();
-    EXPECT_TRUE(fs::is_empty(PathOf("data/recovery")));
+    EXPECT_FALSE(fs::exists(PathOf("data/recovery")));
 }
 
 TEST_F(RecoveryTest, OnlyChangesAreWrittenAsTheyWere) {
