@@ -1,3 +1,4 @@
+#include "analog/ScreenColours.h"
 #include "analog/ToolFuncBox.h"
 #include "frame/PlotPalette.h"
 #include "ui/ControlWalk.h"
@@ -5,7 +6,6 @@
 #include "ui/MainWindowFixture.h"
 #include "ui/Theme.h"
 
-#include <cmath>
 #include <sstream>
 
 namespace {
@@ -92,19 +92,10 @@ TEST_F(AccessibilityTest, ShiftDrawsSpansOfRowsInThePicture) {
     }
 }
 
-// Contrast of relative luminances by WCAG 2.1.
-double Luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
 void ExpectContrast(const QColor& colour, const QColor& ground, double least,
                     const std::string& where = "") {
     const QColor seen = MixColours(ground, colour, colour.alphaF());
-    const auto [dark, light] = std::minmax({Luminance(seen), Luminance(ground)});
-    EXPECT_GE((light + 0.05) / (dark + 0.05), least)
+    EXPECT_GE(ContrastOf(seen.rgb() & 0xFFFFFFU, ground.rgb() & 0xFFFFFFU), least)
         << colour.name().toStdString() << " on " << ground.name().toStdString() << ' ' << where;
 }
 
