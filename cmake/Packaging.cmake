@@ -69,8 +69,10 @@ families over USB or RS232, and read back. A simulated instrument,
 tidemark-sim, takes their place where there is none.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
-# Chinese texts, the toolkit's own texts in Chinese, and desktops without an X server.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
+# File types in the menu, Chinese texts, the toolkit's own texts in Chinese, and desktops without an X
+# server.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "desktop-file-utils, fonts-noto-cjk, qt6-translations-l10n, qt6-wayland, shared-mime-info")
 # Paper is reached through a print server; PDF files need none.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS cups)
 include(CPack)

@@ -29,8 +29,14 @@ ButtonWalk::ButtonWalk(const QList<QWidget*>& parts, Tab tab, QObject* parent)
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::NoFocus);
         button->installEventFilter(this);
+        connect(button, &QObject::destroyed, this, &ButtonWalk::Forget);
     }
     MoveTabStop();
+}
+
+void ButtonWalk::Forget(QObject* gone) {
+    buttons_.removeIf([gone](const QToolButton* button) { return button == gone; });
+    if (used_ == gone) used_ = nullptr;
 }
 
 QList<QToolButton*> ButtonWalk::Open() const {
@@ -77,7 +83,8 @@ bool ButtonWalk::Step(QToolButton* from, int key) {
 }
 
 bool ButtonWalk::eventFilter(QObject* watched, QEvent* event) {
-    auto* button = static_cast<QToolButton*>(watched);
+    auto* button = qobject_cast<QToolButton*>(watched);
+    if (button == nullptr) return false;  // it is being destroyed
     switch (event->type()) {
         case QEvent::FocusIn:
             Use(button);

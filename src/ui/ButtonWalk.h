@@ -29,6 +29,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void Forget(QObject* gone);
     QList<QToolButton*> Open() const;
     bool Step(QToolButton* from, int key);
     void Use(QToolButton* button);
