@@ -59,6 +59,7 @@ Mainfrm* StartProgram() {
     TheHost().Wait(SplashPause);
     splash.close();
     window->show();
+    window->setFocus();  // otherwise the first tool button has it, as if it were to be pressed
     BeginSession();
     KeepSessionWhileRunning(window);
     return window;
