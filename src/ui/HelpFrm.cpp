@@ -78,7 +78,7 @@ HelpFrm::HelpFrm(QWidget* main) : QWidget(main, Qt::Window) {
 }
 
 QAction* HelpFrm::AddTool(const char* name, const char* icon, const QList<QKeySequence>& keys,
-                          void (HelpFrm::*act)()) {
+                          const std::function<void()>& act) {
     QAction* tool = tools_->addAction(ThemedIcon(QLatin1String(icon)), QString());
     tool->setObjectName(QLatin1String(name));
     tool->setShortcuts(keys);
@@ -89,21 +89,24 @@ QAction* HelpFrm::AddTool(const char* name, const char* icon, const QList<QKeySe
     return tool;
 }
 
-void HelpFrm::AddKey(const QKeySequence& key, void (HelpFrm::*act)()) {
+void HelpFrm::AddKey(const QKeySequence& key, const std::function<void()>& act) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, act);
 }
 
 void HelpFrm::BuildTools() {
     tools_ = new QToolBar(this);
     tools_->setIconSize(QSize(24, 24));
-    back_ = AddTool("BackBtn", "Back", {Qt::ALT | Qt::Key_Left, Qt::Key_Back}, &HelpFrm::GoBack);
+    back_ = AddTool("BackBtn", "Back", {Qt::ALT | Qt::Key_Left, Qt::Key_Back},
+                    [this] { page_->backward(); });
     forward_ = AddTool("ForwardBtn", "Forward", {Qt::ALT | Qt::Key_Right, Qt::Key_Forward},
-                       &HelpFrm::GoForward);
-    AddTool("HomeBtn", "Home", {Qt::ALT | Qt::Key_Home, Qt::Key_F1}, &HelpFrm::GoHome);
+                       [this] { page_->forward(); });
+    AddTool("HomeBtn", "Home", {Qt::ALT | Qt::Key_Home, Qt::Key_F1},
+            [this] { page_->ShowPage(ToQt(HelpPages().front().Name)); });
     tools_->addSeparator();
     AddTool("ZoomInBtn", "ZoomIn", {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
-            &HelpFrm::EnlargeText);
-    AddTool("ZoomOutBtn", "ZoomOut", {Qt::CTRL | Qt::Key_Minus}, &HelpFrm::ReduceText);
+            [this] { page_->ChangeTextSize(1); });
+    AddTool("ZoomOutBtn", "ZoomOut", {Qt::CTRL | Qt::Key_Minus},
+            [this] { page_->ChangeTextSize(-1); });
     back_->setEnabled(false);
     forward_->setEnabled(false);
     auto* gap = new QWidget(tools_);
@@ -115,15 +118,18 @@ void HelpFrm::BuildTools() {
     clear_->setVisible(false);
     connect(clear_, &QAction::triggered, search_, &QLineEdit::clear);
     connect(search_, &QLineEdit::textChanged, this, &HelpFrm::FilterContents);
-    connect(search_, &QLineEdit::returnPressed, this, &HelpFrm::GoToNextHit);
+    connect(search_, &QLineEdit::returnPressed, this, [this] { StepHit(true); });
     tools_->addWidget(search_);
-    AddKey(Qt::CTRL | Qt::Key_0, &HelpFrm::UsualText);
-    AddKey(QKeySequence::Find, &HelpFrm::FocusSearch);
-    AddKey(Qt::Key_F3, &HelpFrm::GoToNextHit);
-    AddKey(Qt::SHIFT | Qt::Key_F3, &HelpFrm::GoToHitBefore);
-    AddKey(Qt::Key_F6, &HelpFrm::FocusNextPart);
-    AddKey(Qt::SHIFT | Qt::Key_F6, &HelpFrm::FocusPartBefore);
-    AddKey(Qt::Key_Escape, &HelpFrm::Leave);
+    AddKey(Qt::CTRL | Qt::Key_0, [this] { page_->ChangeTextSize(0); });
+    AddKey(QKeySequence::Find, [this] {
+        search_->setFocus();
+        search_->selectAll();
+    });
+    AddKey(Qt::Key_F3, [this] { StepHit(true); });
+    AddKey(Qt::SHIFT | Qt::Key_F3, [this] { StepHit(false); });
+    AddKey(Qt::Key_F6, [this] { StepPart(1); });
+    AddKey(Qt::SHIFT | Qt::Key_F6, [this] { StepPart(-1); });
+    AddKey(Qt::Key_Escape, [this] { Leave(); });
 }
 
 void HelpFrm::BuildContents() {
@@ -284,56 +290,13 @@ bool HelpFrm::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void HelpFrm::GoBack() {
-    page_->backward();
-}
-
-void HelpFrm::GoForward() {
-    page_->forward();
-}
-
-void HelpFrm::GoHome() {
-    page_->ShowPage(ToQt(HelpPages().front().Name));
-}
-
-void HelpFrm::EnlargeText() {
-    page_->ChangeTextSize(1);
-}
-
-void HelpFrm::ReduceText() {
-    page_->ChangeTextSize(-1);
-}
-
-void HelpFrm::UsualText() {
-    page_->ChangeTextSize(0);
-}
-
-void HelpFrm::FocusSearch() {
-    search_->setFocus();
-    search_->selectAll();
-}
-
-// Search, contents, page.
-void HelpFrm::FocusNextPart() {
-    QWidget* next = search_->hasFocus()     ? static_cast<QWidget*>(contents_)
-                    : contents_->hasFocus() ? static_cast<QWidget*>(page_)
-                                            : search_;
-    next->setFocus();
-}
-
-void HelpFrm::FocusPartBefore() {
-    QWidget* before = page_->hasFocus()       ? static_cast<QWidget*>(contents_)
-                      : contents_->hasFocus() ? static_cast<QWidget*>(search_)
-                                              : page_;
-    before->setFocus();
-}
-
-void HelpFrm::GoToNextHit() {
-    StepHit(true);
-}
-
-void HelpFrm::GoToHitBefore() {
-    StepHit(false);
+// Search, contents, page, in a ring.
+void HelpFrm::StepPart(int by) {
+    QWidget* const parts[] = {search_, contents_, page_};
+    const auto count = static_cast<int>(std::size(parts));
+    const auto* here = std::ranges::find_if(parts, &QWidget::hasFocus);
+    const int at = here == std::end(parts) ? -1 : static_cast<int>(here - parts);
+    parts[(at + by + count) % count]->setFocus();
 }
 
 void HelpFrm::Leave() {

@@ -1,6 +1,7 @@
 #pragma once
 // The help viewer: the contents at the left, a page at the right. There is one, beside the main
 // window and beside whatever dialog stands over it.
+#include <functional>
 #include <QWidget>
 #include <string_view>
 #include <vector>
@@ -30,23 +31,13 @@ protected:
 
 private:
     QAction* AddTool(const char* name, const char* icon, const QList<QKeySequence>& keys,
-                     void (HelpFrm::*act)());
-    void AddKey(const QKeySequence& key, void (HelpFrm::*act)());
+                     const std::function<void()>& act);
+    void AddKey(const QKeySequence& key, const std::function<void()>& act);
     void BuildTools();
     void BuildContents();
     void LayOut();
 
-    void GoBack();
-    void GoForward();
-    void GoHome();
-    void EnlargeText();
-    void ReduceText();
-    void UsualText();
-    void FocusSearch();
-    void FocusNextPart();
-    void FocusPartBefore();
-    void GoToNextHit();
-    void GoToHitBefore();
+    void StepPart(int by);
     void Leave();
 
     void FollowFront();
