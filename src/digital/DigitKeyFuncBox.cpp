@@ -11,6 +11,26 @@
 
 // The fields of the rubber band hold the span: its start stays while its end follows the keys.
 
+namespace {
+
+void PointAtCaliper(DigitDocument& document) {
+    document.ClickX = static_cast<float>(DotToPixel(document, document.Caliper + 0.5));
+    const int row = document.ClickRow - document.FirstRow;
+    document.ClickY = static_cast<float>((row + 0.5) * RowHeight);
+}
+
+}  // namespace
+
+void StepCaliperByKey(std::int16_t index, std::int32_t dot) {
+    PutCaliper(index, dot);
+    PointAtCaliper(DigitAt(index));
+}
+
+void StepRowByKey(std::int16_t index, std::int32_t step, ListAdd add) {
+    StepListRow(index, step, add);
+    PointAtCaliper(DigitAt(index));
+}
+
 void ExtendSpan(std::int16_t index, std::int32_t dots, std::int32_t rows) {
     DigitDocument& document = DigitAt(index);
     const auto lastRow = static_cast<std::int32_t>(std::ssize(document.ListRows)) - 1;
@@ -34,4 +54,5 @@ void ExtendSpan(std::int16_t index, std::int32_t dots, std::int32_t rows) {
     BringRowIntoView(document, row);
     TheHost().RefreshCommands();
     PutCaliper(index, document.SelectEndDot, true);
+    PointAtCaliper(document);
 }

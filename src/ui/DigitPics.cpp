@@ -89,7 +89,7 @@ bool DigitPic::StepCaliper(const QKeyEvent& event) const {
                                                  {Qt::Key_End, document.Dots - 1}};
     for (const auto& [key, dot] : dots) {
         if (event.key() != key) continue;
-        PutCaliper(slot_, dot);
+        StepCaliperByKey(slot_, dot);
         return true;
     }
     return false;
@@ -134,8 +134,8 @@ bool DigitPic::StepRow(const QKeyEvent& event) const {
     switch (event.key()) {
         case Qt::Key_Up:
         case Qt::Key_Down:
-            StepListRow(slot_, event.key() == Qt::Key_Up ? -1 : 1,
-                        event.modifiers() & Qt::ShiftModifier ? ListAdd::Range : ListAdd::Replace);
+            StepRowByKey(slot_, event.key() == Qt::Key_Up ? -1 : 1,
+                         event.modifiers() & Qt::ShiftModifier ? ListAdd::Range : ListAdd::Replace);
             return true;
         case Qt::Key_Plus:
         case Qt::Key_Minus:

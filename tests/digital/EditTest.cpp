@@ -1,4 +1,5 @@
 #include "digital/DigitFixture.h"
+#include "digital/DigitKeyFuncBox.h"
 
 namespace {
 
@@ -88,6 +89,18 @@ TEST_F(EditTest, SpansAreCopiedDeletedAndPasted) {
         a b c e|1 0 0 0|a:0-0|y W600,90 w1 r90,40 v => a:0=1 b:1=0 c:2=01 e:3=0;
         d[2]|101 110|d:0-2|y 2 r90,40 v => m:0=0110 n:1=0110,2=1101; a|11|a:0-1|y r30,200 v => same;
         a|11||r30,10 v => same; a|1||y => same; a|1||k => same; a|1||K => same)");
+}
+
+TEST_F(EditTest, KeysSayWhereAPasteGoes) {
+    DigitDocument& document = MakeDocument("a b", "110000 000000");
+    document.ClickRow = 0;
+    StepCaliperByKey(0, 0);
+    ExtendSpan(0, 1, 0);
+    CopyDigit();
+    StepRowByKey(0, 1, ListAdd::Replace);
+    StepCaliperByKey(0, 3);
+    PasteDigit();
+    EXPECT_EQ(Shown(document), "a:0=110000 b:1=000110");
 }
 
 TEST_F(EditTest, RowsAreCopiedDeletedAndRepasted) {
