@@ -21,7 +21,7 @@ ButtonWalk::ButtonWalk(const QList<QWidget*>& parts, Tab tab, QObject* parent)
         QList<QToolButton*> row =
             part->findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly);
         // A tool bar makes the arrow to what does not fit before its buttons.
-        std::ranges::stable_partition(row, [](const QToolButton* button) {
+        std::stable_partition(row.begin(), row.end(), [](const QToolButton* button) {
             return button->objectName() != "qt_toolbar_ext_button";
         });
         buttons_ << row;

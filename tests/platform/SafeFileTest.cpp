@@ -67,14 +67,19 @@ TEST_F(SafeFileTest, FailureLeavesTheOldFile) {
     EXPECT_EQ(WriteFileSafely(target, "new"), EACCES);
 }
 
+[[noreturn]] void SaveForEver(const std::string& path, const std::string& one,
+                              const std::string& other) {
+    for (;;)
+        for (const std::string* bytes : {&one, &other}) WriteFileSafely(path, *bytes);
+}
+
 TEST_F(SafeFileTest, KilledInTheMiddleTheFileIsWhole) {
     const std::string first(300000, 'a'), second(500000, 'b');
     Put("wave.txt", first);
     std::mt19937 random(1);
     for (int round = 0; round < 50; ++round) {
         const pid_t child = fork();
-        while (child == 0)
-            for (const std::string& bytes : {second, first}) WriteFileSafely(target, bytes);
+        if (child == 0) SaveForEver(target, second, first);
         std::this_thread::sleep_for(std::chrono::microseconds(random() % 8000));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
