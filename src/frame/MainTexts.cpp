@@ -93,6 +93,12 @@ constexpr WindowText Rows[] = {
     {"Mainfrm", "HelpAresBtn", "Help", "帮助"},
 
     {"Mainfrm", "MoreAresBtn", "More buttons", "更多按钮"},
+    {"Mainfrm", "FileBar", "Files and editing", "文件与编辑"},
+    {"Mainfrm", "WaveBar", "Standard waves", "标准波形"},
+    {"Mainfrm", "ValueBar", "Digital values", "数字值"},
+    {"Mainfrm", "LinkBar", "Instrument and help", "仪器与帮助"},
+    {"Mainfrm", "ToolBar", "Drawing and view", "绘制与视图"},
+    {"Mainfrm", "DigitBar", "Channels and buses", "通道与总线"},
     {"Mainfrm", "ChangedName", "%1, changed", "%1，已更改"},
 
     // Status strip: labels beside the boxes

@@ -322,6 +322,8 @@ void Mainfrm::ApplyLanguage() {
         WindowOf(frame)->ApplyTexts();
         WindowOf(frame)->ShowTitle();
     }
+    for (QToolBar* bar : bars_)
+        bar->setAccessibleName(Text("Mainfrm", bar->objectName().toStdString()));
     for (QToolButton* button : findChildren<QToolButton*>())  // to what does not fit
         if (button->objectName().endsWith("_ext_button"))
             button->setAccessibleName(Text("Mainfrm", "MoreAresBtn"));

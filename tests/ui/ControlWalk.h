@@ -17,7 +17,8 @@ inline bool Stops(const QWidget* control) {
 inline void ExpectNames(const QWidget& window) {
     for (QWidget* control : window.findChildren<QWidget*>()) {
         const auto* button = qobject_cast<QAbstractButton*>(control);
-        if (control->window() != &window || (button == nullptr && !Stops(control))) continue;
+        const bool part = button != nullptr || control->inherits("QToolBar") || Stops(control);
+        if (control->window() != &window || !part) continue;
         bool named = !control->accessibleName().isEmpty() || (button && !button->text().isEmpty());
         for (const QLabel* label : window.findChildren<QLabel*>())
             named = named || (label->buddy() == control && !label->text().isEmpty());
