@@ -222,7 +222,7 @@ QSizeF HelpBrowser::intrinsicSize(QTextDocument* page, int /*position*/,
                                   const QTextFormat& format) {
     const QUrl name(format.toImageFormat().name());
     const auto picture = page->resource(QTextDocument::ImageResource, name).value<QImage>();
-    if (picture.isNull()) return QSizeF(column_, MissingHeight);
+    if (picture.isNull()) return {static_cast<qreal>(column_), MissingHeight};
     const QSizeF size(picture.size());
     return size.width() > column_ ? size * (column_ / size.width()) : size;
 }

@@ -228,7 +228,7 @@ std::string WindowInUse(const Mainfrm& window) {
     const QWidget* front = QApplication::activeModalWidget();
     if (front == nullptr) front = qobject_cast<QDialog*>(QApplication::activeWindow());
     for (; front != nullptr; front = front->parentWidget()) {
-        const std::string name = front->objectName().toStdString();
+        std::string name = front->objectName().toStdString();
         if (HelpPageOf(name) != HelpPages().front().Name) return name;
     }
     const DocumentWindow* document = window.Window(window.ActiveTag());

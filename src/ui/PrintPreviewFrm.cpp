@@ -5,7 +5,12 @@
 #include "ui/DialogBase.h"
 #include "ui/Theme.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QEvent>
 #include <QGraphicsView>
+#include <QLineEdit>
 #include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QToolBar>
