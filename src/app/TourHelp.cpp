@@ -3,6 +3,7 @@
 
 #include "frame/HelpPages.h"
 #include "frame/LoadLanguageCode.h"
+#include "ui/Theme.h"
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
@@ -49,8 +50,14 @@ QImage TakeHelpPicture(TourState& tour, QWidget* window, const char* name) {
     return taken;
 }
 
+// The help shows the dark look, on a screen of scale 1.
+bool IsLookOfHelp(const QWidget* window) {
+    return CurrentChrome().base.lightness() < 128 && window->devicePixelRatio() == 1;
+}
+
 void HelpPicture(TourState& tour, QWidget* window, const char* name) {
     const QImage taken = TakeHelpPicture(tour, window, name);
+    if (!IsLookOfHelp(window)) return;
     const QString shown = QString::fromStdString(HelpFile()) + "/pictures/" + name + ".png";
     if (LooksLike(taken, QImage(shown))) return;
     Step(tour, qPrintable("the help shows " + Language() + ", " + name + " as it is"), false);
