@@ -44,7 +44,7 @@ QImage TakeHelpPicture(TourState& tour, QWidget* window, const char* name) {
     Settle();
     const QString folder = tour.Folder.filePath("help/" + Language() + "/pictures");
     tour.Folder.mkpath(folder);
-    const QImage taken = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
+    QImage taken = window->grab().toImage().convertToFormat(QImage::Format_RGB888);
     const QString path = folder + "/" + name + ".png";
     if (!taken.save(path, "PNG", 0)) qFatal("cannot save %s", qPrintable(path));
     return taken;

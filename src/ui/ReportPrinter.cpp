@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <memory>
 #include <QAbstractSpinBox>
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
