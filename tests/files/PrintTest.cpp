@@ -4,6 +4,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/PrintAnalogWave.h"
 #include "digital/DigitFixture.h"
+#include "frame/Narrow.h"
 #include "platform/SafeFile.h"
 #include "platform/TempFolder.h"
 
@@ -63,7 +64,7 @@ TEST_F(PrintTest, ShowsTheDotsOfTheViewInEveryResolution) {
         const Surface picture = Print(wave, scale);
         ASSERT_TRUE(picture.Width() == 780 * scale && picture.Height() == 624 * scale);
         // 0.6 stands at 0.4 / 2 of the plot's height, dot 209 at 371.4 and dot 210 at 374.8 of 678.
-        const std::int32_t high = PlotY * scale + std::int32_t(0.2 * (564 * scale - 1) + 0.5);
+        const std::int32_t high = PlotY * scale + RoundToInt(0.2 * (564 * scale - 1));
         EXPECT_EQ(picture.Pixel((PlotX + 370) * scale, high), 0xFFFFFFU) << scale;
         EXPECT_LT(picture.Pixel((PlotX + 376) * scale, high), 0x808080U) << scale;
     }

@@ -85,7 +85,9 @@ TEST_F(ScopeTest, ImportMakesADocumentOrTells) {
         chosen = file, ImportWave();
     EXPECT_EQ(asked, (std::vector<std::string>{"没有可用的波形数据",
                                                "The file could not be opened: Is a directory"}));
-    chosen = Put("long.wfm", FileOf({.Count = 4096}, std::string(10000000, 'a')));
+    std::string much;
+    much.resize(10000000, 'a');
+    chosen = Put("long.wfm", FileOf({.Count = 4096}, much));
     ImportWave();
     EXPECT_TRUE(AnalogDocCount == 1 && AnalogDocs[0].Dots == 4096 && !AnalogDocs[0].Modified);
     EXPECT_EQ(AnalogDocs[0].Name + AnalogDocs[0].FileName, "Waveform0");

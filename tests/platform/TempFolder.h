@@ -38,7 +38,7 @@ auto RunOnFullDisk(Write write) {
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit tight{4096, former.rlim_max};
     setrlimit(RLIMIT_FSIZE, &tight);
-    const auto result = write();
+    auto result = write();
     setrlimit(RLIMIT_FSIZE, &former);
     std::signal(SIGXFSZ, handler);
     return result;

@@ -1,6 +1,7 @@
 #pragma once
 // What the keyboard and a screen reader need of every control of a window.
 #include <gtest/gtest.h>
+#include <algorithm>
 #include <QtWidgets>
 
 inline std::string PathOf(const QWidget* control) {
@@ -33,9 +34,9 @@ inline void ExpectTabOrder(QWidget& dialog) {
     for (QWidget* at = dialog.nextInFocusChain(); at != &dialog; at = at->nextInFocusChain())
         if (Stops(at))
             order.emplace_back(QRect(at->mapTo(&dialog, QPoint()), at->size()), PathOf(at));
-    std::ranges::rotate(order, std::ranges::min_element(order, {}, [](const auto& each) {
-                            return each.first.topLeft().manhattanLength();
-                        }));
+    const auto topLeft = std::ranges::min_element(
+        order, {}, [](const auto& each) { return each.first.topLeft().manhattanLength(); });
+    std::rotate(order.begin(), topLeft, order.end());
     for (std::size_t i = 1; i < order.size(); ++i) {
         const auto& [before, name] = order[i - 1];
         const QRect now = order[i].first;
