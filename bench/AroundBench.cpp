@@ -48,7 +48,8 @@ std::string MakeCapture() {
 }
 
 void ReadScope(benchmark::State& state) {
-    OpenMillionDots(Shape::Sine);  // the model has room for all of them
+    InstrumentModel = 2;  // has room for all of them
+    SetInstrumentLimits();
     const std::string bytes = MakeCapture();
     for (auto _ : state) {
         LoadedWave content;
