@@ -88,14 +88,6 @@ void TellFault(int error) {
 
 // --- keeping -----------------------------------------------------------------------------------
 
-// True where a document is to be copied now. A copy that nobody needs any more goes.
-bool NeedsCopy(KeptCopy& kept, const std::string& path, bool changed, std::uint64_t stamp) {
-    if (changed) return !kept.Stored || kept.Stamp != stamp;
-    if (kept.Stored) RemoveSoon(path);
-    kept = {};
-    return false;
-}
-
 bool IsHeld(const AnalogWaveRecord& wave) {
     return wave.MouseArmed || wave.DrawPressed || wave.VPointerDragging || wave.HPointerDragging;
 }
@@ -104,27 +96,30 @@ bool IsHeld(const DigitDocument& document) {
     return document.SelectDrag || document.CaliperDrag || document.ListDrag;
 }
 
-void KeepCopy(KeptCopy& kept, const std::string& path, std::uint64_t stamp,
-              std::function<std::string()> content) {
-    WriteSoon(path, std::move(content));
-    kept = {true, stamp};
+// Brings the copy of a document up to date; one that nobody needs any more goes.
+template <typename Document>
+void KeepDocument(KeptCopy& kept, std::string_view start, std::int16_t slot,
+                  const Document& document, bool changed, bool paused,
+                  std::function<std::string()> (*copy)(const Document&)) {
+    if (!changed) {
+        if (kept.Stored) RemoveSoon(PathOfCopy(start, slot));
+        kept = {};
+        return;
+    }
+    const bool stands = kept.Stored && kept.Stamp == document.EditStamp;
+    if (stands || paused || IsHeld(document)) return;
+    WriteSoon(PathOfCopy(start, slot), copy(document));
+    kept = {true, document.EditStamp};
 }
 
 void KeepSlot(std::int16_t slot, bool paused) {
     const auto at = static_cast<std::size_t>(slot);
     const AnalogWaveRecord& wave = AnalogAt(slot);
-    KeptCopy& analog = session.Analog[at];
-    const std::string analogPath = PathOfCopy(AnalogStart, slot);
-    const bool modified = AnalogInUse[at] && wave.Modified;
-    if (NeedsCopy(analog, analogPath, modified, wave.EditStamp) && !paused && !IsHeld(wave))
-        KeepCopy(analog, analogPath, wave.EditStamp, CopyAnalog(wave));
-
+    KeepDocument(session.Analog[at], AnalogStart, slot, wave, AnalogInUse[at] && wave.Modified,
+                 paused, CopyAnalog);
     const DigitDocument& document = DigitAt(slot);
-    KeptCopy& digit = session.Digit[at];
-    const std::string digitPath = PathOfCopy(DigitStart, slot);
-    const bool changed = DigitDocUsed[at] && document.Changed;
-    if (NeedsCopy(digit, digitPath, changed, document.EditStamp) && !paused && !IsHeld(document))
-        KeepCopy(digit, digitPath, document.EditStamp, CopyDigit(document));
+    KeepDocument(session.Digit[at], DigitStart, slot, document,
+                 DigitDocUsed[at] && document.Changed, paused, CopyDigit);
 }
 
 bool HasUnsavedWork() {
