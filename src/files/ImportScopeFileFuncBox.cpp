@@ -9,6 +9,7 @@
 #include "platform/Host.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 
@@ -66,31 +67,45 @@ const ChannelPlace& ChosenChannel(std::string_view bytes) {
     return ByteAt(bytes, FirstChannel.FlagAt) == 1 ? FirstChannel : SecondChannel;
 }
 
-// Volts of the samples, in 32-bit floats as the instrument's own figures are.
-std::vector<float> SampleVolts(std::string_view bytes, const ChannelPlace& channel,
-                               std::int32_t count) {
+// Volts of each value that a sample can have, in 32-bit floats as the instrument's own figures are.
+using SampleVolts = std::array<float, 256>;
+SampleVolts VoltsOf(std::string_view bytes, const ChannelPlace& channel) {
     const float perDivision =
         static_cast<float>(WholeAt(bytes, channel.ScaleAt)) / MicrovoltsPerVolt;
     const int ground = CentreCount - ShortAt(bytes, channel.PositionAt);
-    std::vector<float> volts;
-    volts.reserve(static_cast<std::size_t>(count));
-    for (const char sample : bytes.substr(HeaderBytes, static_cast<std::size_t>(count))) {
-        const int counts = static_cast<unsigned char>(sample) - GroundCount - ground;
-        volts.push_back(static_cast<float>(counts) * perDivision / CountsPerDivision);
-    }
+    SampleVolts volts{};
+    for (int sample = 0; sample < std::ssize(volts); ++sample)
+        volts[static_cast<std::size_t>(sample)] =
+            static_cast<float>(sample - GroundCount - ground) * perDivision / CountsPerDivision;
     return volts;
 }
 
-void FillContent(const std::vector<float>& volts, double peak, double rate, LoadedWave& content) {
-    content.Dots = Narrow<std::int32_t>(std::ssize(volts));
+// Volts rise or fall with the samples, so that the extremes of both are at the same places.
+float PeakOf(std::string_view samples, const SampleVolts& volts) {
+    unsigned char least = 255, most = 0;
+    for (const char each : samples) {
+        const auto sample = static_cast<unsigned char>(each);
+        least = std::min(least, sample);
+        most = std::max(most, sample);
+    }
+    return std::max(std::abs(volts[least]), std::abs(volts[most]));
+}
+
+void FillContent(std::string_view samples, const SampleVolts& volts, double peak, double rate,
+                 LoadedWave& content) {
+    content.Dots = Narrow<std::int32_t>(std::ssize(samples));
     content.MaxDots = std::max(content.Dots, MinWaveDots);
     content.LastDot = content.Dots - 1;
     content.Vpp = std::clamp(2.0 * peak, LeastScale, LargestScale);
     content.Period = std::clamp(content.MaxDots / rate, LeastScale, LargestScale);
     content.Quantify = StoredQuantify();
     content.DotArray.assign(static_cast<std::size_t>(content.MaxDots), WaveDot{});
-    for (std::size_t i = 0; i < volts.size(); ++i)
-        content.DotArray[i] = {static_cast<double>(i), std::clamp(volts[i] / peak, -1.0, 1.0)};
+    std::array<double, 256> heights{};
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        heights[i] = std::clamp(volts[i] / peak, -1.0, 1.0);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        content.DotArray[i] = {static_cast<double>(i),
+                               heights[static_cast<unsigned char>(samples[i])]};
     CoverWithOneSegment(content);
 }
 
@@ -133,11 +148,11 @@ ScopeFault ReadScopeWave(std::string_view bytes, LoadedWave& content) {
     if (count < 1 || static_cast<std::size_t>(count) > bytes.size() - HeaderBytes)
         return ScopeFault::TooShort;
 
-    const std::vector<float> volts = SampleVolts(bytes, ChosenChannel(bytes), count);
-    const auto [lowest, highest] = std::ranges::minmax(volts);
-    const float peak = std::max(std::abs(lowest), std::abs(highest));
+    const std::string_view samples = bytes.substr(HeaderBytes, static_cast<std::size_t>(count));
+    const SampleVolts volts = VoltsOf(bytes, ChosenChannel(bytes));
+    const float peak = PeakOf(samples, volts);
     if (peak == 0.0F) return ScopeFault::Flat;
-    FillContent(volts, peak, rate, content);
+    FillContent(samples, volts, peak, rate, content);
     return ScopeFault::None;
 }
 
