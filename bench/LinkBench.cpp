@@ -1,5 +1,5 @@
-// What a transfer computes for a million dots, against a plain pass that makes the codes and one copy
-// of them.
+// What a transfer computes for a million dots, against a plain pass that makes the codes and one
+// copy of them.
 #include "bench/MillionDots.h"
 #include "link/AnalogPackets.h"
 #include "link/CommandfDefBox.h"

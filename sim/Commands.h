@@ -11,11 +11,6 @@ inline Outcome Refuse(std::string reason) {
     return outcome;
 }
 
-/// Done, if there is no reason against it.
-inline Outcome DoneUnless(const std::string& reason) {
-    return Refuse(reason);
-}
-
 inline Outcome AnswerLine(const std::string& text) {
     Outcome outcome;
     outcome.Reply = text + "\n";

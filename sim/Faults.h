@@ -7,10 +7,9 @@
 namespace sim {
 
 struct Faults {
-    bool Silence = false;    // nothing is answered
-    bool ShortRead = false;  // replies are cut to half their length
-    bool StaleFreeCount =
-        false;  // the free count speaks of more used locations than there are waves
+    bool Silence = false;          // nothing is answered
+    bool ShortRead = false;        // replies are cut to half their length
+    bool StaleFreeCount = false;   // the free count tells of more used locations than of waves
     bool NoParseFinished = false;  // no acknowledgement on the serial line
     bool Noise = false;            // bytes ahead of replies on the serial line
     bool Vendor = false;           // identifies as another maker's instrument

@@ -20,7 +20,7 @@ std::string OpenSerial(SerialLine& line, const std::string& linkPath);
 /// Adds what to wait for.
 void WatchSerial(const SerialLine& line, std::vector<pollfd>& watched);
 
-/// Moves whatever can move without waiting. `take` gets each command that is not empty.
+/// Moves whatever can move without waiting. `take` gets each message, empty ones too.
 void ServeSerial(SerialLine& line, const TakeMessage& take);
 
 void CloseSerial(SerialLine& line);

@@ -32,11 +32,10 @@ Outcome Copy(Instrument& instrument, StoredWave wave) {
     const std::string name = wave.Name;
     if (wave.Codes.empty()) return Refuse("the volatile memory is empty");
     std::string reason = StoreWave(instrument.Memory, std::move(wave));
-    if (reason.empty()) {
-        LetGo(instrument, kind == WaveKind::Analog ? WaveKind::Digital : WaveKind::Analog, name);
-        NoteChange(instrument, kind, name);
-    }
-    return DoneUnless(reason);
+    if (!reason.empty()) return Refuse(reason);
+    LetGo(instrument, kind == WaveKind::Analog ? WaveKind::Digital : WaveKind::Analog, name);
+    NoteChange(instrument, kind, name);
+    return {};
 }
 
 Outcome Rename(Instrument& instrument, std::string_view argument, char separator) {

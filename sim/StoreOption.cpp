@@ -25,30 +25,15 @@ constexpr ShapeRow Shapes[] = {
 constexpr std::string_view Count = "count:", Words = "words:";
 constexpr std::uint16_t MaxWord = 65535;
 
-std::string ReadDots(std::string_view dots, std::size_t maxDots, std::size_t& count) {
-    const auto value = ReadPlain(dots);
-    count = value.value_or(0);
-    if (count >= 1 && count <= maxDots) return {};
-    return "the number of dots is 1 to " + std::to_string(maxDots);
-}
-
-std::string MakeShape(const ShapeRow& shape, std::string_view dots, std::size_t maxDots,
-                      Samples& codes) {
-    std::size_t count = 0;
-    std::string error = ReadDots(dots, maxDots, count);
-    for (std::size_t dot = 0; error.empty() && dot < count; ++dot) {
-        codes.push_back(CodeOf(shape.At(static_cast<double>(dot) / static_cast<double>(count))));
+/// `codeAt` gives the code of a dot among `count`.
+std::string MakeDots(std::string_view dots, std::size_t maxDots, Samples& codes,
+                     const auto& codeAt) {
+    const std::size_t count = ReadPlain(dots).value_or(0);
+    if (count < 1 || count > maxDots) {
+        return "the number of dots is 1 to " + std::to_string(maxDots);
     }
-    return error;
-}
-
-std::string MakeCount(std::string_view dots, std::size_t maxDots, Samples& words) {
-    std::size_t count = 0;
-    std::string error = ReadDots(dots, maxDots, count);
-    for (std::size_t dot = 0; error.empty() && dot < count; ++dot) {
-        words.push_back(static_cast<std::uint16_t>(dot & MaxWord));
-    }
-    return error;
+    for (std::size_t dot = 0; dot < count; ++dot) codes.push_back(codeAt(dot, count));
+    return {};
 }
 
 std::string ReadCodes(const std::string& path, std::size_t maxDots, std::uint16_t maxCode,
@@ -75,7 +60,10 @@ std::string ReadCodes(const std::string& path, std::size_t maxDots, std::uint16_
 std::string FillWave(StoredWave& wave, std::string_view content, std::size_t maxDots) {
     for (const ShapeRow& shape : Shapes) {
         if (!content.starts_with(shape.Name)) continue;
-        return MakeShape(shape, content.substr(shape.Name.size()), maxDots, wave.Codes);
+        return MakeDots(content.substr(shape.Name.size()), maxDots, wave.Codes,
+                        [&](std::size_t dot, std::size_t count) {
+                            return CodeOf(shape.At(double(dot) / double(count)));
+                        });
     }
     const bool counts = content.starts_with(Count);
     if (!counts && !content.starts_with(Words)) {
@@ -85,7 +73,8 @@ std::string FillWave(StoredWave& wave, std::string_view content, std::size_t max
     wave.Channels.resize(MaxChannels);
     std::iota(wave.Channels.begin(), wave.Channels.end(), std::uint8_t{0});
     content.remove_prefix(counts ? Count.size() : Words.size());
-    return counts ? MakeCount(content, maxDots, wave.Codes)
+    const auto low16 = [](std::size_t dot, std::size_t) { return std::uint16_t(dot & MaxWord); };
+    return counts ? MakeDots(content, maxDots, wave.Codes, low16)
                   : ReadCodes(std::string(content), maxDots, MaxWord, wave.Codes);
 }
 

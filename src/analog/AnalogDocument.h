@@ -28,6 +28,9 @@ void NewAnalogDocument();
 /// Vpp, Period, Quantify and allocated dots. False, with a message, when ten are open.
 bool CreateAnalogDocument();
 
+// What a file may hold as Vpp, volts, and Period, seconds.
+inline constexpr double LeastScale = 1e-9, LargestScale = 1e9;
+
 // A waveform from a file or from the instrument, on its way into a document.
 struct LoadedWave {
     std::int32_t MaxDots = 0, Dots = 0, LastDot = 0;

@@ -182,7 +182,6 @@ void PutCaliper(std::int16_t index, std::int32_t dot, Flag redrawPicture) {
     Paint(index, true, redrawPicture || !seen);
 }
 
-
 void CaliperFromPixel(DigitDocument& document) {
     const double dot = document.CaliperPixel / DotWidth * document.Zoom + document.FirstDot;
     const std::int32_t last = std::max(document.Dots - 1, document.FirstDot);

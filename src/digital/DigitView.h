@@ -37,8 +37,8 @@ bool CanZoomOut(const DigitDocument& document);
 bool CanPageBack(const DigitDocument& document);
 bool CanPageOn(const DigitDocument& document);
 
-/// Puts the caliper on a dot, held to 0..Dots-1, and turns to the page that has it. `redrawPicture`:
-/// the picture has changed beside it.
+/// Puts the caliper on a dot, held to 0..Dots-1, and turns to the page that has it.
+/// `redrawPicture`: the picture has changed beside it.
 void PutCaliper(std::int16_t index, std::int32_t dot, Flag redrawPicture = false);
 /// Turns the list to the rows that have this one, without a repaint; true where it had to.
 bool BringRowIntoView(DigitDocument& document, std::int32_t row);

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr double LeastScale = 1e-9, LargestScale = 1e9;  // volts and seconds
-
 constexpr std::int64_t DotBytes = 4;       // "0", a line end, "0", a line end
 constexpr std::int64_t SegmentBytes = 32;  // sixteen lines
 constexpr std::int16_t LastKind = 9;

@@ -1,6 +1,6 @@
 #include "analog/DacCode.h"
 #include "calculus/PropertyFuncBox.h"
-#include "files/AnalogFileParts.h"
+#include "files/FileOptFuncCode.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "kernel/wavecalc.h"

@@ -3,7 +3,6 @@
 #include "digital/GlobalDigitDefineCode.h"
 #include "files/FileParts.h"
 #include "frame/GlobalDefineCode.h"
-#include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
 #include "platform/Host.h"
 #include "platform/ProgramFolder.h"

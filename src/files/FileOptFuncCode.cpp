@@ -1,14 +1,12 @@
 #include "files/FileOptFuncCode.h"
 
 #include "analog/AnalogDocument.h"
-#include "analog/DrawAnalogWave.h"
 #include "analog/EditFuncBox.h"
 #include "analog/SegmentEngine.h"
 #include "files/FileParts.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
-#include "frame/Narrow.h"
 #include "platform/Host.h"
 #include "platform/SafeFile.h"
 

@@ -40,7 +40,6 @@ constexpr std::int32_t MostSamples = 524289;
 constexpr int FirstChannelMode = 4;
 constexpr int GroundCount = 25, CentreCount = 100;  // the sample at 0 V, position 0, is their sum
 constexpr float CountsPerDivision = 25.0F, MicrovoltsPerVolt = 1000000.0F;
-constexpr double LeastScale = 1e-9, LargestScale = 1e9;  // volts and seconds, as in our own files
 
 struct ChannelPlace {
     std::size_t ScaleAt, PositionAt, FlagAt;

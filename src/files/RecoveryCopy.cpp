@@ -6,7 +6,6 @@
 
 #include <charconv>
 #include <memory>
-#include <utility>
 
 // A copy, lines ended by LF:
 //

@@ -64,10 +64,7 @@ void SendTextPackets(std::span<const WaveDot> dots) {
                                 {position, all, (DrainTime(message) + 999) / 1000}));
         Link.ParseFinished = false;
         SendText(message);
-        if (Link.CommError) return;
-        PacePacket();
-        ShowSent(position, all, TransferShare);
-        if (Link.CommError) return;
+        if (!FinishPacket(position, all, TransferShare)) return;
     }
 }
 
@@ -99,7 +96,7 @@ void CopyToStore(std::string_view name) {
     Sleep(3000);
     Pump();
     Link.ParseFinished = false;
-    SendText(std::string(Command::Copy).append(" ").append(name));
+    SendText(WithArgument(Command::Copy, name));
     if (Link.CommError) return;
     Sleep(7000);
     if (Link.IOType == SerialLink) AwaitParseFinished();
@@ -109,7 +106,7 @@ void ActivateWave(std::string_view name) {
     ActiveDocumentIndex();
     ShowAwaited(PickText("Activating the waveform...", "正在激活波形..."));
     if (name == "NEG_RAMP" && (ModelVariant || HasOldFirmware())) name = "NEGRAMP";
-    SendText(std::string(Command::SelectUser).append(" ").append(name));
+    SendText(WithArgument(Command::SelectUser, name));
     if (Link.CommError) return;
     PaceCommand();
     const AnalogWaveRecord& wave = ActiveAnalog();

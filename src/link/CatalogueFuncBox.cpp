@@ -6,6 +6,7 @@
 #include "link/CommandfDefBox.h"
 #include "link/CommunicateFunBox.h"
 #include "link/ConnectFuncBox.h"
+#include "link/RS232FuncBox.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,7 +15,6 @@ namespace {
 
 constexpr int CatalogueQueries = 3;
 constexpr int FreeQueries = 2;  // of the digital catalogue
-constexpr std::string_view ParseFinishedText = "PARSE FINISHED";
 
 // The built-in waveforms come first.
 constexpr std::size_t BuiltInCount = 5;

@@ -39,6 +39,10 @@ std::string QueryText(std::string_view text) {
     return ChosenTransport().QueryText(text);
 }
 
+std::string WithArgument(std::string_view command, std::string_view argument) {
+    return std::string(command).append(" ").append(argument);
+}
+
 bool IsEmptyReply(std::string_view reply) {
     return reply.find_first_not_of('\0') == std::string_view::npos;
 }

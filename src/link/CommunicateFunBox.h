@@ -16,6 +16,8 @@ void SendBlock(std::span<const std::uint8_t> bytes);
 /// Sends a query and returns the reply: on USB always 200 characters with zero bytes behind, on
 /// RS232 the line, on GPIB and after a failure an empty text.
 std::string QueryText(std::string_view text);
+/// A command, a blank and its argument.
+std::string WithArgument(std::string_view command, std::string_view argument);
 /// True for a reply that holds nothing but zero bytes.
 bool IsEmptyReply(std::string_view reply);
 

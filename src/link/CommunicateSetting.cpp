@@ -19,7 +19,7 @@ void ListDevices(CommunicateDialog& dialog) {
     dialog.Devices.assign(Link.UsbResourceList.begin(), Link.UsbResourceList.begin() + found);
     if (found == 0) dialog.Devices.emplace_back("No Device");
     const auto last = static_cast<std::int16_t>(dialog.Devices.size() - 1);
-    dialog.DeviceIndex = std::clamp<std::int16_t>(Link.UsbResourceIndex, 0, last);
+    PickUsbDevice(dialog, std::clamp<std::int16_t>(Link.UsbResourceIndex, 0, last));
 }
 
 // The ports present; one that was chosen for a number and is unplugged stays in the list.
@@ -83,7 +83,7 @@ std::string SerialDeviceOf(const CommunicateDialog& dialog) {
 void ConfirmCommunicateDialog(const CommunicateDialog& dialog) {
     // The front panel is given back over the link that was in use.
     DisconnectInstrument();
-    Link.IOType = dialog.IOType == 2 ? 2 : 0;
+    Link.IOType = dialog.IOType == SerialLink ? SerialLink : UsbLink;
     Link.PrimaryAddress = dialog.PrimaryAddress;
     Link.Port = dialog.Port;
     Link.BaudRate = BaudRateOf(dialog.BaudRate);

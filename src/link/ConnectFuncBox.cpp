@@ -12,7 +12,6 @@
 
 #include <array>
 #include <charconv>
-#include <limits>
 
 namespace {
 

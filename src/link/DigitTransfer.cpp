@@ -17,10 +17,6 @@ namespace {
 
 constexpr std::int64_t TransferShare = 100;  // percent: storing and activating take no time
 
-std::string WithArgument(std::string_view command, std::string_view argument) {
-    return std::string(command).append(" ").append(argument);
-}
-
 // False, with a message, where the document has nothing to send or too much.
 bool FitsInstrument(const DigitDocument& document) {
     const std::int32_t most = MostInstrumentDots();

@@ -2,7 +2,6 @@
 
 #include "frame/LoadLanguageCode.h"
 #include "frame/Narrow.h"
-#include "frame/StringFunc.h"
 #include "link/LinkTranscript.h"
 #include "platform/Host.h"
 #include "platform/SerialPort.h"
@@ -13,8 +12,8 @@
 
 namespace {
 
-constexpr std::int16_t SilentTicks = 40;  // tenths of a second without input
-constexpr std::string_view ParseFinishedLine = "PARSE FINISHED";
+constexpr std::int16_t SilentTicks = 40;       // tenths of a second without input
+constexpr std::size_t MostBuffered = 1 << 16;  // bytes, far above any reply
 
 // Time for a character to drain: 30 bits at 9600 baud. The figure is fixed whatever the set rate.
 constexpr double CharacterTime = std::max(30000.0 / 9600.0, 3.0);  // milliseconds
@@ -52,6 +51,7 @@ void Warn(std::string_view text, std::string_view title) {
 }
 
 void OnReceive(std::string_view fragment) {
+    if (Link.ReadBuffer.size() > MostBuffered) Link.ReadBuffer.clear();
     Link.ReadBuffer += fragment;
     Link.ReadTicks = 0;
     const std::size_t end = Link.ReadBuffer.find('\n');
@@ -62,7 +62,7 @@ void OnReceive(std::string_view fragment) {
         NoteText(LinkWay::Received, Link.ReadBuffer);
     }
     // This one counts before its line feed.
-    if (Link.ReadBuffer == ParseFinishedLine) Link.ParseFinished = true;
+    if (Link.ReadBuffer == ParseFinishedText) Link.ParseFinished = true;
 }
 
 std::string ReadLine() {

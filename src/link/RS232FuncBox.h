@@ -6,6 +6,9 @@
 #include <string>
 #include <string_view>
 
+/// The line by which the instrument tells that it has taken a data or store command in.
+inline constexpr std::string_view ParseFinishedText = "PARSE FINISHED";
+
 /// Opens the port of the settings; a failure speaks and clears RS232Ready.
 void RS232Init();
 /// Sends a line and pauses until it has drained. A failure speaks and sets CommError.

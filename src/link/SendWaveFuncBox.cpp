@@ -40,8 +40,10 @@ void CheckUserWaveName(SendDialog& dialog) {
     const bool quiet = bool(dialog.NameBoxQuiet);
     dialog.NameBoxQuiet = false;
     dialog.NameValid = fault == NameFault::None;
-    if (fault == NameFault::TooLong) text.resize(LongestWaveName);
-    if (fault == NameFault::TooLong) Complain(ResText(15));
+    if (fault == NameFault::TooLong) {
+        text.resize(LongestWaveName);
+        Complain(ResText(15));
+    }
     if (fault == NameFault::Reserved && !quiet) Complain(ResText(17));
 }
 
@@ -218,7 +220,7 @@ void ActivateChosenWave(SendDialog& dialog) {
 void DeleteChosenWave(SendDialog& dialog) {
     if (Link.SendBusy || !CanManageWave(dialog)) return;
     const LinkWork work(PickText("Deleting the waveform...", "正在删除波形..."));
-    SendText(std::string(Command::Delete) + " " + dialog.Stored.AllWaveName[dialog.AllIndex]);
+    SendText(WithArgument(Command::Delete, dialog.Stored.AllWaveName[dialog.AllIndex]));
     FollowChange(dialog);
 }
 

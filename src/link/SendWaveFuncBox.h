@@ -52,7 +52,7 @@ bool StoresWave(const SendDialog& dialog);
 /// ButDel and ButRename are open.
 bool CanManageWave(const SendDialog& dialog);
 
-// What the user does. Nothing happens while SendBusy is set.
+// What the user does. What uses the link does nothing while SendBusy is set.
 void PickLocation(SendDialog& dialog, std::int16_t index);
 void PickStoredWave(SendDialog& dialog, std::int16_t index);
 /// 1 non-volatile, 0 volatile.

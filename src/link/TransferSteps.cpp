@@ -27,23 +27,19 @@ void SendInPackets(std::span<const std::uint16_t> samples, std::int32_t most, st
         make(samples.subspan(position, count), position + count < all, packet);
         position += count;
         SendBlock(packet);
-        if (Link.CommError) return;
-        PacePacket();
-        ShowSent(position, all, share);
-        if (Link.CommError) return;
+        if (!FinishPacket(position, all, share)) return;
     }
 }
 
-void PacePacket() {
+bool FinishPacket(std::int32_t position, std::int32_t all, std::int64_t share) {
+    if (Link.CommError) return false;
     if (Link.IOType == SerialLink)
         AwaitParseFinished();
     else
         Sleep(200);
-}
-
-void ShowSent(std::int32_t position, std::int32_t all, std::int64_t share) {
     ShowTransfer(share * position / all);
     Pump();
+    return !Link.CommError;
 }
 
 void TellMostDots(std::string_view most) {

@@ -19,10 +19,9 @@ using PacketMaker = std::function<void(std::span<const std::uint16_t> part, bool
 void SendInPackets(std::span<const std::uint16_t> samples, std::int32_t most, std::int64_t share,
                    const PacketMaker& make);
 
-/// Waits for what each packet needs before the next may follow.
-void PacePacket();
-/// Shows that `position` of `all` samples are sent, `share` percent for all of them.
-void ShowSent(std::int32_t position, std::int32_t all, std::int64_t share);
+/// What follows each packet: waits until the next may go, and shows that `position` of `all`
+/// samples are sent, `share` percent for all of them. False where the transfer must end.
+bool FinishPacket(std::int32_t position, std::int32_t all, std::int64_t share);
 
 /// The message that only so many dots can be stored.
 void TellMostDots(std::string_view most);

@@ -27,7 +27,7 @@ bool MayGoOn() {
 }
 
 void AskForPacket(const UploadKind& kind, std::string_view name) {
-    UsbSendText(std::string(kind.Load).append(" ").append(name));
+    UsbSendText(WithArgument(kind.Load, name));
 }
 
 // Reads one block into `buffer`; empty when the instrument has gone silent.

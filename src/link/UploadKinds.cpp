@@ -49,7 +49,7 @@ LoadedWave MakeAnalogWave(const ReadWave& read) {
     wave.MaxDots = wave.Dots = static_cast<std::int32_t>(read.Words.size());
     wave.LastDot = wave.Dots - 1;
     wave.Vpp = FullScale;
-    wave.Period = 1.0 / read.Frequency;
+    wave.Period = std::clamp(1.0 / read.Frequency, LeastScale, LargestScale);
     wave.Quantify = StoredQuantify();
     wave.DotArray.resize(read.Words.size());
     for (std::int32_t i = 0; i < wave.Dots; ++i) {

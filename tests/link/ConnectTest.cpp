@@ -54,7 +54,8 @@ TEST_F(ConnectTest, RepliesAreWhatFitsAndLinesEndAtTheLineFeed) {
         {{"A", "B\r", "\n"}, "AB", false, false},
         {{"A\nPARSE FINISHED\n"}, "A", false, false},
         {{"PARSE FIN", "ISHED\r\n"}, "PARSE FINISHED", false, true},
-        {{"PARSE FINISHED"}, "PARSE FINISHED", true, true}};
+        {{"PARSE FINISHED"}, "PARSE FINISHED", true, true},
+        {{std::string(2000000, 'x'), "A\n"}, "A", false, false}};
     for (const auto& [fragments, line, awaited, parsed] : rows) {
         SetUp();
         Link.ReadPending = true;
@@ -131,7 +132,9 @@ TEST_F(ConnectTest, SettingsComeBackAndGarbageDoesNot) {
     for (const int found : {12, 0, 1}) {  // eleven are kept
         resources = Texts(found, "USB0::1");
         resources.insert(resources.begin(), {"ASRL1", "usb0"});
+        Link.UsbResourceIndex = 10;
         OpenCommunicateDialog(form);
+        EXPECT_EQ(Link.UsbResourceIndex, found == 12 ? 10 : 0);  // of the entry that is shown
         EXPECT_EQ(form.Devices,
                   found > 0 ? Texts(std::min(found, 11), "USB0::1") : Texts{"No Device"});
     }

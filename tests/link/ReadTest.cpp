@@ -128,6 +128,7 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
         {{"x,0"}, "5", "1", 4096, 0, 1},
         {{"3,x"}, "5", "1", 4096, 0, 1},
         {{"2", four}, "0", "1", 4096, 0, 5},
+        {{"2", four}, "1E-12", "1", 4096, 2, 5},
         {{"2", four}, "", "1", 4096, 0, 3},
         {{"2", four}, "5", "", 4096, 0, 5},
     };
@@ -140,6 +141,7 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
         LoadChosenWave(load);
         SCOPED_TRACE(blocks[0] + " " + frequency + " " + voltage);
         EXPECT_TRUE(AnalogDocCount == (dots > 0 ? 2 : 1) && AnalogDocs[1].Dots == dots);
+        EXPECT_LE(AnalogDocs[1].Period, 1e9);  // no file takes more
         EXPECT_TRUE(load.CloseAsked == Flag(dots > 0) && load.Note.empty() == (dots > 0));
         EXPECT_TRUE(exchanges == steps && Boxes().empty()) << exchanges;
     }
