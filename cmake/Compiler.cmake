@@ -21,7 +21,7 @@ if(TIDEMARK_SANITIZE)
   endif()
 endif()
 
-# tm_library(NAME FOLDER [QT] LINK lib...): a static library of every source in src/FOLDER.
+# tm_library(NAME [QT] LINK lib...): a static library of every source in the current folder.
 # A library with QT gets a precompiled header of the Qt classes that its windows use.
 function(tm_library name)
   cmake_parse_arguments(ARG "QT" "" "LINK" ${ARGN})
@@ -35,7 +35,8 @@ function(tm_library name)
   endif()
 endfunction()
 
-# tm_test(NAME LINK lib...): a test program of every source in the current folder.
+# tm_test(NAME [QT] LINK lib... [ENV VARIABLE=value...]): a test program of every source in the
+# current folder.
 function(tm_test name)
   cmake_parse_arguments(ARG "QT" "" "LINK;ENV" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)

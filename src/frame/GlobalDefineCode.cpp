@@ -53,6 +53,14 @@ const ModelLimits& LimitsOf(std::uint8_t model) {
     return Models[model < std::size(Models) ? model : 0];
 }
 
+void LoadInstrumentModel() {
+    const std::string stored =
+        GetSetting(ApplicationTitle, "Tidemark_Instrument", "Instrument", "0");
+    const std::optional<double> model = TextToNumber(stored);
+    const bool known = model && (*model == 0.0 || *model == 1.0 || *model == 2.0);
+    InstrumentModel = known ? static_cast<std::uint8_t>(*model) : std::uint8_t{0};
+}
+
 }  // namespace
 
 std::int32_t MostDotsOf(std::uint8_t model) {
@@ -71,14 +79,6 @@ void SetInstrumentLimits() {
     MinFrequency = 1.0 / MaxPeriod;
     MaxQuantify = 32;
     MinQuantify = 2;
-}
-
-void LoadInstrumentModel() {
-    const std::string stored =
-        GetSetting(ApplicationTitle, "Tidemark_Instrument", "Instrument", "0");
-    const std::optional<double> model = TextToNumber(stored);
-    const bool known = model && (*model == 0.0 || *model == 1.0 || *model == 2.0);
-    InstrumentModel = known ? static_cast<std::uint8_t>(*model) : std::uint8_t{0};
 }
 
 void InitialiseGlobals() {

@@ -56,10 +56,8 @@ std::int32_t MostDotsOf(std::uint8_t model);
 /// Sets the limits for `InstrumentModel` and `ModelVariant`.
 void SetInstrumentLimits();
 
-/// Reads the stored instrument model; a missing or unknown one leaves KT1100.
-void LoadInstrumentModel();
-
-/// Sets the limits of the stored model and clears the flags of the opening sequence.
+/// Sets the stored instrument model, KT1100 where it is missing or unknown, and its limits, and
+/// clears the flags of the opening sequence.
 void InitialiseGlobals();
 
 /// Lowest slot 0..9 not in use; -1 when all are.

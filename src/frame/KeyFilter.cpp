@@ -4,36 +4,22 @@
 
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool IsBinaryDigit(char c) {
-    return c == '0' || c == '1';
-}
-
-bool IsOctalDigit(char c) {
-    return c >= '0' && c <= '7';
-}
-
-bool IsHexDigit(char c) {
-    return IsDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
-
-bool IsNameCharacter(char c) {
-    return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-}
+// What a text is made of, behind its sign; in the order of KeyKind.
+constexpr std::string_view Characters[] = {
+    "0123456789",
+    "0123456789",
+    ".0123456789",
+    ".0123456789",
+    "01",
+    "01234567",
+    "0123456789ABCDEFabcdef",
+    "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz"};
 
 }  // namespace
 
 bool AcceptsText(KeyKind kind, std::string_view text) {
-    if (kind == KeyKind::Binary) return std::ranges::all_of(text, IsBinaryDigit);
-    if (kind == KeyKind::Octal) return std::ranges::all_of(text, IsOctalDigit);
-    if (kind == KeyKind::Hex) return std::ranges::all_of(text, IsHexDigit);
-    if (kind == KeyKind::WaveName) return std::ranges::all_of(text, IsNameCharacter);
     const bool isSigned = kind == KeyKind::SignedWhole || kind == KeyKind::SignedReal;
     if (isSigned && text.starts_with('-')) text.remove_prefix(1);
-    const std::ptrdiff_t pointsAllowed = kind == KeyKind::Real || kind == KeyKind::SignedReal;
-    return std::ranges::count(text, '.') <= pointsAllowed &&
-           std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.'; });
+    const std::string_view allowed = Characters[static_cast<std::size_t>(kind)];
+    return text.find_first_not_of(allowed) == text.npos && std::ranges::count(text, '.') <= 1;
 }

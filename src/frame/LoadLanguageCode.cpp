@@ -4,9 +4,8 @@
 #include "platform/Settings.h"
 
 #include <algorithm>
-#include <functional>
+#include <map>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -86,15 +85,8 @@ void AddSiblingRows(std::vector<WindowText>& rows, std::string_view window,
 
 using TextKey = std::pair<std::string_view, std::string_view>;  // window, control
 
-struct HashKey {
-    std::size_t operator()(const TextKey& key) const {
-        const std::hash<std::string_view> hash;
-        return hash(key.first) * 31 + hash(key.second);
-    }
-};
-
-std::unordered_map<TextKey, const WindowText*, HashKey> IndexRows() {
-    std::unordered_map<TextKey, const WindowText*, HashKey> index;
+std::map<TextKey, const WindowText*> IndexRows() {
+    std::map<TextKey, const WindowText*> index;
     for (const WindowText& row : WindowTexts())
         index.emplace(TextKey(row.Window, row.Control), &row);
     return index;

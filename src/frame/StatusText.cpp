@@ -4,6 +4,7 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -33,9 +34,10 @@ std::string_view LabelOf(const StatusRow& row) {
 }  // namespace
 
 void ShowStatus(std::int32_t code) {
+    const auto* row = std::ranges::find(StatusRows, code, &StatusRow::Code);
+    if (row == std::end(StatusRows)) return;
     lastCode = code;
-    for (const StatusRow& row : StatusRows)
-        if (row.Code == code) TheHost().ShowStatusText(LabelOf(row), ResText(code));
+    TheHost().ShowStatusText(LabelOf(*row), ResText(code));
 }
 
 void ShowStatusAgain() {

@@ -92,6 +92,7 @@ std::size_t CountDigits(std::string_view text) {
     return count;
 }
 
+// Unsigned number: digits, point, digits, at least one digit in all; exponent.
 bool IsNumberText(std::string_view text) {
     std::size_t digits = CountDigits(text);
     text.remove_prefix(digits);
@@ -141,9 +142,7 @@ Decimal MakeDecimal(double value) {
 }
 
 bool IsZero(const Decimal& number) {
-    for (const char digit : number.Digits)
-        if (digit != '0') return false;
-    return true;
+    return std::ranges::count(number.Digits, '0') == DecimalDigits;
 }
 
 // Keeps the first `keep` digits, half away from zero.
@@ -226,8 +225,6 @@ std::string_view TrimBlanks(std::string_view text) {
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
-
-// Unsigned number: digits, point, digits, at least one digit in all; exponent.
 
 double LeadingNumber(std::string_view text) {
     text = TrimBlanks(text);

@@ -104,6 +104,7 @@ constexpr auto BesselTerms = [] {
 void FillKaiserWindow(double* taps, std::int64_t half) {
     const double perHalf = 1.0 / static_cast<double>(half);
     for (std::int64_t k = 0; k <= half; ++k) {
+        // The processor turns several whole numbers into doubles at once where they have 32 bits.
         const double place = static_cast<double>(static_cast<std::int32_t>(k)) * perHalf;
         const double rest = 1.0 - place * place;
         double sum = BesselTerms.back();

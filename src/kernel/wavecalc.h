@@ -94,9 +94,9 @@ WAVECALC_API void wavecalc_seed(uint32_t Seed);
  *              it is. A single source dot is repeated.
  *   Delta < 0  new dot k is the average of the source over one step s = (n - 1) / (m - 1) around
  *              k s, each source dot i filling i - 1/2 .. i + 1/2 and the steps of the first and
- * last new dot being cut to the source. So each source dot counts in full, no spike is lost, and a
- * constant stays what it is; m = 1 gives the average of all. Delta = 0  Y times AmplPercent / 100,
- * at 100 percent bit by bit.
+ *              last new dot being cut to the source. So each source dot counts in full, no spike
+ *              is lost, and a constant stays what it is; m = 1 gives the average of all.
+ *   Delta = 0  Y times AmplPercent / 100, at 100 percent bit by bit.
  *
  * Nothing is written if Target or Source is null, or n or m is below 1. Target and Source must not
  * overlap. Needs no working memory.

@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr int MaxLinks = 40;  // as many as the system itself follows
 constexpr int NameTries = 100;
+constexpr std::string_view TemporaryStart = ".tidemark-", TemporaryEnd = ".tmp";
 
 int KindError(const struct stat& status) {
     if (S_ISDIR(status.st_mode)) return EISDIR;
@@ -42,9 +43,8 @@ int ResolveTarget(fs::path& path) {
 int OpenTemporary(const fs::path& target, std::string& name) {
     static std::atomic<unsigned> counter = 0;
     for (int i = 0; i < NameTries; ++i) {
-        const std::string file =
-            ".tidemark-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp";
-        name = (target.parent_path() / file).string();
+        name = (target.parent_path() / TemporaryStart).string() + std::to_string(getpid()) + '-' +
+               std::to_string(++counter).append(TemporaryEnd);
         const int handle = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (handle >= 0 || errno != EEXIST) return handle;
     }
@@ -140,6 +140,10 @@ int WriteFileSafely(const std::string& path, std::string_view bytes) {
     }
     SyncFolder(target);
     return 0;
+}
+
+bool IsUnfinished(std::string_view name) {
+    return name.starts_with(TemporaryStart) && name.ends_with(TemporaryEnd);
 }
 
 std::string FileErrorText(int error) {

@@ -20,5 +20,8 @@ int ReadFileHead(const std::string& path, std::size_t maxBytes, std::string& byt
 /// and nothing is left beside it.
 int WriteFileSafely(const std::string& path, std::string_view bytes);
 
+/// Whether a file's name is that of unfinished content, which a crash leaves beside a target.
+bool IsUnfinished(std::string_view name);
+
 /// The system's wording of an error number, for messages.
 std::string FileErrorText(int error);

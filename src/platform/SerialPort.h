@@ -1,6 +1,5 @@
 #pragma once
-// A serial port: opened by its device, always without parity and handshake, 8 data bits, 1 stop
-// bit.
+// A serial port: opened by its device, never with a handshake.
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -22,11 +21,12 @@ struct SerialPort {
     /// The ports present, running simulators included.
     std::function<std::vector<SerialDevice>()> Devices;
     /// Called with an event code and what came in (code SerialInput), while events are pumped.
-    /// Other codes: 1001 break, 1004 framing, 1006 overrun, 1008 overflow, 1009 parity.
+    /// Other codes: SerialGone, 1001 break, 1004 framing, 1006 overrun, 1008 overflow, 1009 parity.
     std::function<void(std::int16_t code, std::string_view fragment)> OnEvent;
 };
 
 inline constexpr std::int16_t SerialInput = 2;
+inline constexpr std::int16_t SerialGone = 7;  // the port has gone away and is closed
 
 /// The installed port; until start-up or a test sets it, opening and output fail.
 SerialPort& TheSerialPort();

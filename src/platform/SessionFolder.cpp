@@ -1,5 +1,7 @@
 #include "platform/SessionFolder.h"
 
+#include "platform/SafeFile.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -19,7 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view LockName = "lock", FolderStart = "run-";
-constexpr std::string_view UnfinishedStart = ".tidemark-", UnfinishedEnd = ".tmp";
 constexpr int FolderTries = 10;
 
 // Returns 0, or the system's error number: EWOULDBLOCK for a folder that is held.
@@ -37,10 +38,6 @@ int Hold(const std::string& path, SessionFolder& folder) {
     }
     folder = {path, handle};
     return 0;
-}
-
-bool IsUnfinished(std::string_view name) {
-    return name.starts_with(UnfinishedStart) && name.ends_with(UnfinishedEnd);
 }
 
 std::vector<fs::directory_entry> EntriesOf(const std::string& path) {

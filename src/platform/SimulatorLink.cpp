@@ -19,8 +19,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Header = std::array<std::uint8_t, 5>;
 
-constexpr auto Forever = std::numeric_limits<std::uint32_t>::max();
-
 struct Exchange {
     int Connection;
     bool Endless;
@@ -28,7 +26,7 @@ struct Exchange {
 };
 
 Exchange BeginExchange(const SimulatorLink& link) {
-    return {link.Connection, link.TimeOut == Forever,
+    return {link.Connection, link.TimeOut == VisaForever,
             Clock::now() + std::chrono::milliseconds(link.TimeOut)};
 }
 

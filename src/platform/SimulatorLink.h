@@ -9,7 +9,7 @@
 struct SimulatorLink {
     std::string Socket;            // path
     int Connection = -1;           // file descriptor; none after a failed exchange
-    std::uint32_t TimeOut = 2000;  // milliseconds for an exchange; all ones is for ever
+    std::uint32_t TimeOut = 2000;  // milliseconds for an exchange, or VisaForever
 };
 
 /// Sends a message, which may be empty. VisaTimeOut, or VisaConnectionLost when nobody answers.

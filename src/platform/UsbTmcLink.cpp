@@ -5,7 +5,6 @@
 
 #include <libusb.h>
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 // A reply begins with one packet, whose header says how much follows; the rest is asked for in
@@ -17,7 +16,6 @@ namespace {
 
 constexpr std::size_t PieceBytes = 65536;  // of a transfer; each may take a whole time-out
 constexpr unsigned EndTimeOut = 100;       // milliseconds for the packet that ends a transfer
-constexpr auto Forever = std::numeric_limits<std::uint32_t>::max();
 
 // Successive messages have different tags, although each is sent in a session of its own.
 std::uint8_t TakeTag() {
@@ -27,7 +25,7 @@ std::uint8_t TakeTag() {
 
 // The USB library takes 0 for ever.
 unsigned UsbTimeOut(const UsbTmcLink& link) {
-    return link.TimeOut == Forever ? 0 : std::max(link.TimeOut, 1U);
+    return link.TimeOut == VisaForever ? 0 : std::max(link.TimeOut, 1U);
 }
 
 int Send(const UsbTmcLink& link, std::span<std::uint8_t> frame, std::size_t& sent) {

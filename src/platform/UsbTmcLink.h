@@ -13,7 +13,7 @@ struct UsbTmcLink {
     std::uint8_t BulkOut = 0;  // endpoint addresses
     std::uint8_t BulkIn = 0;
     std::uint16_t InPacket = 0;    // bytes of a full packet of BulkIn
-    std::uint32_t TimeOut = 2000;  // milliseconds without progress; all ones is for ever
+    std::uint32_t TimeOut = 2000;  // milliseconds without progress, or VisaForever
 };
 
 /// What a negative code of the USB library means.

@@ -21,6 +21,7 @@ inline constexpr auto VisaNoPermission =
     static_cast<ViStatus>(0xBFFF00A8U);  // the user has no rights
 
 inline constexpr std::uint32_t VisaTimeOutValue = 0x3FFF001AU;  // attribute, milliseconds
+inline constexpr std::uint32_t VisaForever = 0xFFFFFFFF;        // a time-out without end
 inline constexpr std::size_t VisaNameLength = 256;              // of a resource, closing zero too
 
 struct VisaApi {

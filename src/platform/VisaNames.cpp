@@ -47,13 +47,8 @@ bool IsSameResource(std::string_view one, std::string_view other) {
     return std::ranges::equal(one, other, {}, Upper, Upper);
 }
 
-void CopyResourceName(std::string_view name, char* buffer) {
-    const std::string_view fitting = name.substr(0, VisaNameLength - 1);
-    *std::ranges::copy(fitting, buffer).out = '\0';
-}
-
 ViStatus NextName(FoundNames& found, char* buffer) {
     if (found.Next >= found.Names.size()) return VisaNotFound;
-    CopyResourceName(found.Names[found.Next++], buffer);
+    buffer[found.Names[found.Next++].copy(buffer, VisaNameLength - 1)] = '\0';
     return VisaSuccess;
 }

@@ -18,9 +18,6 @@ bool MatchesExpression(std::string_view expression, std::string_view name);
 /// Equal without case.
 bool IsSameResource(std::string_view one, std::string_view other);
 
-/// Into a buffer of VisaNameLength bytes, closing zero included; a longer name is cut.
-void CopyResourceName(std::string_view name, char* buffer);
-
 // What a search has found, and how much of it was asked for.
 struct FoundNames {
     ViSession Manager = 0;
@@ -28,5 +25,6 @@ struct FoundNames {
     std::size_t Next = 0;
 };
 
-/// The next name into a buffer of VisaNameLength bytes; VisaNotFound behind the last.
+/// The next name into a buffer of VisaNameLength bytes, closing zero included; a longer one is cut.
+/// VisaNotFound behind the last.
 ViStatus NextName(FoundNames& found, char* buffer);

@@ -41,6 +41,15 @@ TEST_F(PainterTest, SpansAreDividedByTheirRow) {
     }
 }
 
+TEST_F(PainterTest, LinesHaveBothEndsInEveryDirection) {
+    for (std::int32_t i = 0; i < 25; ++i) {
+        Surface surface;
+        surface.Create(5, 5);
+        surface.Line(2, 2, i % 5, i / 5, 1);
+        EXPECT_TRUE(surface.Pixel(2, 2) && surface.Pixel(i % 5, i / 5)) << i;
+    }
+}
+
 TEST_F(PainterTest, SpikeOfOneDotIsSeenAtFullWidth) {
     constexpr std::int32_t dots = 1048576;
     for (const std::int32_t at : {0, 2621, 777777, dots - 2, dots - 1}) {

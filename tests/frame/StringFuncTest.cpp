@@ -6,7 +6,6 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <random>
 #include <utility>
 #include <vector>

@@ -29,7 +29,8 @@ TEST(VisaNamesTest, SerialNumbersBecomeSafe) {
               "USB0::0x000F::0x0000::__/_1__::INSTR");
     EXPECT_EQ(UsbResourceName(0xF, 0, " \n"), "USB0::0x000F::0x0000::NOSERIAL::INSTR");
     char name[VisaNameLength];
-    CopyResourceName(std::string(300, 'x'), name);
+    FoundNames found{0, {std::string(300, 'x')}};
+    EXPECT_EQ(NextName(found, name), VisaSuccess);
     EXPECT_EQ(name, std::string(255, 'x'));
 }
 

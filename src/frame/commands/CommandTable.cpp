@@ -157,7 +157,7 @@ bool CanLeaveZoom() {
 bool IsConnected() {
     return bool(Link.IsConnected);
 }
-bool IsIdle() {
+bool IsDisconnected() {
     return !Link.IsConnected;
 }
 bool CanUndoZoom() {
@@ -461,7 +461,8 @@ constexpr CommandRow Rows[] = {
     {"", {"MnuTool_InstrumenuSel"}, "", "", OpenDialog<InstrumentSel>, nullptr, nullptr, nullptr},
     {"ConnectAresBtn", {}, "Connect", "Ctrl+K",
      Run<ToggleConnection>, nullptr, nullptr, IsConnected},
-    {"", {"MnuTool_Connect"}, "Connect", "", Run<ConnectInstrument>, nullptr, IsIdle, nullptr},
+    {"", {"MnuTool_Connect"}, "Connect", "",
+     Run<ConnectInstrument>, nullptr, IsDisconnected, nullptr},
     {"", {"MnuTool_Disconnect"}, "", "", Run<DisconnectInstrument>, nullptr, IsConnected, nullptr},
     {"TransAresBtn", {"MnuTool_Send"}, "Trans", "Ctrl+Return",
      Run<SendAnalogWaveform>, Run<SendDigitWaveform>, nullptr, nullptr},
@@ -545,6 +546,10 @@ NameIndex IndexNames() {
     return index;
 }
 
+auto RoutineOf(const CommandRow& row) {
+    return ActiveIsDigital && row.Digital ? row.Digital : row.Analog;
+}
+
 }  // namespace
 
 std::span<const CommandRow> Commands() {
@@ -558,17 +563,14 @@ const CommandRow* FindCommand(std::string_view name) {
 }
 
 CommandState StateOf(const CommandRow& row) {
-    const auto routine = ActiveIsDigital && row.Digital ? row.Digital : row.Analog;
-    return {.Enabled = routine != nullptr && (row.Enabled == nullptr || row.Enabled()),
+    return {.Enabled = RoutineOf(row) != nullptr && (row.Enabled == nullptr || row.Enabled()),
             .Checked = row.Checked != nullptr && row.Checked()};
 }
 
 void RunCommand(const CommandRow& row) {
     ActiveDocumentIndex();
     RefreshDotCommands();
-    if (!StateOf(row).Enabled) return;
-    const auto routine = ActiveIsDigital && row.Digital ? row.Digital : row.Analog;
-    routine(row.Argument);
+    if (StateOf(row).Enabled) RoutineOf(row)(row.Argument);
 }
 
 void RunCommand(std::string_view name) {

@@ -19,7 +19,6 @@ namespace {
 
 constexpr const char* NotOpen = "The port is not open";
 constexpr const char* Lost = "The port was lost";
-constexpr std::int16_t EndOfFile = 7;  // event code
 
 struct Line {
     QPointer<QSerialPort> Port;
@@ -68,7 +67,7 @@ void TakeError(Line& line, QSerialPort::SerialPortError error) {
     if (error == QSerialPort::NoError || error == QSerialPort::UnsupportedOperationError) return;
     line.Fault = Lost;
     line.Port->close();
-    TheSerialPort().OnEvent(EndOfFile, {});
+    TheSerialPort().OnEvent(SerialGone, {});
 }
 
 void CloseLine(Line& line) {

@@ -3,6 +3,6 @@
 #include "platform/SerialPort.h"
 
 /// The table over one port of the system. The device is an absolute path; bytes handed over are
-/// written while events are pumped. A port that goes away closes itself and tells event code 7;
+/// written while events are pumped. A port that goes away closes itself and tells SerialGone;
 /// Output then says why nothing can be sent. Needs an application, with which the port ends.
 SerialPort QtSerialPort();

@@ -59,18 +59,31 @@ constexpr double DashOn = 5.0, DashOff = 4.0;  // logical pixels
 
 // An upright or level line, in copy mode, from the lower to the higher end.
 void DrawStraight(SurfaceData& data, QPoint from, QPoint to, QRgb colour, bool dashed) {
-    const bool level = from.y() == to.y();
-    const QRect box = QRect(from, to).normalized() & data.Image.rect();
+    const auto [left, right] = std::minmax({from.x(), to.x()});
+    const auto [top, bottom] = std::minmax({from.y(), to.y()});
+    const bool level = top == bottom;
+    const QRect box = QRect(QPoint(left, top), QPoint(right, bottom)) & data.Image.rect();
     if (box.isEmpty()) return;
     const auto on = static_cast<int>(std::lround(DashOn * data.Scale));
     const int period = on + static_cast<int>(std::lround(DashOff * data.Scale));
     const auto stride = data.Image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
-    const int skipped =
-        level ? box.left() - std::min(from.x(), to.x()) : box.top() - std::min(from.y(), to.y());
+    const int skipped = level ? box.left() - left : box.top() - top;
     QRgb* pixel = RowOf(data, box.top()) + box.left();
     const int count = level ? box.width() : box.height();
     for (int i = 0; i < count; ++i, pixel += level ? 1 : stride)
         if (!dashed || (i + skipped) % period < on) *pixel = colour;
+}
+
+// Copies the columns first..last of an image whose top left corner comes to (x, y).
+void CopyPart(SurfaceData& data, const QImage& from, int x, int y, int first, int last) {
+    first = std::max({first, 0, -x});
+    const int count = std::min({last, from.width() - 1, data.Image.width() - 1 - x}) - first + 1;
+    if (count <= 0) return;
+    const int end = std::min(from.height(), data.Image.height() - y);
+    for (int row = std::max(0, -y); row < end; ++row) {
+        const QRgb* line = reinterpret_cast<const QRgb*>(from.constScanLine(row)) + first;
+        std::copy_n(line, count, RowOf(data, row + y) + x + first);
+    }
 }
 
 // Adds the steps of a run's coverage, 256 for a whole pixel, to a column: the running sum of the
@@ -133,27 +146,12 @@ void Surface::Fill(Colour colour) {
 }
 
 void Surface::CopyFrom(const Surface& source, std::int32_t x, std::int32_t y) {
-    if (!data_ || source.IsNull()) return;
-    const QImage& from = source.data_->Image;
-    const std::int32_t left = std::max(0, -x);
-    const std::int32_t count = std::min(from.width(), Width() - x) - left;
-    if (count <= 0) return;
-    for (std::int32_t row = std::max(0, -y); row < from.height() && row + y < Height(); ++row) {
-        const QRgb* line = reinterpret_cast<const QRgb*>(from.constScanLine(row)) + left;
-        std::copy_n(line, count, RowOf(*data_, row + y) + x + left);
-    }
+    if (data_ && !source.IsNull())
+        CopyPart(*data_, source.data_->Image, x, y, 0, source.Width() - 1);
 }
 
 void Surface::CopyColumns(const Surface& source, std::int32_t left, std::int32_t right) {
-    if (!data_ || source.IsNull()) return;
-    const QImage& from = source.data_->Image;
-    const std::int32_t first = std::max(left, 0);
-    const std::int32_t count = std::min({right, Width() - 1, from.width() - 1}) - first + 1;
-    if (count <= 0) return;
-    for (std::int32_t row = 0; row < std::min(Height(), from.height()); ++row) {
-        const QRgb* line = reinterpret_cast<const QRgb*>(from.constScanLine(row)) + first;
-        std::copy_n(line, count, RowOf(*data_, row) + first);
-    }
+    if (data_ && !source.IsNull()) CopyPart(*data_, source.data_->Image, 0, 0, left, right);
 }
 
 void Surface::SetMode(DrawMode mode) {
@@ -256,7 +254,7 @@ void Surface::Text(std::int32_t x, std::int32_t y, std::string_view text, Colour
     double left = x;
     if (align == TextAlign::Centre) left -= std::round(width / 2.0);
     if (align == TextAlign::Right) left -= width;
-    const double base = y + std::round((metrics.capHeight()) / 2.0);
+    const double base = y + std::round(metrics.capHeight() / 2.0);
     painter.drawText(QPointF(std::round(left), base), shown);
 }
 
