@@ -13,12 +13,8 @@
 
 #include <cmath>
 #include <cstdio>
-#include <memory>
-#include <QAbstractButton>
 #include <QAction>
-#include <QComboBox>
 #include <QDir>
-#include <QLabel>
 
 // Every step acts through controls and checks the records behind them: a step that shows the
 // right window over the wrong data fails.
@@ -48,13 +44,13 @@ void EditWave(TourState& tour) {
     Choose(tour, "MnuEdit_SelAll");
     Step(tour, "everything is selected", wave.HasSelection && wave.SelEnd == 3499);
     Picture(tour, tour.Window.get(), "selected");
-    Click(Control(tour.Window.get(), "CutAresBtn"));
+    Click(Part(tour, "CutAresBtn"));
     Step(tour, "cut leaves an empty waveform", wave.Dots == 0 && ClipDotCount == 3500);
-    Click(Control(tour.Window.get(), "PasteAresBtn"));
+    Click(Part(tour, "PasteAresBtn"));
     Step(tour, "paste brings the dots back", SameDots(wave, before, 0.0));
-    Click(Control(tour.Window.get(), "UndoAresBtn"));
+    Click(Part(tour, "UndoAresBtn"));
     Step(tour, "undo takes the paste away", wave.Dots == 0);
-    Click(Control(tour.Window.get(), "ResumeAresBtn"));
+    Click(Part(tour, "ResumeAresBtn"));
     Step(tour, "resume brings it again", SameDots(wave, before, 0.0));
     Choose(tour, "MnuView_ShowTime");
     Choose(tour, "MnuView_DotLink");
@@ -66,8 +62,7 @@ void EditWave(TourState& tour) {
 void ChangeProperty(TourState& tour) {
     WithDialog([&] { Choose(tour, "MnuRework_property"); },
                [&](QWidget* dialog) {
-                   TypeInto(Control(dialog, "ampltxt"), "4");
-                   PressKey(Control(dialog, "ampltxt"), Qt::Key_Tab);
+                   FillIn(dialog, {{"ampltxt", "4"}});
                    Click(Control(dialog, "OkAresBtn"));
                });
     const AnalogWaveRecord& wave = AnalogDocs[0];
@@ -78,7 +73,7 @@ void ChangeProperty(TourState& tour) {
 }
 
 void OpenFile(TourState& tour, const QString& path) {
-    WithDialog([&] { Click(Control(tour.Window.get(), "OpenAresBtn")); },
+    WithDialog([&] { Click(Part(tour, "OpenAresBtn")); },
                [&](QWidget* dialog) { AnswerFileDialog(dialog, path); });
 }
 
@@ -96,7 +91,7 @@ void SaveAndOpen(TourState& tour, const char* ending, double within, bool spread
     WithDialog([&] { Choose(tour, "MnuFile_SaveAs"); },
                [&](QWidget* dialog) { AnswerFileDialog(dialog, path); });
     const std::vector<WaveDot> dots = DotsOf(AnalogDocs[0]);
-    Click(Control(Control(tour.Window.get(), "WaveFrm0"), "ExtBtn"));
+    Click(Control(Part(tour, "WaveFrm0"), "ExtBtn"));
     Settle();
     const bool closed = AnalogDocCount == 0;
     OpenFile(tour, path);
@@ -111,13 +106,13 @@ void ArrangeWindows(TourState& tour) {
     Choose(tour, "Mnuwin_Cascade");
     Picture(tour, tour.Window.get(), "cascade");
     Choose(tour, "Mnuwin_Vertical");
-    const QWidget* first = Control(tour.Window.get(), "WaveFrm0");
-    const QWidget* second = Control(tour.Window.get(), "WaveFrm1");
+    const QWidget* first = Part(tour, "WaveFrm0");
+    const QWidget* second = Part(tour, "WaveFrm1");
     Step(tour, "windows stand side by side",
          first->y() == second->y() && first->geometry().right() < second->x());
     Picture(tour, tour.Window.get(), "side-by-side");
-    Click(Control(Control(tour.Window.get(), "WaveFrm2"), "ExtBtn"));
-    Click(Control(Control(tour.Window.get(), "WaveFrm1"), "MaxBtn"));
+    Click(Control(Part(tour, "WaveFrm2"), "ExtBtn"));
+    Click(Control(Part(tour, "WaveFrm1"), "MaxBtn"));
     Settle();
     Step(tour, "maximised again", first->size() == second->size() && AnalogDocCount == 2);
 }
@@ -126,7 +121,7 @@ void SpeakChinese(TourState& tour) {
     Choose(tour, "MnuHelp_Lang_Ch");
     Step(tour, "the language changes at run time", UseEnglish == 0);
     Picture(tour, tour.Window.get(), "chinese");
-    WithDialog([&] { Click(Control(tour.Window.get(), "WaveAresBtn3")); },
+    WithDialog([&] { Click(Part(tour, "WaveAresBtn3")); },
                [&](QWidget* dialog) { Picture(tour, dialog, "chinese-standard-wave"); });
     WithDialog([&] { Choose(tour, "MnuRework_property"); },
                [&](QWidget* dialog) { Picture(tour, dialog, "chinese-property"); });
@@ -140,14 +135,13 @@ void OpenTen(TourState& tour) {
     }
     Step(tour, "ten documents are open", AnalogDocCount == 10);
     bool told = false;
-    WithDialog([&] { Click(Control(tour.Window.get(), "NewAnaWaveAresBtn")); },
+    WithDialog([&] { Click(Part(tour, "NewAnaWaveAresBtn")); },
                [&](QWidget* box) {
-                   for (const QLabel* label : box->findChildren<QLabel*>())
-                       told = told || label->text() == QString::fromUtf8("波形文件数目达到上限");
+                   told = Tells(box, "波形文件数目达到上限");
                    Picture(tour, box, "ten-is-the-limit");
                });
     Step(tour, "the eleventh is declined with a message", told && AnalogDocCount == 10);
-    Click(Control(Control(tour.Window.get(), "WaveFrm3"), "ExtBtn"));
+    Click(Control(Part(tour, "WaveFrm3"), "ExtBtn"));
     Settle();
     NewDocument(tour, "2048", "1", nullptr);
     Step(tour, "a closed slot is taken again", AnalogInUse[3] && AnalogDocs[3].MaxDots == 2048);
@@ -166,7 +160,7 @@ void UseOwnStores(const TourState& tour) {
 
 void EndProgram(TourState& tour) {
     InsertWave(tour, {"WaveAresBtn6", "500", nullptr, nullptr, nullptr}, nullptr);
-    WithDialog([&] { Click(Control(tour.Window.get(), "ExitAbtn")); },
+    WithDialog([&] { Click(Part(tour, "ExitAbtn")); },
                [&](QWidget* box) {
                    Picture(tour, box, "save-changes");
                    PressKey(box, Qt::Key_Escape);

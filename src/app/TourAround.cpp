@@ -4,14 +4,11 @@
 #include "files/RecoveryFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "platform/BackgroundWriter.h"
-#include "platform/Host.h"
 #include "platform/ProgramFolder.h"
 
 #include <cmath>
 #include <cstring>
 #include <numbers>
-#include <QAbstractButton>
-#include <QDirIterator>
 #include <QFile>
 
 // The chapter on what stands around the editor: a captured waveform is imported, printed into the
@@ -61,7 +58,7 @@ void PreviewPage(TourState& tour) {
                    Picture(tour, dialog, "print-preview");
                });
     Step(tour, "the page is shown before it is printed", stands);
-    Click(Control(Control(tour.Window.get(), "WaveFrm1"), "ExtBtn"));
+    Click(Control(Part(tour, "WaveFrm1"), "ExtBtn"));
 }
 
 // What a run that died would have left: the store's folder, held by nobody.
@@ -86,8 +83,7 @@ void ComeBackAfterCrash(TourState& tour) {
     Step(tour, "the document is gone", AnalogDocCount == open - 1);
     WithDialog(RestoreSession, [&](QWidget* box) {
         Picture(tour, box, "restore");
-        for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-            if (button->property("answer") == static_cast<int>(Answer::Yes)) button->click();
+        AnswerBox(box, Answer::Yes);
     });
     Step(tour, "after a crash the next start brings it back",
          AnalogDocCount == open && SameDots(Wave(), dots, 0.0) && Wave().Modified &&

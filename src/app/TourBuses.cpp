@@ -3,21 +3,19 @@
 #include "digital/DigitFuncCode.h"
 #include "digital/DigitView.h"
 
-#include <QAbstractButton>
 #include <QFile>
-#include <QLabel>
 
 // The chapter on buses, clipboards and files of digital documents: two documents share a span and
 // rows, one goes through a file.
 
 namespace {
 
-void ClickRow(TourState& tour, const char* name) {
+void ClickRow(const TourState& tour, const char* name) {
     ClickAt(Pic(tour, "DispParaListView"), InList(name));
 }
 
 // The row of a name and `more` rows below it.
-void SelectRows(TourState& tour, const char* name, int more) {
+void SelectRows(const TourState& tour, const char* name, int more) {
     ClickRow(tour, name);
     for (int i = 0; i < more; ++i)
         PressKey(Pic(tour, "DispParaListView"), Qt::Key_Down, Qt::ShiftModifier);
@@ -110,8 +108,7 @@ void PasteElsewhere(TourState& tour) {
     bool told = false;
     WithDialog([&] { Choose(tour, "MnuDigitEdit_Repaste"); },
                [&](QWidget* box) {
-                   for (const QLabel* label : box->findChildren<QLabel*>())
-                       told = told || label->text() == "The channels is overflow!";
+                   told = Tells(box, "The channels is overflow!");
                    Picture(tour, box, "channels-overflow");
                });
     Step(tour, "eight more channels than seven are declined", told && Wave().ChannelCount == 9);

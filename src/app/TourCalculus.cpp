@@ -43,17 +43,12 @@ void Confirm(QWidget* dialog) {
     for (int i = 0; i < 100 && dialog->isVisible(); ++i) Settle(20);
 }
 
-void TypeAndLeave(QWidget* dialog, const char* box, const char* text) {
-    TypeInto(Control(dialog, box), text);
-    PressKey(Control(dialog, box), Qt::Key_Tab);
-}
-
 void ChooseNoise(QWidget* dialog) {
     WithDialog([&] { PickNext(Control(dialog, "SourceCmb"), 1); },
                [](QWidget* wave) {
                    PressKey(Control(wave, "WaveTypeCmb"), Qt::Key_Home);
                    PickNext(Control(wave, "WaveTypeCmb"), 6);
-                   TypeAndLeave(wave, "ampltxt", "0.3");
+                   FillIn(wave, {{"ampltxt", "0.3"}});
                    Click(Control(wave, "OkAresBtn"));
                });
 }
@@ -77,18 +72,18 @@ void RemoveNoise(TourState& tour) {
     const double noisy = Roughness();
     WithDialog([&] { Choose(tour, "MnuMath_Filter_LowPass"); },
                [&](QWidget* dialog) {
-                   TypeAndLeave(dialog, "CutOffTxt", "60");
+                   FillIn(dialog, {{"CutOffTxt", "60"}});
                    PictureSettled(tour, dialog, "low-pass");
                    Confirm(dialog);
                });
     Step(tour, "the low-pass takes the noise off",
          Roughness() < noisy / 4 && Near(ValueAt(500), -0.7, 0.1) && Wave().SegmentCount == 1);
     Picture(tour, tour.Window.get(), "filtered");
-    Click(Control(tour.Window.get(), "UndoAresBtn"));
+    Click(Part(tour, "UndoAresBtn"));
     Step(tour, "undo brings it back", Roughness() == noisy);
     WithDialog([&] { Choose(tour, "MnuMath_Filter_Smooth"); },
                [&](QWidget* dialog) {
-                   TypeAndLeave(dialog, "smoothdottxt", "50");
+                   FillIn(dialog, {{"smoothdottxt", "50"}});
                    PictureSettled(tour, dialog, "smooth");
                    Confirm(dialog);
                });
@@ -99,8 +94,7 @@ void ResizeAndTurn(TourState& tour) {
     Choose(tour, "MnuEdit_SelAll");
     WithDialog([&] { Choose(tour, "MnuRework_Resize"); },
                [&](QWidget* dialog) {
-                   TypeAndLeave(dialog, "dottxt", "1200");
-                   TypeAndLeave(dialog, "ampltxt", "60");
+                   FillIn(dialog, {{"dottxt", "1200"}, {"ampltxt", "60"}});
                    PictureSettled(tour, dialog, "resize");
                    Confirm(dialog);
                });

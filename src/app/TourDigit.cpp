@@ -1,9 +1,7 @@
 #include "app/TourDigits.h"
 #include "app/TourHands.h"
 #include "app/TourSteps.h"
-#include "digital/DigitFuncCode.h"
 #include "digital/DigitView.h"
-#include "digital/GlobalDigitDefineCode.h"
 
 #include <QAction>
 #include <QMenu>
@@ -129,7 +127,7 @@ void EditDigitalWaves(TourState& tour) {
     EvaluateByPosition(tour);
     LookAround(tour);
     SpeakChinese(tour);
-    const QWidget* analog = Control(tour.Window.get(), "WaveFrm0");
+    const QWidget* analog = Part(tour, "WaveFrm0");
     DiscardDocument(tour);
     Step(tour, "closed, and the analog tools are back",
          DigitDocCount == 0 && !ActiveIsDigital && analog->isVisible() &&

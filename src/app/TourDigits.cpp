@@ -9,10 +9,6 @@ const DigitDocument& Wave() {
     return ActiveDigit();
 }
 
-QWidget* Part(const TourState& tour, const char* name) {
-    return Control(tour.Window.get(), name);
-}
-
 QWidget* Pic(const TourState& tour, const char* name) {
     return Control(tour.Window->Window(tour.Window->ActiveTag()), name);
 }
@@ -46,13 +42,6 @@ std::string Names() {
     std::string names;
     for (const DigitNode& node : Wave().Nodes) names.append(node.Name).append(" ");
     return names;
-}
-
-void FillIn(QWidget* dialog, std::initializer_list<BoxEntry> entries) {
-    for (const auto& [box, text] : entries) {
-        TypeInto(Control(dialog, box), text);
-        PressKey(Control(dialog, box), Qt::Key_Tab);
-    }
 }
 
 void Pick(QWidget* list, int index) {

@@ -4,12 +4,8 @@
 #include "app/TourSteps.h"
 #include "digital/GlobalDigitDefineCode.h"
 
-#include <initializer_list>
-
 /// The active digital document.
 const DigitDocument& Wave();
-/// A control of the main window or of its documents.
-QWidget* Part(const TourState& tour, const char* name);
 /// A part of the active document's window: list, picture or ruler.
 QWidget* Pic(const TourState& tour, const char* name);
 
@@ -29,10 +25,6 @@ bool Reads(const char* name, std::int32_t first, std::int32_t last, Expected exp
 /// The names of all nodes, a blank behind each.
 std::string Names();
 
-struct BoxEntry {
-    const char *Box, *Text;
-};
-void FillIn(QWidget* dialog, std::initializer_list<BoxEntry> entries);
 /// Turns a list to its entry `index`, as the arrow keys do.
 void Pick(QWidget* list, int index);
 

@@ -3,7 +3,6 @@
 
 #include "analog/DrawAnalogWave.h"
 #include "frame/GlobalDefineCode.h"
-#include "frame/Narrow.h"
 #include "ui/WaveFrm.h"
 #include "ui/WavePic.h"
 
@@ -19,10 +18,6 @@ const AnalogWaveRecord& Wave() {
 
 QWidget* Plot(const TourState& tour) {
     return tour.Window->AnalogWindow(ActiveAnalogIndex)->Plot();
-}
-
-QWidget* Box(const TourState& tour, const char* name) {
-    return Control(tour.Window.get(), name);
 }
 
 // Where a dot and a voltage stand on the plot area, in its logical pixels.
@@ -45,7 +40,7 @@ double PixelVolts() {
 }
 
 void DrawByHand(TourState& tour) {
-    Click(Box(tour, "HandDrawAresBtn"));
+    Click(Part(tour, "HandDrawAresBtn"));
     const auto curve = [](double dot) { return 0.8 * std::sin(dot / 60.0) * std::exp(-dot / 500); };
     Press(Plot(tour), At(tour, 0, curve(0)));
     for (int dot = 4; dot <= 400; dot += 4) MoveTo(Plot(tour), At(tour, dot, curve(dot)));
@@ -60,7 +55,7 @@ void DrawByHand(TourState& tour) {
 }
 
 void DrawPolyline(TourState& tour) {
-    Click(Box(tour, "LineDrawAresBtn"));
+    Click(Part(tour, "LineDrawAresBtn"));
     ClickAt(Plot(tour), At(tour, 450, 0.5));
     ClickAt(Plot(tour), At(tour, 550, -0.5));
     ClickAt(Plot(tour), At(tour, 650, 0.8));
@@ -75,18 +70,18 @@ void DrawPolyline(TourState& tour) {
 }
 
 void EditPoint(TourState& tour) {
-    Click(Box(tour, "EditPointAresBtn"));
+    Click(Part(tour, "EditPointAresBtn"));
     ClickAt(Plot(tour), At(tour, 200, 0));
     PressKey(Plot(tour), Qt::Key_Right);
     PressKey(Plot(tour), Qt::Key_Left);
     const std::int32_t dot = Wave().TrackDot;
-    TypeInto(Box(tour, "txtValueY"), "0.9");
+    TypeInto(Part(tour, "txtValueY"), "0.9");
     Picture(tour, tour.Window.get(), "point");
-    Click(Box(tour, "AresButton1"));
+    Click(Part(tour, "AresButton1"));
     Step(tour, "a point takes the typed value",
          Near(dot, 200, 1) && Near(VoltsAt(dot), 0.9, 1e-12) && Wave().UndoAvailable);
-    Click(Box(tour, "mVAresBtn"));
-    Click(Box(tour, "VAresBtn"));
+    Click(Part(tour, "mVAresBtn"));
+    Click(Part(tour, "VAresBtn"));
     PressKey(Plot(tour), Qt::Key_Escape);
     Step(tour, "Escape leaves the tool", bool(Wave().SelectMode));
 }
@@ -99,13 +94,13 @@ void SelectAndCut(TourState& tour) {
     Release(Plot(tour), At(tour, 600, 0));
     const std::int32_t dots = Wave().Dots, count = Wave().SelEnd - Wave().SelStart + 1;
     Step(tour, "a drag selects", Wave().HasSelection && Near(count, 181, 3));
-    Click(Box(tour, "CutAresBtn"));
+    Click(Part(tour, "CutAresBtn"));
     Step(tour, "cut takes the selection out", Wave().Dots == dots - count);
     Picture(tour, tour.Window.get(), "cut");
 }
 
 void ZoomAndPan(TourState& tour) {
-    Click(Box(tour, "ZoomRegionAresBtn"));
+    Click(Part(tour, "ZoomRegionAresBtn"));
     Press(Plot(tour), At(tour, 100, 0.9));
     MoveTo(Plot(tour), At(tour, 200, 0.2));
     MoveTo(Plot(tour), At(tour, 300, -0.7));
@@ -115,9 +110,9 @@ void ZoomAndPan(TourState& tour) {
          Near(Wave().ViewStart, 100, 1) && Near(Wave().ViewEnd, 300, 1) &&
              Near(Wave().ViewTop, 0.9, 0.01) && Near(Wave().ViewBottom, -0.7, 0.01));
     Picture(tour, tour.Window.get(), "zoomed");
-    Click(Box(tour, "ZoomUndoAresBtn"));
+    Click(Part(tour, "ZoomUndoAresBtn"));
     Step(tour, "zoom undo shows the whole again", Wave().ViewStart == 0 && Wave().ViewEnd == 999);
-    Click(Box(tour, "SelectAresBtn"));
+    Click(Part(tour, "SelectAresBtn"));
     TurnWheel(Plot(tour), At(tour, 250, 0), 5);
     Step(tour, "the wheel zooms around the pointer",
          Near(Wave().ViewEnd - Wave().ViewStart, 327, 3));
@@ -144,7 +139,7 @@ void DrawInsideLimits(TourState& tour) {
     Step(tour, "a limit line follows the mouse",
          Near(1.0 - 2.0 * Wave().YLimitTop / (Wave().PlotHeight - 1), 0.5, 0.01));
     Choose(tour, "MnuDraw_FixupLimit");
-    Click(Box(tour, "HandDrawAresBtn"));
+    Click(Part(tour, "HandDrawAresBtn"));
     const std::vector<WaveDot> before = DotsOf(Wave());
     Press(Plot(tour), At(tour, 50, 0.9));
     for (int dot = 60; dot <= 950; dot += 10)
@@ -159,7 +154,7 @@ void DrawInsideLimits(TourState& tour) {
     Step(tour, "a stroke is held to the limits",
          kept && Near(highest, 0.5, 0.01) && Near(Wave().Dots, 801, 1));
     Picture(tour, tour.Window.get(), "limits");
-    Click(Box(tour, "UndoAresBtn"));
+    Click(Part(tour, "UndoAresBtn"));
     Step(tour, "undo takes the stroke away", SameDots(Wave(), before, 0.0));
     Picture(tour, tour.Window.get(), "undone");
 }
@@ -169,8 +164,7 @@ void InsertComputed(TourState& tour) {
     WithDialog([&] { Choose(tour, "MnuDraw_InsertMathWave"); },
                [&](QWidget* dialog) {
                    TypeInto(Control(dialog, "ExpressionTxt"), "A*sin(2*pi*4*x)*exp(-3*x)");
-                   TypeInto(Control(dialog, "DotnumTxt"), "400");
-                   PressKey(Control(dialog, "DotnumTxt"), Qt::Key_Tab);
+                   FillIn(dialog, {{"DotnumTxt", "400"}});
                    Settle(100);
                    Picture(tour, dialog, "equation");
                    Click(Control(dialog, "OkAresBtn"));
@@ -196,7 +190,7 @@ void DrawWithTheMouse(TourState& tour) {
     DrawInsideLimits(tour);
     InsertComputed(tour);
     Choose(tour, "MnuHelp_Lang_Ch");
-    Click(Box(tour, "ZoomRegionAresBtn"));
+    Click(Part(tour, "ZoomRegionAresBtn"));
     Picture(tour, tour.Window.get(), "chinese-zoom");
     Choose(tour, "MnuHelp_Lang_En");
     DiscardDocument(tour);

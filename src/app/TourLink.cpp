@@ -10,7 +10,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -93,7 +92,7 @@ bool SetUp(TourState& tour) {
 }
 
 void Connect(TourState& tour) {
-    Click(Control(tour.Window.get(), "ConnectAresBtn"));
+    Click(Part(tour, "ConnectAresBtn"));
     Step(tour, "connected to a KT3300 with new firmware",
          Link.IsConnected && Link.ConnectedModel == 2 && !HasOldFirmware());
     Picture(tour, tour.Window.get(), "connected");
@@ -191,14 +190,13 @@ void SendPattern(TourState& tour) {
 }
 
 void Unplug(TourState& tour, Simulator& simulator) {
-    Click(Control(tour.Window.get(), "ConnectAresBtn"));
+    Click(Part(tour, "ConnectAresBtn"));
     Step(tour, "disconnected", !Link.IsConnected);
     simulator.Stop();
     bool told = false;
-    WithDialog([&] { Click(Control(tour.Window.get(), "ConnectAresBtn")); },
+    WithDialog([&] { Click(Part(tour, "ConnectAresBtn")); },
                [&](QWidget* box) {
-                   for (const QLabel* label : box->findChildren<QLabel*>())
-                       told = told || label->text() == "Device not found";
+                   told = Tells(box, "Device not found");
                    Picture(tour, box, "not-found");
                });
     Step(tour, "without the instrument a message says so", told && !Link.IsConnected);

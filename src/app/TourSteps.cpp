@@ -3,16 +3,17 @@
 #include "app/TourHands.h"
 #include "frame/GlobalDefineCode.h"
 #include "link/LinkWork.h"
-#include "platform/Host.h"
 #include "ui/ActionTable.h"
 #include "ui/WaveFrm.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 
 void Step(TourState& tour, const char* what, bool good) {
     std::printf("%s  %s\n", good ? "ok    " : "FAILED", what);
@@ -30,29 +31,35 @@ void Choose(TourState& tour, const char* menuEntry) {
     Settle();
 }
 
+QWidget* Part(const TourState& tour, const char* name) {
+    return Control(tour.Window.get(), name);
+}
+
+void FillIn(QWidget* dialog, std::initializer_list<BoxEntry> entries) {
+    for (const auto& [box, text] : entries) {
+        TypeInto(Control(dialog, box), text);
+        PressKey(Control(dialog, box), Qt::Key_Tab);
+    }
+}
+
 void NewDocument(TourState& tour, const char* dots, const char* vpp, const char* picture) {
-    WithDialog([&] { Click(Control(tour.Window.get(), "NewAnaWaveAresBtn")); },
+    WithDialog([&] { Click(Part(tour, "NewAnaWaveAresBtn")); },
                [&](QWidget* dialog) {
-                   TypeInto(Control(dialog, "DotnumTxt"), dots);
-                   TypeInto(Control(dialog, "ampltxt"), vpp);
-                   PressKey(Control(dialog, "ampltxt"), Qt::Key_Tab);
+                   FillIn(dialog, {{"DotnumTxt", dots}, {"ampltxt", vpp}});
                    if (picture) Picture(tour, dialog, picture);
                    Click(Control(dialog, "OkAresBtn"));
                });
 }
 
 void InsertWave(TourState& tour, const WaveValues& wave, const char* picture) {
-    WithDialog([&] { Click(Control(tour.Window.get(), wave.Button)); },
+    WithDialog([&] { Click(Part(tour, wave.Button)); },
                [&](QWidget* dialog) {
-                   const std::pair<const char*, const char*> boxes[] = {{"DotnumTxt", wave.Dots},
-                                                                        {"Cyclestxt", wave.Cycles},
-                                                                        {"ampltxt", wave.Ampl},
-                                                                        {"para1txt", wave.Para1}};
-                   for (const auto& [box, text] : boxes) {
-                       if (text == nullptr) continue;
-                       TypeInto(Control(dialog, box), text);
-                       PressKey(Control(dialog, box), Qt::Key_Tab);
-                   }
+                   const BoxEntry entries[] = {{"DotnumTxt", wave.Dots},
+                                               {"Cyclestxt", wave.Cycles},
+                                               {"ampltxt", wave.Ampl},
+                                               {"para1txt", wave.Para1}};
+                   for (const BoxEntry& entry : entries)
+                       if (entry.Text != nullptr) FillIn(dialog, {entry});
                    if (picture) Picture(tour, dialog, picture);
                    Click(Control(dialog, "OkAresBtn"));
                });
@@ -68,11 +75,18 @@ void InsertFourWaves(TourState& tour, bool pictures) {
 
 void DiscardDocument(TourState& tour) {
     WithDialog([&] { Click(Control(tour.Window->Window(tour.Window->ActiveTag()), "ExtBtn")); },
-               [](QWidget* box) {
-                   for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                       if (button->property("answer") == static_cast<int>(Answer::No))
-                           button->click();
-               });
+               [](QWidget* box) { AnswerBox(box, Answer::No); });
+}
+
+bool Tells(const QWidget* box, const char* text) {
+    return std::ranges::any_of(box->findChildren<QLabel*>(), [text](const QLabel* label) {
+        return label->text() == QString::fromUtf8(text);
+    });
+}
+
+void AnswerBox(const QWidget* box, Answer answer) {
+    for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
+        if (button->property("answer") == static_cast<int>(answer)) button->click();
 }
 
 void AnswerFileDialog(QWidget* dialog, const QString& path) {
@@ -92,12 +106,12 @@ void WithCatalogue(TourState& tour, const char* button, const std::function<void
         const QWidget* dialog = QApplication::activeModalWidget();
         return Link.WorkDepth == 0 && !Entries(dialog, "cmbAllWave").empty();
     };
-    WithDialog([&] { Click(Control(tour.Window.get(), button)); }, act, isRead);
+    WithDialog([&] { Click(Part(tour, button)); }, act, isRead);
 }
 
 QWidget* Transcript(TourState& tour) {
     Choose(tour, "MnuTool_Transcript");
-    return Control(tour.Window.get(), "LinkTranscriptFrm");
+    return Part(tour, "LinkTranscriptFrm");
 }
 
 bool Near(double value, double wished, double within) {

@@ -2,9 +2,11 @@
 // What the chapters of the tour share: the running program, a line for each step, numbered
 // pictures, and the dialogs that several chapters go through.
 #include "frame/records/AnalogWaveRecord.h"
+#include "platform/Host.h"
 #include "ui/Mainfrm.h"
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <QDir>
 #include <vector>
@@ -23,6 +25,15 @@ void Picture(TourState& tour, QWidget* window, const char* name);
 /// Chooses a menu entry.
 void Choose(TourState& tour, const char* menuEntry);
 
+/// A control of the main window or of its documents.
+QWidget* Part(const TourState& tour, const char* name);
+
+struct BoxEntry {
+    const char *Box, *Text;
+};
+/// Types into boxes and leaves each of them.
+void FillIn(QWidget* dialog, std::initializer_list<BoxEntry> entries);
+
 /// A new document through its dialog; `picture` names a picture of the dialog, if any.
 void NewDocument(TourState& tour, const char* dots, const char* vpp, const char* picture);
 
@@ -38,6 +49,10 @@ void InsertFourWaves(TourState& tour, bool pictures);
 /// Closes the active document and declines to save it.
 void DiscardDocument(TourState& tour);
 
+/// Whether a message box has this text.
+bool Tells(const QWidget* box, const char* text);
+/// Presses the button of a message box that gives an answer.
+void AnswerBox(const QWidget* box, Answer answer);
 void AnswerFileDialog(QWidget* dialog, const QString& path);
 
 /// The entries of a list.

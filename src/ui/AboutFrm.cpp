@@ -1,6 +1,5 @@
 #include "ui/AboutFrm.h"
 
-#include "frame/records/LinkState.h"
 #include "link/ConnectFuncBox.h"
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
@@ -52,7 +51,26 @@ AboutFrm::AboutFrm(QWidget* parent) : DialogBase("AboutFrm", parent) {
     auto* logo = new QLabel(this);
     logo->setPixmap(QIcon(QStringLiteral(":/icons/tidemark.svg"))
                         .pixmap(QSize(LogoSize, LogoSize), devicePixelRatioF()));
-    logo->setAlignment(Qt::AlignTop);
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(LogoGap);
+    halves->addWidget(logo, 0, Qt::AlignTop);
+    halves->addLayout(MakeTexts());
+    copy_ = MakeButton("CopyAresBtn");
+    connect(copy_, &QPushButton::clicked, this, &AboutFrm::CopyFacts);
+    QPushButton* close = MakeButton("OkAresBtn");
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &AboutFrm::accept);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(DialogRowGap);
+    buttons->addStretch(1);
+    buttons->addWidget(copy_);
+    buttons->addWidget(close);
+    LayOut(halves, buttons);
+    ApplyTexts();
+    close->setFocus();
+}
+
+QLayout* AboutFrm::MakeTexts() {
     QString table;
     for (const auto& [name, value] : facts_)
         table += QStringLiteral(
@@ -72,23 +90,7 @@ AboutFrm::AboutFrm(QWidget* parent) : DialogBase("AboutFrm", parent) {
     facts->setTextFormat(Qt::RichText);
     texts->addSpacing(DialogRowGap);
     texts->addWidget(facts);
-    auto* halves = new QHBoxLayout;
-    halves->setSpacing(LogoGap);
-    halves->addWidget(logo, 0, Qt::AlignTop);
-    halves->addLayout(texts);
-    copy_ = MakeButton("CopyAresBtn");
-    connect(copy_, &QPushButton::clicked, this, &AboutFrm::CopyFacts);
-    QPushButton* close = MakeButton("OkAresBtn");
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, this, &AboutFrm::accept);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(DialogRowGap);
-    buttons->addStretch(1);
-    buttons->addWidget(copy_);
-    buttons->addWidget(close);
-    LayOut(halves, buttons);
-    ApplyTexts();
-    close->setFocus();
+    return texts;
 }
 
 QLabel* AboutFrm::MakeText(const char* name, const QString& text) {

@@ -6,11 +6,11 @@
 #include <vector>
 
 class AboutFrm : public DialogBase {
-    Q_OBJECT
 public:
     explicit AboutFrm(QWidget* parent = nullptr);
 
 private:
+    QLayout* MakeTexts();
     QLabel* MakeText(const char* name, const QString& text);
     void CopyFacts();
 

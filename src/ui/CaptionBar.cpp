@@ -2,6 +2,7 @@
 
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/Theme.h"
 #include "ui/WindowLayout.h"
 
@@ -106,9 +107,7 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     auto* logo = new QLabel(this);
     logo->setPixmap(QIcon(":/icons/tidemark.svg").pixmap(QSize(20, 20), devicePixelRatioF()));
     auto* title = new QLabel(Text(""), this);
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
+    MakeBold(title);
     drag_ = new QLabel(this);
     drag_->setObjectName("dragflaglbl");
     drag_->setAlignment(Qt::AlignCenter);
@@ -132,7 +131,6 @@ CaptionBar::CaptionBar(QWidget* window) : QWidget(window) {
     for (QWidget* part :
          {static_cast<QWidget*>(logo), static_cast<QWidget*>(title), static_cast<QWidget*>(drag_)})
         part->installEventFilter(this);
-    ApplyTexts();
 }
 
 void CaptionBar::ApplyTexts() {

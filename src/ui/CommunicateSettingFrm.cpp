@@ -1,7 +1,7 @@
 #include "ui/CommunicateSettingFrm.h"
 
 #include "platform/qt/QtText.h"
-#include "ui/Theme.h"
+#include "ui/Controls.h"
 
 #include <algorithm>
 #include <QComboBox>
@@ -16,7 +16,6 @@ namespace {
 
 constexpr int NameWidth = 368;  // pixels: a resource name with a long serial number
 constexpr int ChoiceWidth = 160;
-constexpr int ListFrame = 36;   // what a list's arrow and margins take of its width
 constexpr int SectionGap = 4;   // more than between two rows
 constexpr int InfoHeight = 16;  // whatever the script, whose fonts differ in height
 constexpr int ParityCount = 3;
@@ -32,20 +31,15 @@ QStringList Choices(const std::array<std::string_view, N>& offered, const std::s
 }
 
 // The start of a long name tells instruments apart, down to the serial number.
-void FillList(QComboBox& list, const QStringList& entries, int current) {
+void ShowList(QComboBox& list, const QStringList& entries, int current) {
     list.clear();
-    for (const QString& entry : entries) {
-        const QString shown =
-            list.fontMetrics().elidedText(entry, Qt::ElideRight, list.width() - ListFrame);
-        list.addItem(shown);
-        if (shown != entry) list.setItemData(list.count() - 1, entry, Qt::ToolTipRole);
-    }
+    AddShortened(&list, entries, Qt::ElideRight);
     list.setCurrentIndex(current);
     list.setToolTip(list.currentData(Qt::ToolTipRole).toString());
 }
 
-void FillList(QComboBox& list, const QStringList& entries, const std::string& current) {
-    FillList(list, entries, static_cast<int>(entries.indexOf(ToQt(current))));
+void ShowList(QComboBox& list, const QStringList& entries, const std::string& current) {
+    ShowList(list, entries, static_cast<int>(entries.indexOf(ToQt(current))));
 }
 
 }  // namespace
@@ -135,8 +129,7 @@ void CommunicateSettingFrm::AddBaudRate(QGridLayout* form) {
 
 void CommunicateSettingFrm::BeginSection(QGridLayout* form, const char* name, std::uint8_t type) {
     section_ = &sections_[type];
-    auto* option = new QRadioButton(this);
-    option->setObjectName(QLatin1String(name));
+    auto* option = Make<QRadioButton>(name);
     options_[type] = option;
     if (type > 0) form->setRowMinimumHeight(form->rowCount(), SectionGap);
     form->addWidget(option, form->rowCount(), 0, 1, 5, Qt::AlignLeft);
@@ -157,8 +150,7 @@ void CommunicateSettingFrm::AddField(QGridLayout* form, const char* label, QWidg
 
 QComboBox* CommunicateSettingFrm::AddChoice(QGridLayout* form, const char* name, const char* label,
                                             int width) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(QLatin1String(name));
+    auto* list = Make<QComboBox>(name);
     AddField(form, label, list, width);
     return list;
 }
@@ -166,8 +158,7 @@ QComboBox* CommunicateSettingFrm::AddChoice(QGridLayout* form, const char* name,
 void CommunicateSettingFrm::AddInfo(QGridLayout* form, const char* name) {
     QLabel* info = MakeLabel(name);
     info->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    info->setStyleSheet(
-        QStringLiteral("QLabel:enabled { color: %1; }").arg(CurrentChrome().dim.name()));
+    info->setProperty("dim", true);
     info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // no text widens the window
     info->setFixedHeight(InfoHeight);
     AddRow(form, nullptr, info, nullptr);
@@ -181,13 +172,13 @@ void CommunicateSettingFrm::ShowFields() {
         for (QWidget* widget : sections_[i]) widget->setEnabled(i == type);
     QStringList devices;
     for (const std::string& device : dialog_.Devices) devices << ToQt(device);
-    FillList(*devices_, devices, dialog_.DeviceIndex);
+    ShowList(*devices_, devices, dialog_.DeviceIndex);
     address_->setText(ToQt(dialog_.PrimaryAddress));
-    FillList(*ports_, Choices(PortNames, dialog_.Port), dialog_.Port);
+    ShowList(*ports_, Choices(PortNames, dialog_.Port), dialog_.Port);
     ShowSerialDevices();
     baudRates_->setCurrentIndex(baudRates_->findText(ToQt(dialog_.BaudRate)));
     baudRates_->setEditText(ToQt(dialog_.BaudRate));
-    FillList(*handShakes_, Choices(HandShakes, dialog_.Hand_Shake), dialog_.Hand_Shake);
+    ShowList(*handShakes_, Choices(HandShakes, dialog_.Hand_Shake), dialog_.Hand_Shake);
     parities_->setCurrentIndex(dialog_.ParityDataBits);
 }
 
@@ -200,7 +191,7 @@ void CommunicateSettingFrm::ShowSerialDevices() {
     for (const SerialDevice& device : devices)
         entries << (ToQt(device.Path) + QLatin1String("  ") + ToQt(device.What)).trimmed();
     const auto at = std::ranges::find(devices, chosen, &SerialDevice::Path) - devices.begin();
-    FillList(*serialDevices_, entries, chosen.empty() ? -1 : static_cast<int>(at));
+    ShowList(*serialDevices_, entries, chosen.empty() ? -1 : static_cast<int>(at));
     for (int i = 0; i < serialDevices_->count(); ++i)
         serialDevices_->setItemData(i, ToQt(devices[static_cast<std::size_t>(i)].Path));
 }

@@ -1,9 +1,7 @@
 #pragma once
 // The small activity image on the connect button: while the instrument is connected a pulse runs
 // below the plug. It is an animation only; nothing is sent.
-#include <array>
 #include <QLabel>
-#include <QPixmap>
 #include <QTimer>
 
 class QToolButton;

@@ -3,6 +3,7 @@
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/PlotPreview.h"
 #include "ui/Theme.h"
 
@@ -18,7 +19,6 @@ namespace {
 constexpr int SignWidth = 20;  // pixels
 constexpr int NoteSlack = 4;   // by which Chinese lines may be the higher ones
 constexpr int ListWidth = DialogFieldWidth + DialogUnitGap + DialogUnitWidth;
-constexpr int ListFrame = 36;  // what a list's arrow and margins take of its width
 constexpr int KeyGap = 16;     // between the keys of two curves
 constexpr int KeyHeight = 16;  // whatever the script, whose fonts differ in height
 
@@ -84,42 +84,32 @@ QGridLayout* DialogBase::MakeForm() const {
     return form;
 }
 
-NumberBox* DialogBase::MakeBox(const char* name, KeyKind kind) {
-    auto* box = new NumberBox(kind, this);
-    box->setObjectName(QLatin1String(name));
-    return box;
-}
-
 QComboBox* DialogBase::MakeUnits(const char* name, const QStringList& units) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(QLatin1String(name));
+    auto* list = Make<QComboBox>(name);
     list->addItems(units);
     list->setFixedWidth(DialogUnitWidth);
     return list;
 }
 
 QLabel* DialogBase::MakeLabel(const char* name, QWidget* buddy) {
-    auto* label = new QLabel(this);
-    label->setObjectName(QLatin1String(name));
+    auto* label = Make<QLabel>(name);
     label->setBuddy(buddy);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return label;
 }
 
-SpinButton* DialogBase::MakeSpin(const char* name, bool up) {
-    auto* spin = new SpinButton(up, this);
-    spin->setObjectName(QLatin1String(name));
-    spin->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    return spin;
-}
-
-QWidget* DialogBase::MakeSpinPair(SpinButton* up, SpinButton* down) {
+QWidget* DialogBase::MakeSpins(const char* up, const char* down,
+                               const std::function<void(int, bool)>& tick) {
     auto* pair = new QWidget(this);
     auto* row = new QHBoxLayout(pair);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(DialogUnitGap);
-    row->addWidget(up);
-    row->addWidget(down);
+    for (const bool rises : {true, false}) {
+        auto* spin = Make<SpinButton>(rises ? up : down, rises);
+        spin->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        connect(spin, &SpinButton::tick, this, [tick, rises](int count) { tick(count, rises); });
+        row->addWidget(spin);
+    }
     pair->setFixedWidth(DialogUnitWidth);
     return pair;
 }
@@ -133,15 +123,9 @@ void DialogBase::AddRow(QGridLayout* form, QLabel* label, QWidget* field, QWidge
 
 QComboBox* DialogBase::AddList(QGridLayout* form, const char* name, const char* label,
                                const QStringList& entries) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(QLatin1String(name));
+    auto* list = Make<QComboBox>(name);
     list->setFixedWidth(ListWidth);
-    for (const QString& entry : entries) {
-        const QString shown =
-            fontMetrics().elidedText(entry, Qt::ElideMiddle, ListWidth - ListFrame);
-        list->addItem(shown);
-        if (shown != entry) list->setItemData(list->count() - 1, entry, Qt::ToolTipRole);
-    }
+    AddShortened(list, entries, Qt::ElideMiddle);
     const auto showWhole = [list] {
         list->setToolTip(list->currentData(Qt::ToolTipRole).toString());
     };
@@ -161,8 +145,7 @@ void DialogBase::AddNote(QGridLayout* form, int lines) {
     sign_ = new QLabel(this);
     sign_->setFixedWidth(SignWidth);
     sign_->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    note_ = new QLabel(this);
-    note_->setObjectName(QStringLiteral("NoteTxt"));
+    note_ = Make<QLabel>("NoteTxt");
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
     note_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -183,8 +166,7 @@ void DialogBase::ShowNote(const std::string& note, NoteSign sign) {
 }
 
 QPushButton* DialogBase::MakeButton(const char* name) {
-    auto* button = new QPushButton(this);
-    button->setObjectName(QLatin1String(name));
+    auto* button = Make<QPushButton>(name);
     button->setAutoDefault(false);
     button->setFixedWidth(88);
     return button;
@@ -215,7 +197,7 @@ QLayout* DialogBase::MakePlot(PlotPreview* plot) {
         if (RowText(name).isEmpty()) continue;
         if (!keys->isEmpty()) keys->addSpacing(KeyGap - DialogUnitGap);
         QLabel* text = MakeLabel(name.toLatin1().constData());
-        text->setStyleSheet(QStringLiteral("color: %1;").arg(CurrentChrome().dim.name()));
+        text->setProperty("dim", true);
         text->setFixedHeight(KeyHeight);
         keys->addWidget(new CurveKey(under, this));
         keys->addWidget(text);

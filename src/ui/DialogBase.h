@@ -6,6 +6,7 @@
 #include "ui/NumberBox.h"
 #include "ui/SpinButton.h"
 
+#include <functional>
 #include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -40,12 +41,19 @@ protected:
     /// in either language, so that no language moves the fields.
     QGridLayout* MakeForm() const;
 
-    NumberBox* MakeBox(const char* name, KeyKind kind);
+    /// A control of this window with its name.
+    template <typename Control, typename... Arguments>
+    Control* Make(const char* name, Arguments... arguments) {
+        auto* control = new Control(arguments..., this);
+        control->setObjectName(QLatin1String(name));
+        return control;
+    }
+    NumberBox* MakeBox(const char* name, KeyKind kind) { return Make<NumberBox>(name, kind); }
     QComboBox* MakeUnits(const char* name, const QStringList& units);
     QLabel* MakeLabel(const char* name, QWidget* buddy = nullptr);
-    /// Two buttons side by side, as wide as a unit list.
-    QWidget* MakeSpinPair(SpinButton* up, SpinButton* down);
-    SpinButton* MakeSpin(const char* name, bool up);
+    /// Two buttons side by side, as wide as a unit list. `tick` is called as by SpinButton.
+    QWidget* MakeSpins(const char* up, const char* down,
+                       const std::function<void(int count, bool rises)>& tick);
 
     /// Adds a row at the end of the form. Without a unit the field has its room too.
     void AddRow(QGridLayout* form, QLabel* label, QWidget* field, QWidget* unit);

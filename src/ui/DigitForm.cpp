@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <QComboBox>
-#include <QHBoxLayout>
 
 QComboBox* DigitForm::AddRadixList(QGridLayout* form, const char* name, const char* label) {
     QStringList radices;

@@ -8,6 +8,7 @@
 #include "frame/PlotPalette.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
+#include "ui/Controls.h"
 #include "ui/PicMouse.h"
 
 #include <algorithm>
@@ -227,7 +228,7 @@ void DispParaListView::ShowDrag() {
                std::clamp(wished.y(), room.top(),
                           std::max(room.bottom() + 1 - tag_->height(), room.top())));
     tag_->show();
-    setCursor(document.ListDropNode >= 0 ? Qt::ClosedHandCursor : Qt::ForbiddenCursor);
+    ShowCursor(this, document.ListDropNode >= 0 ? Qt::ClosedHandCursor : Qt::ForbiddenCursor);
     const bool beside = pointer_.y() < 0 || pointer_.y() >= height();
     if (beside && !scroll_->isActive()) scroll_->start();
     if (!beside) scroll_->stop();
@@ -292,7 +293,7 @@ void DigitBackWavePic::mouseMoveEvent(QMouseEvent* event) {
     const auto [x, y] = PlaceOf(*event);
     if (event->buttons() & Qt::LeftButton) DigitBackWavePic_MouseMove(Slot(), x);
     const bool held = DigitAt(Slot()).CaliperDrag || OnCaliperHandle(Slot(), x, y);
-    setCursor(held ? Qt::SizeHorCursor : Qt::ArrowCursor);
+    ShowCursor(this, held ? Qt::SizeHorCursor : Qt::ArrowCursor);
 }
 
 void DigitBackWavePic::mouseReleaseEvent(QMouseEvent* event) {

@@ -3,7 +3,6 @@
 #include "platform/qt/QtText.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
 
 namespace {
 
@@ -43,14 +42,11 @@ DigitPropertyFrm::DigitPropertyFrm(QWidget* parent)
 void DigitPropertyFrm::AddSpun(QGridLayout* form, NumberBox* box, const char* label, const char* up,
                                const char* down,
                                void (*spin)(DigitPropertyDialog&, std::int32_t, bool)) {
-    SpinButton* buttons[] = {MakeSpin(up, true), MakeSpin(down, false)};
-    AddRow(form, MakeLabel(label, box), box, MakeSpinPair(buttons[0], buttons[1]));
-    for (SpinButton* button : buttons)
-        connect(button, &SpinButton::tick, this,
-                [this, spin, up = button == buttons[0]](int count) {
-                    spin(dialog_, count, up);
-                    ShowFields();
-                });
+    QWidget* spins = MakeSpins(up, down, [this, spin](int count, bool rises) {
+        spin(dialog_, count, rises);
+        ShowFields();
+    });
+    AddRow(form, MakeLabel(label, box), box, spins);
 }
 
 void DigitPropertyFrm::AddRate(QGridLayout* form) {

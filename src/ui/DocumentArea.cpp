@@ -30,10 +30,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
 };
 
-DocumentWindow* WindowOf(const QMdiSubWindow* frame) {
-    return static_cast<DocumentWindow*>(frame->widget());
-}
-
 State StateOf(const QMdiSubWindow* frame) {
     return WindowOf(frame)->ShownState();
 }
@@ -51,6 +47,10 @@ void Place(QMdiSubWindow* frame, State state, const QRect& place) {
 }
 
 }  // namespace
+
+DocumentWindow* WindowOf(const QMdiSubWindow* frame) {
+    return static_cast<DocumentWindow*>(frame->widget());
+}
 
 DocumentArea::DocumentArea(QWidget* parent) : QMdiArea(parent) {
     setObjectName("DocumentArea");

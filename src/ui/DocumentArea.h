@@ -9,6 +9,9 @@
 
 class DocumentWindow;
 
+/// The window of a document in its frame.
+DocumentWindow* WindowOf(const QMdiSubWindow* frame);
+
 class DocumentArea : public QMdiArea {
     Q_OBJECT
 public:

@@ -5,6 +5,7 @@
 #include "platform/qt/QtText.h"
 #include "ui/ButtonWalk.h"
 #include "ui/CaptionBar.h"
+#include "ui/Controls.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
@@ -52,9 +53,7 @@ DocumentWindow::DocumentWindow(std::int16_t tag, QWidget* parent) : QWidget(pare
     title_->setObjectName("lblTitle");
     title_->setTextFormat(Qt::PlainText);
     title_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    QFont bold = title_->font();
-    bold.setBold(true);
-    title_->setFont(bold);
+    MakeBold(title_);
     minimise_ = MakeCaptionButton(strip_, "MinBtn", "Minimize", ButtonSize);
     maximise_ = MakeCaptionButton(strip_, "MaxBtn", "Maximize", ButtonSize);
     close_ = MakeCaptionButton(strip_, "ExtBtn", "Close", ButtonSize);

@@ -1,6 +1,7 @@
 #include "ui/DownLoadWaveFrm.h"
 
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/WaitPanel.h"
 
 #include <QComboBox>
@@ -41,7 +42,8 @@ void DownLoadWaveFrm::Begin() {
 void DownLoadWaveFrm::Refresh() {
     QStringList names;
     for (const std::string& name : dialog_.AllWaveName) names << ToQt(name);
-    FillList(waves_, names, dialog_.AllIndex);
+    FillList(waves_, names);
+    waves_->setCurrentIndex(dialog_.AllIndex);
     const bool open = CanLoadWave(dialog_);
     load_->setEnabled(open);
     const bool builtIn = !open && !names.isEmpty();

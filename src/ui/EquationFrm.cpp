@@ -2,7 +2,6 @@
 
 #include "platform/qt/QtText.h"
 #include "ui/PlotPreview.h"
-#include "ui/Theme.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -47,8 +46,7 @@ void EquationFrm::BuildForm() {
 }
 
 QLayout* EquationFrm::BuildExpression() {
-    expression_ = new QLineEdit(this);
-    expression_->setObjectName(QStringLiteral("ExpressionTxt"));
+    expression_ = Make<QLineEdit>("ExpressionTxt");
     expression_->setMaxLength(LongestEquation);
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPixelSize(16);
@@ -67,8 +65,7 @@ QLayout* EquationFrm::BuildExpression() {
 }
 
 QComboBox* EquationFrm::MakeList(const char* name, const char* hint) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(QLatin1String(name));
+    auto* list = Make<QComboBox>(name);
     list->setPlaceholderText(RowText(QLatin1String(hint)));
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMaxVisibleItems(static_cast<int>(ExampleCount));
@@ -98,25 +95,22 @@ void EquationFrm::AddLists(QGridLayout* form) {
 void EquationFrm::AddDots(QGridLayout* form) {
     dots_ = MakeBox("DotnumTxt", KeyKind::Whole);
     dots_->setFixedWidth(FieldWidth);
-    SpinButton* spins[] = {MakeSpin("DotNumUp", true), MakeSpin("DotNumDn", false)};
-    AddRow(form, MakeLabel("DotnumLab", dots_), dots_, MakeSpinPair(spins[0], spins[1]));
+    QWidget* spins = MakeSpins("DotNumUp", "DotNumDn", [this](int count, bool up) {
+        SpinEquationDots(dialog_, count, up);
+        ShowDots();
+    });
+    AddRow(form, MakeLabel("DotnumLab", dots_), dots_, spins);
     AddRow(form, MakeLabel("PlaceLab"), new QLabel(ToQt(EquationPlace(dialog_)), this), nullptr);
     connect(dots_, &NumberBox::left, this, [this](const QString& typed) {
         LeaveEquationDots(dialog_, typed.toStdString());
         ShowDots();
     });
-    for (SpinButton* spin : spins)
-        connect(spin, &SpinButton::tick, this, [this, up = spin == spins[0]](int count) {
-            SpinEquationDots(dialog_, count, up);
-            ShowDots();
-        });
 }
 
 QLabel* EquationFrm::MakeLegend() {
-    auto* legend = new QLabel(this);
-    legend->setObjectName(QStringLiteral("LegendInfo"));
+    auto* legend = Make<QLabel>("LegendInfo");
     legend->setTextFormat(Qt::RichText);
-    legend->setStyleSheet(QStringLiteral("color: %1;").arg(CurrentChrome().dim.name()));
+    legend->setProperty("dim", true);
     return legend;
 }
 

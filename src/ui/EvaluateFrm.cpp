@@ -65,8 +65,7 @@ void EvaluateFrm::AddTarget() {
 }
 
 void EvaluateFrm::AddOperations() {
-    operation_ = new ChoiceButton(this);
-    operation_->setObjectName(QStringLiteral("ValueAresBtn"));
+    operation_ = Make<ChoiceButton>("ValueAresBtn");
     operation_->setAutoDefault(false);
     auto* menu = new QMenu(operation_);
     std::int16_t mode = 0;

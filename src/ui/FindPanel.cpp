@@ -5,19 +5,17 @@
 #include "digital/GlobalDigitDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/qt/QtText.h"
-#include "ui/HintLabel.h"
+#include "ui/Controls.h"
 #include "ui/NumberBox.h"
 
 #include <algorithm>
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QStylePainter>
 
 namespace {
 
-constexpr int Gap = 8, UnitGap = 4, GroupGap = 16;
 constexpr int NameWidth = 144, NarrowName = 112;
 constexpr int NameFrame = 32;  // what arrow and margins take of it
 constexpr int NamesSeen = 12;  // rows of the open list
@@ -65,20 +63,12 @@ protected:
 
 }  // namespace
 
-FindPanel::FindPanel(QWidget* parent) : QWidget(parent) {
-    setObjectName("picDigitFind_Edit");
+FindPanel::FindPanel(QWidget* parent)
+    : StripPanel("picDigitFind_Edit", "lblFind_Edit_Message", parent) {
     title_ = new QLabel(this);
     title_->setObjectName("lblFindTitle");
-    QFont bold = title_->font();
-    bold.setBold(true);
-    title_->setFont(bold);
-    hint_ = new HintLabel(this);
-    hint_->setObjectName("lblFind_Edit_Message");
-    hint_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    group_ = new QWidget(this);
-    line_ = new QHBoxLayout(group_);
-    line_->setContentsMargins(0, 0, 0, 0);
-    line_->setSpacing(UnitGap);
+    MakeBold(title_);
+    static_cast<QHBoxLayout*>(layout())->insertWidget(0, title_);
     AddNames();
     dot_ = AddDigits("txtDigitX", DotDigits, ChangeFindDot);
     value_ = AddDigits("txtDigitY", ValueDigits, ChangeFindValue);
@@ -87,19 +77,14 @@ FindPanel::FindPanel(QWidget* parent) : QWidget(parent) {
     unit_->setProperty("dim", true);
     unit_->setFixedWidth(unit_->fontMetrics().horizontalAdvance('H') + 2);
     line_->addWidget(unit_);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(GroupGap);
-    row->addWidget(title_);
-    row->addWidget(hint_);
-    row->addWidget(group_, 1);
 }
 
 void FindPanel::AddNames() {
     names_ = new NameList(group_);
     names_->setObjectName("cmbName");
     names_->installEventFilter(this);
-    nameCaption_ = AddField(names_);
+    nameCaption_ = AddField("cmbNameLab", names_);
+    nameCaption_->setBuddy(names_);
     connect(names_, &QComboBox::activated, this, [this](int chosen) {
         DigitDocument* document = Shown();
         if (document == nullptr) return;
@@ -114,7 +99,7 @@ NumberBox* FindPanel::AddDigits(const char* name, int digits,
     box->setObjectName(QLatin1String(name));
     box->setFixedWidth(WidthOfDigits(box, digits) + BoxFrame);
     box->installEventFilter(this);
-    AddField(box);
+    AddField(box->objectName() + "Lab", box)->setBuddy(box);
     connect(box, &NumberBox::textEdited, this, [this, change](const QString& typed) {
         DigitDocument* document = Shown();
         if (document == nullptr) return;
@@ -124,34 +109,16 @@ NumberBox* FindPanel::AddDigits(const char* name, int digits,
     return box;
 }
 
-// A caption and its field.
-QLabel* FindPanel::AddField(QWidget* field) {
-    auto* caption = new QLabel(group_);
-    caption->setObjectName(field->objectName() + "Lab");
-    caption->setBuddy(field);
-    if (line_->count() > 0) line_->addSpacing(Gap);
-    line_->addWidget(caption);
-    line_->addWidget(field);
-    return caption;
-}
-
 DigitDocument* FindPanel::Shown() const {
     const bool open = slot_ >= 0 && DigitDocUsed[static_cast<std::size_t>(slot_)];
     return open ? &DigitAt(slot_) : nullptr;
 }
 
+// Without a document nothing has changed; a drag in an analog one comes here at every move.
 void FindPanel::ShowDocument(std::int16_t slot) {
+    if (slot < 0 && slot_ < 0) return;
     slot_ = slot;
     ShowBoxes();
-}
-
-// A list that stands keeps its place: it may be open.
-void FindPanel::FillNames(const QStringList& names) {
-    bool same = names.size() == names_->count();
-    for (int i = 0; same && i < names_->count(); ++i) same = names_->itemText(i) == names[i];
-    if (same) return;
-    names_->clear();
-    names_->addItems(names);
 }
 
 // The result of a find takes the room of the letter as well, so that nothing moves between the
@@ -169,7 +136,7 @@ void FindPanel::ShowBoxes() {
         std::max(metrics.horizontalAdvance(find), metrics.horizontalAdvance(editing)));
     QStringList names;
     for (const std::string& name : TargetNames(document)) names << ToQt(name);
-    FillNames(names);
+    FillList(names_, names);
     names_->setCurrentIndex(names_->findText(ToQt(document.FindBoxes.Name), Qt::MatchExactly));
     names_->setToolTip(names_->currentText());
     dot_->ShowHeld(document.FindBoxes.Dot);
@@ -178,7 +145,7 @@ void FindPanel::ShowBoxes() {
     value_->setReadOnly(!edit);
     value_->setFocusPolicy(edit ? Qt::StrongFocus : Qt::ClickFocus);
     value_->setFixedWidth(WidthOfDigits(value_, ValueDigits) + BoxFrame +
-                          (edit ? 0 : UnitGap + unit_->width()));
+                          (edit ? 0 : StripUnitGap + unit_->width()));
     value_->ShowHeld(document.FindBoxes.Value);
     unit_->setVisible(edit);
     unit_->setText(names_->currentIndex() < 0 ? QString() : LetterOf(keys));
@@ -187,8 +154,7 @@ void FindPanel::ShowBoxes() {
 void FindPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const bool wide = width() >= NarrowPanel;
-    for (QWidget* part : {static_cast<QWidget*>(hint_), static_cast<QWidget*>(nameCaption_)})
-        part->setVisible(wide);
+    for (QLabel* part : {hint_, nameCaption_}) part->setVisible(wide);
     names_->setFixedWidth(wide ? NameWidth : NarrowName);
 }
 

@@ -1,17 +1,16 @@
 #pragma once
 // The panel for point edit and find: a name, a dot and a value. It shows the boxes of a document's
 // record (FindBoxes) and hands over what is chosen and typed; in find the value is a result.
+#include "ui/StripPanel.h"
+
 #include <cstdint>
-#include <QWidget>
 #include <string_view>
 
 class NumberBox;
 class QComboBox;
-class QHBoxLayout;
-class QLabel;
 struct DigitDocument;
 
-class FindPanel : public QWidget {
+class FindPanel : public StripPanel {
     Q_OBJECT
 public:
     explicit FindPanel(QWidget* parent);
@@ -22,8 +21,6 @@ public:
     void ShowBoxes();
     /// Moves the focus to the names, or to the dot where a name is chosen.
     void FocusFirst();
-    /// What stands behind the hint: boxes and buttons.
-    QWidget* Group() const { return group_; }
 
 signals:
     /// Escape: the user goes back to the picture.
@@ -38,13 +35,9 @@ private:
     void AddNames();
     NumberBox* AddDigits(const char* name, int digits,
                          void (*change)(DigitDocument& document, std::string_view typed));
-    QLabel* AddField(QWidget* field);
-    void FillNames(const QStringList& names);
 
     std::int16_t slot_ = -1;
-    QLabel *title_, *hint_, *nameCaption_;
-    QWidget* group_;
-    QHBoxLayout* line_;
+    QLabel *title_, *nameCaption_;
     QComboBox* names_;
     NumberBox *dot_, *value_;
     QLabel* unit_;

@@ -13,7 +13,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextBlock>
 #include <QTextFrame>
 #include <QWheelEvent>
 #include <utility>

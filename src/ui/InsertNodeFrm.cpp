@@ -5,7 +5,6 @@
 #include "platform/qt/QtText.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
 
 namespace {
 

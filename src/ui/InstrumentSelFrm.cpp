@@ -15,8 +15,7 @@ constexpr int NoteHeight = 20;
 
 InstrumentSelFrm::InstrumentSelFrm(QWidget* parent) : DialogBase("InstrumentSelFrm", parent) {
     OpenInstrumentSel(dialog_);
-    models_ = new QComboBox(this);
-    models_->setObjectName(QStringLiteral("ComboInstrumentType"));
+    models_ = Make<QComboBox>("ComboInstrumentType");
     models_->setFixedWidth(FieldWidth);
     for (std::uint8_t model = 0; model < ModelCount; ++model)
         models_->addItem(ToQt(ModelName(model)));

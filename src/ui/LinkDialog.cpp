@@ -3,7 +3,6 @@
 #include "link/LinkWork.h"
 #include "ui/WaitPanel.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 
 namespace {
@@ -66,14 +65,4 @@ QLayout* LinkDialog::MakeBottom(std::initializer_list<QPushButton*> buttons) {
 void LinkDialog::ApplyTexts() {
     DialogBase::ApplyTexts();
     wait_->ApplyTexts(RowText("CancelWaitBtn"), RowText("CancelWaitTip"));
-}
-
-void LinkDialog::FillList(QComboBox* list, const QStringList& entries, int index) {
-    bool same = list->count() == entries.size();
-    for (int i = 0; same && i < list->count(); ++i) same = list->itemText(i) == entries[i];
-    if (!same) {
-        list->clear();
-        list->addItems(entries);
-    }
-    list->setCurrentIndex(index);
 }

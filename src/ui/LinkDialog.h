@@ -37,9 +37,6 @@ protected:
     void ApplyTexts();
     static bool Working();
 
-    /// Fills a list where its entries have changed, and chooses one.
-    static void FillList(QComboBox* list, const QStringList& entries, int index);
-
     WaitPanel* wait_ = nullptr;
 
 private:

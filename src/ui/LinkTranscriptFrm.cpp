@@ -23,8 +23,7 @@ constexpr QSize UsualSize = {720, 400};  // pixels
 LinkTranscriptFrm::LinkTranscriptFrm(QWidget* parent) : DialogBase("LinkTranscriptFrm", parent) {
     setModal(false);
     setWindowFlags(Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    record_ = new QCheckBox(this);
-    record_->setObjectName(QStringLiteral("RecordChk"));
+    record_ = Make<QCheckBox>("RecordChk");
     connect(record_, &QCheckBox::clicked, this, [this](bool on) {
         SwitchTranscript(on);
         ShowLines();
@@ -32,8 +31,7 @@ LinkTranscriptFrm::LinkTranscriptFrm(QWidget* parent) : DialogBase("LinkTranscri
     buttons_ = {AddButton("CopyAresBtn", &LinkTranscriptFrm::CopyLines),
                 AddButton("ClearAresBtn", &LinkTranscriptFrm::ClearLines),
                 AddButton("SaveAresBtn", &LinkTranscriptFrm::SaveLines)};
-    lines_ = new QPlainTextEdit(this);
-    lines_->setObjectName(QStringLiteral("TranscriptTxt"));
+    lines_ = Make<QPlainTextEdit>("TranscriptTxt");
     lines_->setReadOnly(true);
     lines_->setUndoRedoEnabled(false);
     lines_->setLineWrapMode(QPlainTextEdit::NoWrap);

@@ -2,7 +2,6 @@
 
 #include "link/LinkWork.h"
 
-#include <algorithm>
 #include <QApplication>
 #include <QDialog>
 #include <QEventLoop>

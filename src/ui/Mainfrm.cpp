@@ -46,10 +46,6 @@ QString Text(std::string_view window, std::string_view control) {
     return ToQt(TextOf(window, control));
 }
 
-DocumentWindow* WindowOf(const QMdiSubWindow* frame) {
-    return static_cast<DocumentWindow*>(frame->widget());
-}
-
 }  // namespace
 
 Mainfrm::Mainfrm() {
@@ -189,7 +185,6 @@ void Mainfrm::OpenWindow(std::int16_t tag) {
     if (frame == nullptr) frame = MakeWindow(tag);
     DocumentWindow* window = Window(tag);
     window->ShowTitle();
-    window->ApplyTexts();
     area_->Open(frame);
     TabToActive();
     window->setFocus();

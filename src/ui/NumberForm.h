@@ -26,8 +26,11 @@ protected:
     void AddNumber(const Number& number) {
         NumberBox* box = MakeBox(number.Box, KeyKind::Whole);
         box->setFixedWidth(DialogFieldWidth);
-        SpinButton* spins[] = {MakeSpin(number.Up, true), MakeSpin(number.Down, false)};
-        AddRow(form_, MakeLabel(number.Label, box), box, MakeSpinPair(spins[0], spins[1]));
+        QWidget* spins = MakeSpins(number.Up, number.Down, [this, number](int count, bool up) {
+            number.Spin(dialog_, count, up);
+            ShowFields();
+        });
+        AddRow(form_, MakeLabel(number.Label, box), box, spins);
         connect(box, &NumberBox::left, this, [this, number](const QString& text) {
             number.Leave(dialog_, text.toStdString());
             ShowFields();
@@ -38,12 +41,6 @@ protected:
             number.Leave(tried, typed.toStdString());
             Preview(tried);
         });
-        for (SpinButton* spin : spins)
-            connect(spin, &SpinButton::tick, this,
-                    [this, number, up = spin == spins[0]](int count) {
-                        number.Spin(dialog_, count, up);
-                        ShowFields();
-                    });
         fields_.emplace_back(box, number.Text);
     }
 

@@ -30,36 +30,33 @@ PropertyFrm::PropertyFrm(QWidget* parent)
     : DialogBase("PropertyFrm", parent), dialog_(OpenPropertyDialog()) {
     BuildForm();
     ConnectUnits();
-    ConnectSpins();
     ApplyTexts();
     ShowFields();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
     dotnum_->setFocus();
 }
 
 void PropertyFrm::BuildForm() {
     dotnum_ = MakeBox("DotnumTxt", KeyKind::Whole);
-    dotsUp_ = MakeSpin("DotNumUp", true);
-    dotsDown_ = MakeSpin("DotNumDn", false);
+    QWidget* dotSpins = MakeSpins("DotNumUp", "DotNumDn", [this](int count, bool up) {
+        SpinPropertyDots(dialog_, count, up);
+        ShowFields();
+    });
     ampl_ = MakeBox("ampltxt", KeyKind::Real);
     amplUnit_ = MakeUnits("amplunitCmb", {QStringLiteral("V"), QStringLiteral("mV")});
     QGridLayout* form = MakeForm();
-    AddRow(form, MakeLabel("DotnumLab", dotnum_), dotnum_, MakeSpinPair(dotsUp_, dotsDown_));
+    AddRow(form, MakeLabel("DotnumLab", dotnum_), dotnum_, dotSpins);
     AddRow(form, MakeLabel("amplLab", ampl_), ampl_, amplUnit_);
     form->addWidget(MakeLabel("OptLab"), form->rowCount(), 0);
     form->addLayout(BuildOptions(), form->rowCount() - 1, 2, 1, 3);
     AddRateRow(form);
     quant_ = MakeBox("QuantTxt", KeyKind::Whole);
-    quantUp_ = MakeSpin("QuantUp", true);
-    quantDown_ = MakeSpin("QuantDn", false);
-    AddRow(form, MakeLabel("QuantLab", quant_), quant_, MakeSpinPair(quantUp_, quantDown_));
+    QWidget* quantSpins = MakeSpins("QuantUp", "QuantDn", [this](int, bool up) {
+        SpinQuantify(dialog_, up);
+        ShowFields();
+    });
+    AddRow(form, MakeLabel("QuantLab", quant_), quant_, quantSpins);
     dotnum_->setMinimumWidth(WidestNumber(dotnum_));
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
-    column->setSpacing(DialogRowGap * 2);
-    column->addLayout(form);
-    column->addLayout(MakeButtonRow());
+    LayOut(form, MakeButtonRow());
 
     fields_ = {{dotnum_, DotnumText, LeaveDotnum},
                {ampl_, AmplText, LeaveAmpl},
@@ -71,23 +68,18 @@ void PropertyFrm::BuildForm() {
 }
 
 QLayout* PropertyFrm::BuildOptions() {
-    optFreq_ = new QRadioButton(this);
-    optFreq_->setObjectName(QStringLiteral("OptFreq"));
-    optPer_ = new QRadioButton(this);
-    optPer_->setObjectName(QStringLiteral("OptPer"));
+    optFreq_ = Make<QRadioButton>("OptFreq");
+    optPer_ = Make<QRadioButton>("OptPer");
     auto* row = new QHBoxLayout;
     row->setSpacing(DialogRowGap * 2);
-    row->addWidget(optFreq_);
-    row->addWidget(optPer_);
+    for (QRadioButton* option : {optFreq_, optPer_}) {
+        row->addWidget(option);
+        connect(option, &QRadioButton::clicked, this, [this, option] {
+            dialog_.ShowFrequency = option == optFreq_;
+            ShowFields();
+        });
+    }
     row->addStretch(1);
-    connect(optFreq_, &QRadioButton::clicked, this, [this] {
-        dialog_.ShowFrequency = true;
-        ShowFields();
-    });
-    connect(optPer_, &QRadioButton::clicked, this, [this] {
-        dialog_.ShowFrequency = false;
-        ShowFields();
-    });
     return row;
 }
 
@@ -125,19 +117,6 @@ void PropertyFrm::ConnectUnits() {
         ChangePeriodUnit(dialog_, static_cast<std::int16_t>(unit), period_->text().toStdString());
         ShowFields();
     });
-}
-
-void PropertyFrm::ConnectSpins() {
-    for (SpinButton* spin : {dotsUp_, dotsDown_})
-        connect(spin, &SpinButton::tick, this, [this, up = spin == dotsUp_](int count) {
-            SpinPropertyDots(dialog_, count, up);
-            ShowFields();
-        });
-    for (SpinButton* spin : {quantUp_, quantDown_})
-        connect(spin, &SpinButton::tick, this, [this, up = spin == quantUp_] {
-            SpinQuantify(dialog_, up);
-            ShowFields();
-        });
 }
 
 void PropertyFrm::LeaveField(const Field& field) {

@@ -26,7 +26,6 @@ private:
     QLayout* BuildOptions();
     void AddRateRow(QGridLayout* form);
     void ConnectUnits();
-    void ConnectSpins();
     void LeaveField(const Field& field);
     void ShowFields();
 
@@ -34,7 +33,6 @@ private:
     std::vector<Field> fields_;
     NumberBox *dotnum_, *ampl_, *freq_, *period_, *quant_;
     QComboBox *amplUnit_, *freqUnit_, *periodUnit_;
-    SpinButton *dotsUp_, *dotsDown_, *quantUp_, *quantDown_;
     QRadioButton *optFreq_, *optPer_;
     std::vector<QStackedLayout*> rateStacks_;  // label, box and unit: page 0 frequency, 1 period
 };

@@ -6,6 +6,7 @@
 #include "frame/GlobalDefineCode.h"
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/HintLabel.h"
 #include "ui/Theme.h"
 #include "ui/WaitPanel.h"
@@ -25,11 +26,11 @@ namespace {
 
 constexpr int FieldsWidth = 384;  // pixels, from the fields' left to the dialog's right margin
 constexpr int NameWidth = 168;    // twelve capitals
-constexpr int ButtonWidth = 88;
 constexpr int HelpLines = 2;
 constexpr int LineHeight = 20;  // whatever the script, whose fonts differ in height
 constexpr int HeadGap = 4;
 constexpr QSize MarkSize = {20, 20};
+constexpr int FewLocations = 4;  // the controls of more have names of their own
 
 // A location of the instrument: filled while it holds a waveform, an empty frame while it is free.
 class StoreMark final : public QWidget {
@@ -90,10 +91,6 @@ QString WaveText(const DigitDocument& document, const QString& pattern) {
         .arg(Quantity(document.Rate, BitRates));
 }
 
-void SetDim(QWidget* text) {
-    text->setStyleSheet(QStringLiteral("color: %1;").arg(CurrentChrome().dim.name()));
-}
-
 }  // namespace
 
 // A box for a name. The record may cut or fold what is typed: its text comes back at the cursor.
@@ -152,10 +149,10 @@ QWidget* SendWaveFrm::MakeSummary() {
         line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         line->setFixedHeight(LineHeight);
         line->setText(texts[first ? 0 : 1]);
-        QFont font = line->font();
-        font.setBold(first);
-        line->setFont(font);
-        if (!first) SetDim(line);
+        if (first)
+            MakeBold(line);
+        else
+            line->setProperty("dim", true);
         lines->addWidget(line);
     }
     return summary;
@@ -197,9 +194,7 @@ QLayout* SendWaveFrm::MakeManageRows() {
     name->addStretch(1);
     auto* acts = new QHBoxLayout;
     for (QPushButton* button : {confirm_, cancel_}) {
-        QSizePolicy policy = button->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        button->setSizePolicy(policy);
+        KeepPlace(button);
         name->addWidget(button);
     }
     for (QPushButton* button : {activate_, rename_, delete_}) acts->addWidget(button);
@@ -216,8 +211,7 @@ void SendWaveFrm::AddTargets(QGridLayout* form) {
     auto* row = new QHBoxLayout;
     row->setSpacing(DialogRowGap * 2);
     for (const int entry : {0, 1}) {
-        auto* target = new QRadioButton(this);
-        target->setObjectName(QStringLiteral("OptionSave%1").arg(entry));
+        auto* target = Make<QRadioButton>(entry == 0 ? "OptionSave0" : "OptionSave1");
         connect(target, &QRadioButton::clicked, this,
                 [this, entry] { Do([&] { PickStoreTarget(dialog_, entry == 0 ? 1 : 0); }); });
         row->addWidget(target);
@@ -229,18 +223,17 @@ void SendWaveFrm::AddTargets(QGridLayout* form) {
 }
 
 void SendWaveFrm::AddMarks(QGridLayout* form) {
-    const bool many = Link.ConnectedModel == 0 && ModelVariant;
+    const bool many = Link.StoreLocationCount > FewLocations;
     auto* row = new QHBoxLayout;
     row->setSpacing(HeadGap);
-    for (int i = 0; i < (many ? 10 : 4); ++i) {
+    for (int i = 0; i < Link.StoreLocationCount; ++i) {
         const QString name = QLatin1String(many ? "imgStoreStatusMul" : "imgStoreStatus");
         marks_.push_back(new StoreMark(name + QString::number(i), i + 1, this));
         row->addWidget(marks_.back());
     }
-    used_ = new QLabel(this);
-    used_->setObjectName(QStringLiteral("UsedTxt"));
+    used_ = Make<QLabel>("UsedTxt");
     used_->setFixedHeight(LineHeight);
-    SetDim(used_);
+    used_->setProperty("dim", true);
     row->addSpacing(DialogRowGap);
     row->addWidget(used_);
     row->addStretch(1);
@@ -255,29 +248,24 @@ QLabel* SendWaveFrm::MakeCaption(const char* name) {
 }
 
 void SendWaveFrm::AddHead(QGridLayout* form, const char* name) {
-    auto* head = new QLabel(this);
-    head->setObjectName(QLatin1String(name));
+    auto* head = Make<QLabel>(name);
     head->setFixedHeight(LineHeight);
-    QFont bold = head->font();
-    bold.setBold(true);
-    head->setFont(bold);
+    MakeBold(head);
     form->setColumnMinimumWidth(2, FieldsWidth - DialogUnitGap - DialogUnitWidth);
     form->addWidget(head, form->rowCount(), 0, 1, 5);
 }
 
 void SendWaveFrm::AddHelp(QGridLayout* form, const char* name) {
-    auto* help = new QLabel(this);
-    help->setObjectName(QLatin1String(name));
+    auto* help = Make<QLabel>(name);
     help->setWordWrap(true);
     help->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     help->setFixedSize(FieldsWidth, HelpLines * LineHeight);
-    SetDim(help);
+    help->setProperty("dim", true);
     form->addWidget(help, form->rowCount(), 2, 1, 3);
 }
 
 QComboBox* SendWaveFrm::MakeList(const char* name, void (*pick)(SendDialog&, std::int16_t)) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(QLatin1String(name));
+    auto* list = Make<QComboBox>(name);
     list->setFixedWidth(NameWidth);
     connect(list, &QComboBox::activated, this, [this, pick](int index) {
         Do([&] { pick(dialog_, static_cast<std::int16_t>(index)); });
@@ -288,8 +276,7 @@ QComboBox* SendWaveFrm::MakeList(const char* name, void (*pick)(SendDialog&, std
 SendWaveFrm::NameBox* SendWaveFrm::MakeNameBox(const char* name,
                                                void (*change)(SendDialog&, std::string_view),
                                                Act enter) {
-    auto* box = new NameBox(this);
-    box->setObjectName(QLatin1String(name));
+    auto* box = Make<NameBox>(name);
     connect(box, &NameBox::textEdited, this, [this, change](const QString& typed) {
         Do([&] { change(dialog_, typed.toStdString()); });
     });
@@ -299,7 +286,6 @@ SendWaveFrm::NameBox* SendWaveFrm::MakeNameBox(const char* name,
 
 QPushButton* SendWaveFrm::MakeAct(const char* name, Act act) {
     QPushButton* button = MakeButton(name);
-    button->setFixedWidth(ButtonWidth);
     connect(button, &QPushButton::clicked, this, [this, act] { Do([&] { act(dialog_); }); });
     return button;
 }
@@ -325,7 +311,8 @@ void SendWaveFrm::ShowName(NameBox* box, const std::string& name, bool open) {
 void SendWaveFrm::RefreshStore() {
     QStringList entries;
     for (const std::string& entry : LocationEntries(dialog_)) entries << ToQt(entry);
-    FillList(locations_, entries, dialog_.UserIndex);
+    FillList(locations_, entries);
+    locations_->setCurrentIndex(dialog_.UserIndex);
     targets_[StoresWave(dialog_) ? 0 : 1]->setChecked(true);
     targets_[0]->setEnabled(bool(dialog_.NonVolatileOpen));
     ShowName(userName_, dialog_.txtUserWaveName, CanNameLocation(dialog_));
@@ -341,7 +328,8 @@ void SendWaveFrm::RefreshManage() {
     QStringList names;
     for (std::int16_t i = 0; i < dialog_.Stored.AllWaveCount; ++i)
         names << ToQt(dialog_.Stored.AllWaveName[i]);
-    FillList(waves_, names, dialog_.AllIndex);
+    FillList(waves_, names);
+    waves_->setCurrentIndex(dialog_.AllIndex);
     waves_->setEnabled(!renaming);
     ShowName(allName_, dialog_.txtAllWaveName, renaming);
     activate_->setEnabled(!renaming && !names.isEmpty());

@@ -1,6 +1,7 @@
 #include "ui/StandardWaveFrm.h"
 
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/PlotPreview.h"
 #include "ui/Theme.h"
 
@@ -21,12 +22,6 @@ QIcon KindIcon(std::int16_t kind) {
     return blank;
 }
 
-void KeepPlace(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
-
 }  // namespace
 
 StandardWaveFrm::StandardWaveFrm(QWidget* parent, int kind)
@@ -44,13 +39,13 @@ void StandardWaveFrm::BuildForm() {
     QGridLayout* form = MakeForm();
     AddKinds(form);
     AddField(form, {MakeBox("DotnumTxt", KeyKind::Whole), MakeLabel("DotnumLab"),
-                    MakeSpins("DotNumUp", "DotNumDn", SpinWaveDots), WaveDotnumText,
+                    MakeWaveSpins("DotNumUp", "DotNumDn", SpinWaveDots), WaveDotnumText,
                     LeaveWaveDotnum, &KindFields::Dots});
     AddField(form, {MakeBox("Cyclestxt", KeyKind::Whole), MakeLabel("CyclesLab"),
-                    MakeSpins("CyclesUp", "CyclesDn", SpinCycles), CyclesText, LeaveCycles,
+                    MakeWaveSpins("CyclesUp", "CyclesDn", SpinCycles), CyclesText, LeaveCycles,
                     &KindFields::Cycles});
     AddField(form, {MakeBox("phasetxt", KeyKind::Whole), MakeLabel("phaseLab"),
-                    MakeSpins("PhaseUp", "PhaseDn", SpinPhase), PhaseText, LeavePhase,
+                    MakeWaveSpins("PhaseUp", "PhaseDn", SpinPhase), PhaseText, LeavePhase,
                     &KindFields::Phase});
     NumberBox* ampl = MakeBox("ampltxt", KeyKind::Real);
     amplUnit_ = MakeVoltUnits("amplunitCmb", ampl, ChangeWaveAmplUnit);
@@ -81,8 +76,7 @@ QLabel* StandardWaveFrm::MakeUnitLabel(const char* name) {
 }
 
 void StandardWaveFrm::AddKinds(QGridLayout* form) {
-    kinds_ = new QComboBox(this);
-    kinds_->setObjectName(QStringLiteral("WaveTypeCmb"));
+    kinds_ = Make<QComboBox>("WaveTypeCmb");
     kinds_->setMaxVisibleItems(WaveKindCount);
     for (std::int16_t kind = 0; kind < WaveKindCount; ++kind)
         kinds_->addItem(KindIcon(kind), RowText(QStringLiteral("WaveTypeCmb%1").arg(kind)));
@@ -108,15 +102,11 @@ void StandardWaveFrm::AddField(QGridLayout* form, Field field) {
     fields_.push_back(field);
 }
 
-QWidget* StandardWaveFrm::MakeSpins(const char* up, const char* down, Spin spin) {
-    SpinButton* buttons[] = {MakeSpin(up, true), MakeSpin(down, false)};
-    for (SpinButton* button : buttons)
-        connect(button, &SpinButton::tick, this,
-                [this, spin, rises = button == buttons[0]](int count) {
-                    spin(dialog_, count, rises);
-                    ShowFields();
-                });
-    return MakeSpinPair(buttons[0], buttons[1]);
+QWidget* StandardWaveFrm::MakeWaveSpins(const char* up, const char* down, Spin spin) {
+    return MakeSpins(up, down, [this, spin](int count, bool rises) {
+        spin(dialog_, count, rises);
+        ShowFields();
+    });
 }
 
 QComboBox* StandardWaveFrm::MakeVoltUnits(const char* name, NumberBox* box, ChangeUnit change) {

@@ -35,7 +35,7 @@ private:
     QLabel* MakeUnitLabel(const char* name);
     void AddKinds(QGridLayout* form);
     void AddField(QGridLayout* form, Field field);
-    QWidget* MakeSpins(const char* up, const char* down, Spin spin);
+    QWidget* MakeWaveSpins(const char* up, const char* down, Spin spin);
     QComboBox* MakeVoltUnits(const char* name, NumberBox* box, ChangeUnit change);
     void LeaveField(const Field& field);
     void PreviewTyped(const Field& field, const QString& typed);

@@ -13,14 +13,11 @@
 #include "platform/qt/QtText.h"
 #include "ui/ActionTable.h"
 #include "ui/FindPanel.h"
-#include "ui/HintLabel.h"
 #include "ui/NumberBox.h"
 #include "ui/Theme.h"
 #include "ui/WaitPanel.h"
 
 #include <QAction>
-#include <QFontDatabase>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -49,7 +46,6 @@ constexpr PanelRow Panels[] = {
 };
 
 constexpr int StripHeight = 40;
-constexpr int Gap = 8, UnitGap = 4, GroupGap = 16;
 constexpr int RightWidth = 240, NarrowRight = 184;
 constexpr int NarrowStrip = 1100;  // below it the boxes need some of the room at the right
 constexpr int WaitWidth = 320;
@@ -117,12 +113,13 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(StripHeight);
     panels_ = new QStackedWidget(this);
-    for (const PanelRow& row : Panels) panels_->addWidget(MakePanel(row.Panel, row.Label));
+    for (const PanelRow& row : Panels)
+        AddPanel(new StripPanel(row.Panel, row.Label, panels_), row.Panel);
     find_ = new FindPanel(panels_);
-    panels_->addWidget(find_);
-    groups_.insert(find_->objectName(), find_->Group());
+    AddPanel(find_, "picDigitFind_Edit");
     connect(find_, &FindPanel::Left, this, &StatusStrip::Left);
-    AddBoxes(actions);
+    for (const EntryRow& row : EntryRows()) AddBox(row);
+    AddButtons(actions);
     AddReadOut("picSelect", "StartLab", "lblStart");
     AddReadOut("picSelect", "EndLab", "lblEnd");
     AddReadOut("picSelect", "SelectDotLab", "lblSelectDot");
@@ -130,7 +127,7 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     AddReadOut("picIdle", "lblYLab", "lblY");
     for (const DigitReadOut& readOut : DigitReadOuts)
         AddReadOut("picDigitDispTimeBar", readOut.Caption, readOut.Label, readOut.Digits);
-    for (const QWidget* group : groups_) static_cast<QHBoxLayout*>(group->layout())->addStretch(1);
+    for (const auto& [name, panel] : panelOf_) panel->Line()->addStretch(1);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 4, 12, 4);
     row->setSpacing(12);
@@ -140,7 +137,6 @@ StatusStrip::StatusStrip(const ActionTable& actions, QWidget* parent) : QWidget(
     wait_ = new WaitPanel(WaitPanel::Place::Strip, "prgLink", this);
     wait_->setAttribute(Qt::WA_StyledBackground);
     wait_->setProperty("strip", true);
-    ApplyTexts();
     ShowEntries(-1);
 }
 
@@ -165,53 +161,26 @@ QLayout* StatusStrip::MakeSign() {
     link_->setObjectName("lblLink");
     link_->setFixedWidth(WidestLinkText(link_));
     auto* line = new QHBoxLayout;
-    line->setSpacing(Gap);
+    line->setSpacing(StripGap);
     line->addWidget(sign_);
     line->addWidget(link_);
     return line;
 }
 
-QWidget* StatusStrip::MakePanel(const char* name, const char* message) {
-    auto* panel = new QWidget(panels_);
-    panel->setObjectName(name);
-    auto* label = new HintLabel(panel);
-    label->setObjectName(message);
-    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    auto* group = new QWidget(panel);
-    auto* line = new QHBoxLayout(group);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(UnitGap);
-    groups_.insert(name, group);
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(GroupGap);
-    row->addWidget(label);
-    row->addWidget(group, 1);
-    return panel;
+void StatusStrip::AddPanel(StripPanel* panel, const char* name) {
+    panels_->addWidget(panel);
+    panelOf_[name] = panel;
 }
 
-QHBoxLayout* StatusStrip::LineOf(const QString& panel) const {
-    return static_cast<QHBoxLayout*>(groups_.value(panel)->layout());
-}
-
-void StatusStrip::AddBoxes(const ActionTable& actions) {
-    for (const EntryRow& row : EntryRows()) AddBox(row, LineOf(ToQt(row.Panel)));
-    AddButtons(actions);
-}
-
-void StatusStrip::AddBox(const EntryRow& row, QHBoxLayout* line) {
+void StatusStrip::AddBox(const EntryRow& row) {
+    StripPanel* panel = panelOf_.at(row.Panel);
     const bool value = row.Value != nullptr;
-    auto* box = new NumberBox(value ? KeyKind::SignedReal : KeyKind::Whole, line->parentWidget());
+    auto* box = new NumberBox(value ? KeyKind::SignedReal : KeyKind::Whole, panel->Group());
     box->setObjectName(ToQt(row.Box));
     if (value) box->SetLongestText(ValueBoxLength);
     box->setFixedWidth(WidthOfDigits(box, value ? 9 : 8) + 16);
     box->installEventFilter(this);
-    auto* label = new QLabel(line->parentWidget());
-    label->setObjectName(ToQt(row.Box) + "Lab");
-    label->setBuddy(box);
-    if (line->count() > 0) line->addSpacing(Gap);
-    line->addWidget(label);
-    line->addWidget(box);
+    panel->AddField(ToQt(row.Box) + "Lab", box)->setBuddy(box);
     boxes_.insert(static_cast<int>(row.Which), box);
     const Entry entry = row.Which;
     connect(box, &NumberBox::textEdited, this, [box, entry](const QString& text) {
@@ -232,11 +201,11 @@ void StatusStrip::AddBox(const EntryRow& row, QHBoxLayout* line) {
 // Volts and millivolts as one switch of two halves; then the button that applies the boxes.
 void StatusStrip::AddButtons(const ActionTable& actions) {
     for (const MenuRow& row : StatusPanels()) {
-        QHBoxLayout* line = LineOf(ToQt(row.Name));
-        line->addSpacing(Gap);
+        StripPanel* panel = panelOf_.at(row.Name);
+        panel->Line()->addSpacing(StripGap);
         for (const std::string_view name : row.Entries) {
             QAction* action = actions.Find(name);
-            auto* button = new QToolButton(line->parentWidget());
+            auto* button = new QToolButton(panel->Group());
             button->setDefaultAction(action);
             button->setObjectName(action->objectName());
             button->setFocusPolicy(Qt::TabFocus);
@@ -249,26 +218,21 @@ void StatusStrip::AddButtons(const ActionTable& actions) {
                 button->setProperty("apply", true);
                 button->installEventFilter(this);
             }
-            line->addWidget(button);
+            panel->Line()->addWidget(button);
         }
     }
 }
 
 void StatusStrip::AddReadOut(const char* panel, const char* caption, const char* label,
                              int digits) {
-    QHBoxLayout* line = LineOf(panel);
-    auto* text = new QLabel(line->parentWidget());
-    text->setObjectName(caption);
-    auto* frame = new QLabel(line->parentWidget());
+    auto* frame = new QLabel(panelOf_.at(panel)->Group());
     frame->setObjectName(label);
     frame->setProperty("readout", true);
     frame->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     frame->setMinimumWidth(WidthOfDigits(frame, digits) + 16);
     frame->setFixedHeight(28);
-    readOuts_.insert(label, frame);
-    if (line->count() > 0) line->addSpacing(Gap);
-    line->addWidget(text);
-    line->addWidget(frame);
+    readOuts_[label] = frame;
+    panelOf_.at(panel)->AddField(caption, frame);
 }
 
 void StatusStrip::ApplyTexts() {
@@ -280,7 +244,6 @@ void StatusStrip::ApplyTexts() {
     }
     find_->ShowBoxes();
     wait_->ApplyTexts(StripText("CancelWaitBtn"), StripText("CancelWaitTip"));
-    ShowLink(false);
 }
 
 void StatusStrip::ShowText(const QString& label, const QString& text) {
@@ -296,12 +259,12 @@ void StatusStrip::ShowText(const QString& label, const QString& text) {
 void StatusStrip::ShowEntries(std::int16_t tag) {
     const bool digital = tag >= FirstDigitTag;
     const auto slot = static_cast<std::int16_t>(digital ? tag - FirstDigitTag : -1);
-    groups_.value("picDigitDispTimeBar")->setVisible(digital);
+    panelOf_.at("picDigitDispTimeBar")->Group()->setVisible(digital);
     find_->ShowDocument(slot);
     if (digital) {
         const DigitDocument& document = DigitAt(slot);
         for (const DigitReadOut& readOut : DigitReadOuts)
-            readOuts_.value(readOut.Label)->setText(QString::fromStdString(readOut.Text(document)));
+            readOuts_.at(readOut.Label)->setText(QString::fromStdString(readOut.Text(document)));
         return;
     }
     static const AnalogWaveRecord none;
@@ -313,10 +276,10 @@ void StatusStrip::ShowEntries(std::int16_t tag) {
         if (box->text() != shown) box->setText(shown);
     }
     for (const ReadOut& readOut : ReadOuts())
-        readOuts_.value(ToQt(readOut.Label))->setText(QString::fromStdString(readOut.Text(wave)));
+        readOuts_.at(readOut.Label)->setText(QString::fromStdString(readOut.Text(wave)));
     // A hand stroke has nothing to type, and a track nothing to show before its first dot.
-    groups_.value("picLineDraw")->setVisible(bool(wave.LineDrawOn));
-    groups_.value("picIdle")->setVisible(bool(wave.TrackShown));
+    panelOf_.at("picLineDraw")->Group()->setVisible(bool(wave.LineDrawOn));
+    panelOf_.at("picIdle")->Group()->setVisible(bool(wave.TrackShown));
 }
 
 void StatusStrip::ShowPointer(const QString& text) {

@@ -3,19 +3,21 @@
 // its buttons; at the right what lies under the pointer, or the progress of long work, and whether
 // an instrument is connected. Its height never changes.
 #include <cstdint>
+#include <map>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QWidget>
+#include <string_view>
 
 class ActionTable;
 class FindPanel;
 class NumberBox;
-class QHBoxLayout;
 class QLabel;
 class QLayout;
 class QProgressBar;
 class QStackedLayout;
 class QStackedWidget;
+class StripPanel;
 class WaitPanel;
 struct EntryRow;
 
@@ -30,7 +32,7 @@ public:
     void ShowEntries(std::int16_t tag);
     /// Dot, time and volts under the pointer; empty outside of a plot.
     void ShowPointer(const QString& text);
-    /// Moves the focus to the last box of the panel in front, where a value is typed.
+    /// Moves the focus to the first empty box of the panel in front, otherwise to its last one.
     void FocusEntry();
     /// Moves it to what is to be filled first in the panel for point edit and find, if that is in
     /// front.
@@ -56,18 +58,16 @@ private:
     void PlaceWait();
     QWidget* MakeRight();
     QLayout* MakeSign();
-    QWidget* MakePanel(const char* name, const char* message);
-    void AddBoxes(const ActionTable& actions);
-    void AddBox(const EntryRow& row, QHBoxLayout* line);
+    void AddPanel(StripPanel* panel, const char* name);
+    void AddBox(const EntryRow& row);
     void AddReadOut(const char* panel, const char* caption, const char* label, int digits = 9);
     void AddButtons(const ActionTable& actions);
-    QHBoxLayout* LineOf(const QString& panel) const;
 
     QStackedWidget* panels_;
     FindPanel* find_;
-    QHash<QString, QWidget*> groups_;   // boxes and buttons of a panel, by its name
-    QHash<int, NumberBox*> boxes_;      // by Entry
-    QHash<QString, QLabel*> readOuts_;  // by name
+    std::map<std::string_view, StripPanel*> panelOf_;  // by name
+    std::map<std::string_view, QLabel*> readOuts_;     // by name
+    QHash<int, NumberBox*> boxes_;                     // by Entry
     QStackedLayout* right_;
     QLabel* pointer_;
     QProgressBar* progress_;

@@ -2,6 +2,7 @@
 
 #include "link/LinkWork.h"
 #include "platform/qt/QtText.h"
+#include "ui/Controls.h"
 #include "ui/HintLabel.h"
 #include "ui/LinkWait.h"
 #include "ui/Theme.h"
@@ -52,12 +53,6 @@ private:
     QTimer timer_;
     int place_ = Places / 2;
 };
-
-void KeepPlace(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
 
 }  // namespace
 

@@ -11,9 +11,9 @@
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/PlotPalette.h"
-#include "platform/Host.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfaceImage.h"
+#include "ui/Controls.h"
 #include "ui/PicMouse.h"
 
 #include <algorithm>
@@ -108,10 +108,9 @@ void WavePic::mouseMoveEvent(QMouseEvent* event) {
                              : QString());
     if (event->buttons() == Qt::NoButton && ToolOf(wave) == Tool::Select) {
         const LimitLine line = LimitLineAt(wave, plot.x(), plot.y());
-        const Qt::CursorShape shape = line == LimitLine::None ? Qt::ArrowCursor
-                                      : IsColumn(line)        ? Qt::SizeHorCursor
-                                                              : Qt::SizeVerCursor;
-        if (cursor().shape() != shape) setCursor(shape);
+        ShowCursor(this, line == LimitLine::None ? Qt::ArrowCursor
+                         : IsColumn(line)        ? Qt::SizeHorCursor
+                                                 : Qt::SizeVerCursor);
     }
 }
 
@@ -180,7 +179,7 @@ bool WavePic::ForwardKey(const QKeyEvent& event) {
 }
 
 void WavePic::keyPressEvent(QKeyEvent* event) {
-    AnalogWaveRecord& wave = AnalogAt(slot_);
+    const AnalogWaveRecord& wave = AnalogAt(slot_);
     const Tool tool = ToolOf(wave);
     if (event->key() == Qt::Key_Escape && tool != Tool::Select)
         LeaveTool(slot_);

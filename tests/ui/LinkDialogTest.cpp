@@ -1,4 +1,3 @@
-#include "link/ConnectFuncBox.h"
 #include "link/LinkTranscript.h"
 #include "link/LinkWork.h"
 #include "link/RS232FuncBox.h"
