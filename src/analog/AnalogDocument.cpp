@@ -158,10 +158,7 @@ bool OpenLoadedWave(LoadedWave loaded) {
     if (!RoomForDocument()) return false;
     ActiveAnalogIndex = FirstFreeSlot(AnalogInUse);
     FillRecord(ActiveAnalog(), std::move(loaded));
-    CreateAnalogDocument();
-    ShowWholeWave(ActiveAnalog());
-    RepaintAnalog(ActiveAnalogIndex, true);
-    return true;
+    return CreateAnalogDocument();
 }
 
 std::int16_t ActiveDocumentIndex() {

@@ -1,5 +1,6 @@
 #include "analog/DrawAnalogWave.h"
 
+#include "analog/ToolState.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "frame/StringFunc.h"
@@ -11,17 +12,6 @@
 // A repaint stacks layers: WaveSurface keeps the grid, StaticSurface the grid with limit lines,
 // PlotSurface what is shown; the scale labels stand on BackSurface around the plot. Only a full
 // redraw makes the grid anew, every other repaint begins with a surface copy.
-
-const PlotColours PrintColours = {.Surround = 0xFFFFFF,
-                                  .Back = 0xFFFFFF,
-                                  .Grid = 0xB0B0B0,
-                                  .Axis = 0x000000,
-                                  .Label = 0x000000,
-                                  .Curve = 0x000000,
-                                  .Limit = 0x000000,
-                                  .Mark = 0x000000,
-                                  .Pointer = 0x000000,
-                                  .LinePen = 1.0};
 
 namespace {
 
@@ -232,14 +222,15 @@ void CoverDense(ColumnRuns& runs, const WaveView& view, std::span<const WaveDot>
 
 void DrawPoints(Surface& plot, const WaveView& view, std::span<const WaveDot> dots,
                 std::int32_t first, std::int32_t last, Colour colour, std::int32_t pen) {
-    const std::int64_t room =
+    const std::int64_t most =
         std::min<std::int64_t>(last - first + 1, std::int64_t{plot.Width()} * plot.Height());
-    std::vector<PixelPoint> pixels(static_cast<std::size_t>(room));
+    static std::vector<PixelPoint> room;  // kept from paint to paint
+    room.resize(static_cast<std::size_t>(most));
     static_assert(sizeof(PixelPoint) == 2 * sizeof(std::int32_t));
     const std::int32_t count =
-        PlotWaveDot(dots.data(), &pixels.data()->X, first, last, plot.Width(), plot.Height(),
+        PlotWaveDot(dots.data(), &room.data()->X, first, last, plot.Width(), plot.Height(),
                     view.Top, view.Bottom, view.Start, view.End);
-    pixels.resize(static_cast<std::size_t>(count));
+    const auto pixels = std::span(room).first(static_cast<std::size_t>(count));
     if (pen == 1) return plot.Points(pixels, colour);
     for (const auto& [x, y] : pixels) {
         const std::int32_t left = x - pen / 2, top = y - pen / 2;
@@ -361,6 +352,16 @@ void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveS
     }
 }
 
+void DrawMarksAndCurve(const AnalogWaveRecord& wave, const WaveView& view, Surface& plot) {
+    const PlotColours& colours = ColoursOf(wave);
+    if (wave.SegmentMarkOn)
+        DrawSegmentMarks(
+            plot, view, std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
+            colours.Mark);
+    DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
+                  wave.DotLinkOn, colours.Curve, colours.LinePen);
+}
+
 void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColours& colours) {
     const std::int32_t lastColumn = plot.Width() - 1, lastRow = plot.Height() - 1;
     const auto at = [](float line, std::int32_t last) { return std::min(RoundToInt(line), last); };
@@ -382,10 +383,10 @@ void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColou
                          colours.LinePen, true);
 }
 
-void DrawCross(Surface& plot, PixelPoint at) {
-    const std::int32_t arm = Scaled(MarkArm, plot.Scale());
-    plot.Line(at.X - arm, at.Y, at.X + arm, at.Y, RubberColour);
-    plot.Line(at.X, at.Y - arm, at.X, at.Y + arm, RubberColour);
+void DrawCross(Surface& plot, PixelPoint at, double across, double down) {
+    const std::int32_t x = Scaled(across, plot.Scale()), y = Scaled(down, plot.Scale());
+    plot.Line(at.X - x, at.Y, at.X + x, at.Y, RubberColour);
+    plot.Line(at.X, at.Y - y, at.X, at.Y + y, RubberColour);
 }
 
 bool LimitDragged(const AnalogWaveRecord& wave) {
@@ -437,20 +438,22 @@ void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours) {
     }
 }
 
+void ScaleLimits(AnalogWaveRecord& wave, std::int32_t width, std::int32_t height) {
+    if (wave.PlotWidth <= 0 || wave.PlotHeight <= 0) return;
+    const float across = static_cast<float>(width) / static_cast<float>(wave.PlotWidth);
+    const float down = static_cast<float>(height) / static_cast<float>(wave.PlotHeight);
+    for (float* column : {&wave.XLimitLeft, &wave.XLimitRight}) *column *= across;
+    for (float* row : {&wave.YLimitTop, &wave.YLimitBottom}) *row *= down;
+}
+
 void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::int32_t backHeight,
                           double scale) {
     const std::int32_t width = std::max(backWidth - Scaled(WaveMarginWidth, scale), 2);
     const std::int32_t height = std::max(backHeight - Scaled(WaveMarginHeight, scale), 2);
-    if (wave.PlotWidth > 0 && wave.PlotHeight > 0) {
-        const float across = static_cast<float>(width) / static_cast<float>(wave.PlotWidth);
-        const float down = static_cast<float>(height) / static_cast<float>(wave.PlotHeight);
-        wave.XLimitLeft *= across;
-        wave.XLimitRight *= across;
-        wave.YLimitTop *= down;
-        wave.YLimitBottom *= down;
-    }
+    ScaleLimits(wave, width, height);
     wave.PlotWidth = width;
     wave.PlotHeight = height;
+    if (!wave.DrawPressed) EndDrag(wave);        // the picture that it began from is gone
     wave.SelectionDragging = wave.HasSelection;  // its dots count now, the columns have moved
     wave.BackSurface.Create(backWidth + Scaled(LabelGutter, scale), backHeight, scale);
     for (Surface* layer :
@@ -483,12 +486,7 @@ void RepaintAnalog(std::int16_t index, Flag fullRedraw) {
         DrawLimitLines(wave, wave.StaticSurface, colours);
     }
     plot.CopyFrom(limits ? wave.StaticSurface : wave.WaveSurface);
-    if (wave.SegmentMarkOn)
-        DrawSegmentMarks(
-            plot, view, std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
-            colours.Mark);
-    DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
-                  wave.DotLinkOn, colours.Curve);
+    DrawMarksAndCurve(wave, view, plot);
     if (wave.HasSelection && !wave.PrintMode) DrawSelection(wave, view);
     // The guide of a line under way begins from the plot as it now is.
     if (wave.LinePending) wave.GridSurface.CopyFrom(plot);

@@ -70,15 +70,18 @@ void DrawWaveCurve(Surface& plot, const WaveView& view, std::span<const WaveDot>
 void DrawSegmentMarks(Surface& plot, const WaveView& view, std::span<const WaveSegment> segments,
                       Colour colour);
 
+/// The segment marks of a document, where they are on, and its curve, in its colours.
+void DrawMarksAndCurve(const AnalogWaveRecord& wave, const WaveView& view, Surface& plot);
+
 /// Draws the limit lines of the pairs that are on.
 void DrawLimitLines(const AnalogWaveRecord& wave, Surface& plot, const PlotColours& colours);
 
 /// True while a limit line follows the mouse; the painter then leaves the lines to the drag.
 bool LimitDragged(const AnalogWaveRecord& wave);
 
-/// A cross in the rubber colour, arms of MarkArm logical pixels.
+/// A cross in the rubber colour; the reach of its arms in logical pixels.
 inline constexpr double MarkArm = 10.0;
-void DrawCross(Surface& plot, PixelPoint at);
+void DrawCross(Surface& plot, PixelPoint at, double across = MarkArm, double down = MarkArm);
 
 /// Draws the columns first..last of the bar between the two edges of the selection, in any order.
 void DrawSelectionBar(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last);
@@ -93,8 +96,12 @@ PixelPoint HPointerPlace(const AnalogWaveRecord& wave);
 /// Draws the pointers of the zoomed axes beside the plot and stores their places.
 void DrawScalePointers(AnalogWaveRecord& wave, const PlotColours& colours);
 
+/// Moves the limit lines from the present plot to one of another size, where they stand alike.
+void ScaleLimits(AnalogWaveRecord& wave, std::int32_t width, std::int32_t height);
+
 /// Makes all surfaces of a document for a back area of the given size (device pixels) and scale,
-/// and moves the limit lines with the plot. Surfaces that cannot be made stay null.
+/// and moves the limit lines with the plot. A drag ends, but for a stroke. Surfaces that cannot be
+/// made stay null.
 void LayoutAnalogSurfaces(AnalogWaveRecord& wave, std::int32_t backWidth, std::int32_t backHeight,
                           double scale);
 

@@ -4,6 +4,7 @@
 #include "analog/DrawAnalogWave.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/SegmentEngine.h"
+#include "analog/ToolState.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/Narrow.h"
 #include "platform/Host.h"
@@ -57,13 +58,8 @@ void CopySelection(const AnalogWaveRecord& wave) {
 }
 
 void RemoveSelection(AnalogWaveRecord& wave) {
-    const std::int32_t removed = wave.SelEnd - wave.SelStart + 1;
     RemoveRunSegments(wave, wave.SelStart, wave.SelEnd);
-    for (std::int32_t i = wave.SelEnd + 1; i < wave.Dots; ++i)
-        wave.DotArray[static_cast<std::size_t>(i - removed)] = {
-            static_cast<double>(i - removed), wave.DotArray[static_cast<std::size_t>(i)].Y};
-    wave.Dots -= removed;
-    wave.LastDot = std::max(wave.Dots - 1, 0);
+    MoveTail(wave, wave.SelEnd + 1, wave.SelStart);
 }
 
 // Cut and Delete: the snapshot is taken, and undo opened, even where nothing is selected.
@@ -82,6 +78,21 @@ void TakeOut(bool toClipboard) {
     EndEdit(ActiveAnalogIndex);
 }
 
+// Holds or drops a selection that no longer fits; a pick that is not exactly its segment falls.
+void FitSelection(AnalogWaveRecord& wave) {
+    if (!wave.HasSelection) return;
+    if (wave.SelStart >= wave.Dots) return ClearSelection(wave);
+    // Cut short, it has dots of its own: the columns of the mouse reach past them.
+    if (wave.SelEnd >= wave.Dots) wave.SelectionDragging = true;
+    HoldBounds(wave);
+    if (!wave.SegmentPicked) return;
+    const bool same =
+        wave.PickedSegment < wave.SegmentCount &&
+        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].RunStart == wave.SelStart &&
+        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].EndDot == wave.SelEnd;
+    if (!same) wave.SegmentPicked = false;
+}
+
 // The cross of cursor track and point edit stays on its dot.
 void FitTrack(AnalogWaveRecord& wave) {
     if (wave.TrackDot >= wave.Dots) wave.TrackShown = false;
@@ -94,6 +105,7 @@ void ExchangeState() {
     if (wave.ExpandToSuit && wave.Dots >= 1) {
         wave.ViewStart = 0;
         wave.ViewEnd = std::max(wave.Dots - 1, 1);
+        wave.SelectionDragging = wave.HasSelection;  // as after any change of the view
     }
     EndEdit(ActiveAnalogIndex, true);
 }
@@ -122,6 +134,18 @@ void SwapSnapshot(AnalogWaveRecord& wave) {
     std::swap(wave.Segments, wave.UndoSegments);
 }
 
+void MoveTail(AnalogWaveRecord& wave, std::int32_t from, std::int32_t to) {
+    const auto dots = wave.DotArray.begin();
+    if (to == from) return;
+    if (to > from)
+        std::copy_backward(dots + from, dots + wave.Dots, dots + wave.Dots + (to - from));
+    else
+        std::copy(dots + from, dots + wave.Dots, dots + to);
+    wave.Dots += to - from;
+    wave.LastDot = std::max(wave.Dots - 1, 0);
+    for (std::int32_t dot = to; dot < wave.Dots; ++dot) dots[dot].X = dot;
+}
+
 void SetUndoAvailable(AnalogWaveRecord& wave, Flag available) {
     wave.UndoAvailable = available;
 }
@@ -142,9 +166,7 @@ void EndLineDraw(AnalogWaveRecord& wave) {
 void FinishGesture(AnalogWaveRecord& wave) {
     CloseStroke(wave);
     EndLineDraw(wave);
-    wave.MouseArmed = wave.MouseMoved = false;
-    wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
-    wave.VPointerDragging = wave.HPointerDragging = false;
+    EndDrag(wave);
 }
 
 void BeginEdit(AnalogWaveRecord& wave) {
@@ -210,21 +232,6 @@ void SelectionFromPixels(AnalogWaveRecord& wave, std::int32_t left, std::int32_t
     }
     HoldBounds(wave);
     FlagBorders(wave);
-}
-
-void FitSelection(AnalogWaveRecord& wave) {
-    if (!wave.HasSelection) return;
-    if (wave.Dots == 0 || wave.SelStart >= wave.Dots) {
-        ClearSelection(wave);
-        return;
-    }
-    HoldBounds(wave);
-    if (!wave.SegmentPicked) return;
-    const bool same =
-        wave.PickedSegment < wave.SegmentCount &&
-        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].RunStart == wave.SelStart &&
-        wave.Segments[static_cast<std::size_t>(wave.PickedSegment)].EndDot == wave.SelEnd;
-    if (!same) wave.SegmentPicked = false;
 }
 
 void UndoAnalog() {

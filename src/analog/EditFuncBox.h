@@ -10,6 +10,10 @@ void TakeSnapshot(AnalogWaveRecord& wave);
 /// Exchanges the present state with the snapshot; calling it twice changes nothing.
 void SwapSnapshot(AnalogWaveRecord& wave);
 
+/// Moves the dots from `from` to the end so that they begin at `to`; Dots and LastDot follow, the
+/// segments are the caller's. The dots must fit.
+void MoveTail(AnalogWaveRecord& wave, std::int32_t from, std::int32_t to);
+
 void SetUndoAvailable(AnalogWaveRecord& wave, Flag available);
 void SetResumeAvailable(AnalogWaveRecord& wave, Flag available);
 
@@ -38,8 +42,6 @@ void PickSegment(AnalogWaveRecord& wave, std::int32_t segment);
 /// Takes the bounds of a selection made with the mouse from its pixel columns, one column to the
 /// left of each where that lies in the document. Exact bounds stay.
 void SelectionFromPixels(AnalogWaveRecord& wave, std::int32_t left, std::int32_t right);
-/// Holds or drops a selection that no longer fits; a pick that is not exactly its segment falls.
-void FitSelection(AnalogWaveRecord& wave);
 
 // Commands on the active document.
 void UndoAnalog();

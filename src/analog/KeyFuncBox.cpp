@@ -3,6 +3,7 @@
 #include "analog/EditFuncBox.h"
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
+#include "analog/SegmentEngine.h"
 #include "analog/ToolState.h"
 #include "analog/ZoomFuncBox.h"
 #include "frame/GlobalDefineCode.h"
@@ -40,14 +41,6 @@ void ShowDots(std::int16_t index, std::int32_t first, std::int32_t last) {
     ShowCursorValues(index);
     TheHost().RefreshCommands();
     RepaintAnalog(index, wave.ViewStart != start);
-}
-
-std::int32_t SegmentWith(const AnalogWaveRecord& wave, std::int32_t dot) {
-    std::int32_t segment = 0;
-    while (segment < wave.SegmentCount - 1 &&
-           wave.Segments[static_cast<std::size_t>(segment)].EndDot < dot)
-        ++segment;
-    return segment;
 }
 
 // From a selection that is no segment the step goes to the one in which its edge lies.

@@ -4,6 +4,7 @@
 #include "analog/EntryFuncBox.h"
 #include "analog/LimitFuncBox.h"
 #include "analog/PlotOverlay.h"
+#include "analog/SegmentEngine.h"
 #include "analog/StrokeFuncBox.h"
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
@@ -268,7 +269,7 @@ const ToolSteps* StepsOf(const AnalogWaveRecord& wave) {
 }
 
 void PressRight(std::int16_t index, const PlotPlace& place) {
-    AnalogWaveRecord& wave = AnalogAt(index);
+    const AnalogWaveRecord& wave = AnalogAt(index);
     const Tool tool = ToolOf(wave);
     if (tool != Tool::Select && tool != Tool::Idle) return LeaveTool(index);
     if (wave.MouseArmed) return;  // the left button drags
@@ -313,11 +314,8 @@ void WavePic_DblClick(std::int16_t index, std::int32_t x, std::int32_t y) {
     const PlotPlace place = PlaceOf(wave, x, y);
     if (ToolOf(wave) != Tool::Select) return WavePic_MouseDown(index, MouseButton::Left, x, y);
     if (wave.HasSelection || place.Dot >= wave.Dots) return;
-    for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
-        if (wave.Segments[static_cast<std::size_t>(i)].EndDot < place.Dot) continue;
-        PickSegment(wave, i);
-        return ShowSelection(index);
-    }
+    PickSegment(wave, SegmentWith(wave, place.Dot));
+    ShowSelection(index);
 }
 
 void StepTrackedDot(std::int16_t index, std::int32_t step) {

@@ -1,7 +1,5 @@
 #include "analog/PlotOverlay.h"
 
-#include "frame/Narrow.h"
-
 #include <algorithm>
 
 namespace {
@@ -28,13 +26,9 @@ void RestorePlot(AnalogWaveRecord& wave) {
 }
 
 void DrawUprightMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(MarkArm, plot.Scale()), tick = Scaled(Tick, plot.Scale());
-    plot.Line(x, y - arm, x, y + arm, RubberColour);
-    plot.Line(x - tick, y, x + tick, y, RubberColour);
+    DrawCross(plot, {x, y}, Tick, MarkArm);
 }
 
 void DrawLevelMark(Surface& plot, std::int32_t x, std::int32_t y) {
-    const std::int32_t arm = Scaled(MarkArm, plot.Scale()), tick = Scaled(Tick, plot.Scale());
-    plot.Line(x - arm, y, x + arm, y, RubberColour);
-    plot.Line(x, y - tick, x, y + tick, RubberColour);
+    DrawCross(plot, {x, y}, MarkArm, Tick);
 }

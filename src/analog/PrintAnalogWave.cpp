@@ -10,30 +10,21 @@
 // Everything is painted once, so that two surfaces do: the plot, and the picture, which takes the
 // labels first and the plot at the end. At 600 dots per inch each has some 45 megabytes.
 
+const PlotColours PrintColours = {.Surround = 0xFFFFFF,
+                                  .Back = 0xFFFFFF,
+                                  .Grid = 0xB0B0B0,
+                                  .Axis = 0x000000,
+                                  .Label = 0x000000,
+                                  .Curve = 0x000000,
+                                  .Limit = 0x000000,
+                                  .Mark = 0x000000,
+                                  .Pointer = 0x000000,
+                                  .LinePen = 1.0};
+
 namespace {
 
 bool CanBeSeen(const AnalogWaveRecord& wave) {
     return wave.Dots > 0 && wave.ViewEnd > wave.ViewStart && wave.ViewTop > wave.ViewBottom;
-}
-
-// The lines keep their place in the plot.
-void ScaleLimits(AnalogWaveRecord& wave, const Surface& plot) {
-    if (wave.PlotWidth <= 0 || wave.PlotHeight <= 0) return;
-    const float across = static_cast<float>(plot.Width()) / static_cast<float>(wave.PlotWidth);
-    const float down = static_cast<float>(plot.Height()) / static_cast<float>(wave.PlotHeight);
-    for (float* column : {&wave.XLimitLeft, &wave.XLimitRight}) *column *= across;
-    for (float* row : {&wave.YLimitTop, &wave.YLimitBottom}) *row *= down;
-}
-
-void DrawWave(const AnalogWaveRecord& wave, const WaveView& view, Surface& plot) {
-    const PlotColours& colours = ColoursOf(wave);
-    DrawLimitLines(wave, plot, colours);
-    if (wave.SegmentMarkOn)
-        DrawSegmentMarks(
-            plot, view, std::span(wave.Segments).first(static_cast<std::size_t>(wave.SegmentCount)),
-            colours.Mark);
-    DrawWaveCurve(plot, view, std::span(wave.DotArray).first(static_cast<std::size_t>(wave.Dots)),
-                  wave.DotLinkOn, colours.Curve, colours.LinePen);
 }
 
 }  // namespace
@@ -51,14 +42,17 @@ bool PaintForPrint(AnalogWaveRecord& wave, std::int32_t width, std::int32_t heig
     const KeepAside kept(wave.PrintMode, wave.XLimitLeft, wave.XLimitRight, wave.YLimitTop,
                          wave.YLimitBottom);
     wave.PrintMode = true;
-    ScaleLimits(wave, plot);
+    ScaleLimits(wave, plotWidth, plotHeight);
     const bool seen = CanBeSeen(wave);
     const WaveView view =
         seen ? ViewOf(wave) : WaveView{0, std::max(wave.MaxDots - 1, 0), 1.0, -1.0};
     const PixelPoint origin = PlotOrigin(scale);
     const GridLabels labels = {wave.Vpp, wave.Period, wave.MaxDots, wave.TimeAxisOn, origin};
     DrawGridAndLabels(plot, view, wave.GridOn, ColoursOf(wave), &picture, &labels);
-    if (seen) DrawWave(wave, view, plot);
+    if (seen) {
+        DrawLimitLines(wave, plot, ColoursOf(wave));
+        DrawMarksAndCurve(wave, view, plot);
+    }
     picture.CopyFrom(plot, origin.X, origin.Y);
     return true;
 }

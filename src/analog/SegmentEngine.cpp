@@ -55,13 +55,11 @@ void CollapseSelection(AnalogWaveRecord& wave, std::int32_t delta) {
 }
 
 // A picked segment keeps its place in the list; what follows moves as a whole.
-void RewritePicked(AnalogWaveRecord& wave, WaveSegment made, std::int32_t dotCount,
-                   std::int32_t delta) {
+void RewritePicked(AnalogWaveRecord& wave, WaveSegment made, std::int32_t delta) {
     WaveSegment& picked = SegmentAt(wave, wave.PickedSegment);
     made.StartDot = delta == 0 ? picked.StartDot : wave.SelStart;
     made.RunStart = wave.SelStart;
-    made.EndDot = wave.SelStart + dotCount - 1;
-    made.DotCount = dotCount;
+    made.EndDot = wave.SelStart + made.DotCount - 1;
     picked = made;
     for (std::int32_t i = wave.PickedSegment + 1; i < wave.SegmentCount; ++i) {
         SegmentAt(wave, i).StartDot += delta;
@@ -74,52 +72,40 @@ bool HasPick(const AnalogWaveRecord& wave) {
     return wave.SegmentPicked && wave.PickedSegment < wave.SegmentCount;
 }
 
-std::int32_t DeltaOf(const AnalogWaveRecord& wave, std::int32_t dotCount) {
-    return dotCount - (wave.SelEnd - wave.SelStart + 1);
+void RewriteSelection(AnalogWaveRecord& wave, const WaveSegment& made) {
+    if (!wave.HasSelection || wave.SegmentCount == 0) return;
+    FindSelectionSegments(wave);
+    const std::int32_t delta = made.DotCount - (wave.SelEnd - wave.SelStart + 1);
+    if (!HasPick(wave)) return CollapseSelection(wave, delta);
+    RewritePicked(wave, made, delta);
+    MergeCustomNeighbours(wave, wave.PickedSegment);
 }
 
 }  // namespace
 
-void FindSelectionSegments(AnalogWaveRecord& wave) {
-    const auto end = wave.Segments.begin() + wave.SegmentCount;
-    const auto reaches = [](std::int32_t dot) {
-        return [dot](const WaveSegment& segment) { return dot <= segment.EndDot; };
-    };
-    const auto first = std::find_if(wave.Segments.begin(), end, reaches(wave.SelStart));
-    const auto last = std::find_if(first, end, reaches(wave.SelEnd));
-    const std::int32_t final = std::max(wave.SegmentCount - 1, 0);
-    const auto index = [&](auto found) {
-        return std::min(static_cast<std::int32_t>(found - wave.Segments.begin()), final);
-    };
-    wave.SelFirstSegment = index(first);
-    wave.SelLastSegment = index(last);
+std::int32_t SegmentWith(const AnalogWaveRecord& wave, std::int32_t dot) {
+    std::int32_t segment = 0;
+    while (segment < wave.SegmentCount - 1 &&
+           wave.Segments[static_cast<std::size_t>(segment)].EndDot < dot)
+        ++segment;
+    return segment;
 }
 
-void ReplaceRunSegments(AnalogWaveRecord& wave, const WaveSegment& made) {
-    if (!wave.HasSelection || wave.SegmentCount == 0) return;
-    FindSelectionSegments(wave);
-    const std::int32_t delta = DeltaOf(wave, made.DotCount);
-    if (!HasPick(wave)) {
-        CollapseSelection(wave, delta);
-        return;
-    }
-    WaveSegment generated = made;
-    generated.Custom = false;
-    RewritePicked(wave, generated, made.DotCount, delta);
+void FindSelectionSegments(AnalogWaveRecord& wave) {
+    wave.SelFirstSegment = SegmentWith(wave, wave.SelStart);
+    wave.SelLastSegment = SegmentWith(wave, wave.SelEnd);
+}
+
+void ReplaceRunSegments(AnalogWaveRecord& wave, WaveSegment made) {
+    made.Custom = false;
+    RewriteSelection(wave, made);
 }
 
 void MarkRunCustom(AnalogWaveRecord& wave, std::int32_t dotCount) {
-    if (!wave.HasSelection || wave.SegmentCount == 0) return;
-    FindSelectionSegments(wave);
-    const std::int32_t delta = DeltaOf(wave, dotCount);
-    if (!HasPick(wave)) {
-        CollapseSelection(wave, delta);
-        return;
-    }
-    WaveSegment custom = SegmentAt(wave, wave.PickedSegment);
+    WaveSegment custom = HasPick(wave) ? SegmentAt(wave, wave.PickedSegment) : WaveSegment();
     custom.Custom = true;
-    RewritePicked(wave, custom, dotCount, delta);
-    MergeCustomNeighbours(wave, wave.PickedSegment);
+    custom.DotCount = dotCount;
+    RewriteSelection(wave, custom);
 }
 
 void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t last) {
@@ -127,19 +113,16 @@ void RemoveRunSegments(AnalogWaveRecord& wave, std::int32_t first, std::int32_t 
     std::vector<WaveSegment> kept;
     for (std::int32_t i = 0; i < wave.SegmentCount; ++i) {
         WaveSegment segment = SegmentAt(wave, i);
-        const std::int32_t before = std::clamp(first - segment.RunStart, 0, RunLength(segment));
-        const std::int32_t behind = std::clamp(segment.EndDot - last, 0, RunLength(segment));
-        if (before + behind == 0) continue;
+        const std::int32_t length = RunLength(segment);
+        const std::int32_t left = std::clamp(first - segment.RunStart, 0, length) +
+                                  std::clamp(segment.EndDot - last, 0, length);
+        if (left == 0) continue;
         if (segment.RunStart >= first) {
             segment.RunStart = std::max(segment.RunStart, last + 1) - removed;
             segment.StartDot = segment.RunStart;
         }
-        if (before + behind < RunLength(SegmentAt(wave, i))) {
-            segment.EndDot = segment.RunStart + before + behind - 1;
-            MakeCustom(segment);
-        } else {
-            segment.EndDot = segment.RunStart + RunLength(SegmentAt(wave, i)) - 1;
-        }
+        segment.EndDot = segment.RunStart + left - 1;
+        if (left < length) MakeCustom(segment);
         kept.push_back(segment);
     }
     wave.Segments = std::move(kept);

@@ -4,13 +4,16 @@
 // hole or overlap (the dots themselves are moved and written by the caller).
 #include "frame/records/AnalogWaveRecord.h"
 
+/// The segment that a dot lies in; the last one for dots behind all, 0 where there is none.
+std::int32_t SegmentWith(const AnalogWaveRecord& wave, std::int32_t dot);
+
 /// Sets SelFirstSegment and SelLastSegment from SelStart and SelEnd.
 void FindSelectionSegments(AnalogWaveRecord& wave);
 
 /// The selected run is about to be replaced by the `made.DotCount` dots of a generated wave. A
 /// free selection collapses into one custom segment, merged with custom neighbours; a picked
 /// segment takes the generator fields of `made`. Nothing happens without a selection.
-void ReplaceRunSegments(AnalogWaveRecord& wave, const WaveSegment& made);
+void ReplaceRunSegments(AnalogWaveRecord& wave, WaveSegment made);
 
 /// The selected run is about to be replaced by `dotCount` free-form dots. As above, and a picked
 /// segment becomes custom and merges with custom neighbours.

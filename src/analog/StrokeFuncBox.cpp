@@ -68,6 +68,18 @@ void DrawStep(AnalogWaveRecord& wave, const PlotPlace& place, Colour colour) {
     wave.PlotSurface.Line(from.X, from.Y, place.X, place.Y, colour);
 }
 
+// Dots x1..x2 in any order; boxes may hold what was typed for another capacity or range.
+void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2) {
+    AnalogWaveRecord& wave = ActiveAnalog();
+    BeginEdit(wave);
+    const auto hold = [&](std::int32_t dot) { return std::clamp(dot, 0, wave.MaxDots - 1); };
+    const std::int32_t a = hold(x1), b = hold(x2);
+    const std::int32_t first =
+        FillLine(wave, a, std::clamp(y1, -1.0, 1.0), b, std::clamp(y2, -1.0, 1.0));
+    OverlayRunSegment(wave, first, std::max(a, b));
+    EndEdit(ActiveAnalogIndex, true);
+}
+
 }  // namespace
 
 void BeginHandStroke(std::int16_t index, std::int32_t x, std::int32_t y) {
@@ -135,17 +147,6 @@ void GuideLine(std::int16_t index, std::int32_t x, std::int32_t y) {
     DrawStep(wave, place, RubberColour);
     ShowLineEnds(index, place);
     TheHost().ShowPlot(index);
-}
-
-void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2) {
-    AnalogWaveRecord& wave = ActiveAnalog();
-    BeginEdit(wave);
-    const auto hold = [&](std::int32_t dot) { return std::clamp(dot, 0, wave.MaxDots - 1); };
-    const std::int32_t a = hold(x1), b = hold(x2);
-    const std::int32_t first =
-        FillLine(wave, a, std::clamp(y1, -1.0, 1.0), b, std::clamp(y2, -1.0, 1.0));
-    OverlayRunSegment(wave, first, std::max(a, b));
-    EndEdit(ActiveAnalogIndex, true);
 }
 
 void ApplyLineBoxes() {

@@ -17,9 +17,6 @@ void EndHandStroke(std::int16_t index);
 void PlaceLinePoint(std::int16_t index, std::int32_t x, std::int32_t y);
 /// Draws the guide from the last point of the line to the mouse.
 void GuideLine(std::int16_t index, std::int32_t x, std::int32_t y);
-/// Writes a line on the active document, as an edit with repaint: dots x1..x2 (in any order, held
-/// to 0..MaxDots - 1), normalised amplitudes y1 and y2, held to -1..1.
-void InsertLine(std::int32_t x1, std::int32_t x2, double y1, double y2);
 /// OkAresBtn: draws the line of the boxes; nothing while one of them is empty.
 void ApplyLineBoxes();
 /// AresButton1: sets the dot of the boxes; asks for both where one is empty.

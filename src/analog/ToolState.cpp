@@ -29,3 +29,9 @@ Tool ToolOf(const AnalogWaveRecord& wave) {
 bool IsZoomTool(Tool tool) {
     return tool <= Tool::ZoomCenter;
 }
+
+void EndDrag(AnalogWaveRecord& wave) {
+    wave.MouseArmed = wave.MouseMoved = false;
+    wave.DragLimitLeft = wave.DragLimitRight = wave.DragLimitTop = wave.DragLimitBottom = false;
+    wave.VPointerDragging = wave.HPointerDragging = false;
+}

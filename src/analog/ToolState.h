@@ -31,3 +31,6 @@ std::span<const ToolRow> ToolRows();
 /// The tool that is on.
 Tool ToolOf(const AnalogWaveRecord& wave);
 bool IsZoomTool(Tool tool);
+
+/// Lets go of all that the mouse drags, without a repaint. A stroke or line under way stays open.
+void EndDrag(AnalogWaveRecord& wave);

@@ -82,12 +82,6 @@ void SaveHistory(const std::vector<std::string>& history) {
     SaveSetting(ApplicationTitle, Section, "Count", std::to_string(number));
 }
 
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 void CountAnew(EquationDialog& dialog) {
     dialog.Counted = dialog.NotFinite = dialog.Clipped = 0;
 }
@@ -235,7 +229,7 @@ bool ConfirmEquation(EquationDialog& dialog) {
     OpenRun(wave, dialog);
     for (std::int32_t i = 0; i < count; ++i)
         wave.DotArray[start + i] = {double(start + i), ClippedToRails(made[i].Y, wave.Vpp / 2.0)};
-    Remember(dialog.History, Trimmed(dialog.Text), true);
+    Remember(dialog.History, TrimBlanks(dialog.Text), true);
     SaveHistory(dialog.History);
     EndEdit(ActiveAnalogIndex);
     return true;

@@ -8,25 +8,6 @@
 
 #include <algorithm>
 
-namespace {
-
-// Moves the dots from `from` to the end so that they begin at `to`, and counts them anew.
-void MoveTail(AnalogWaveRecord& wave, std::int32_t from, std::int32_t to) {
-    const auto dots = wave.DotArray.begin();
-    if (to > from) {
-        std::copy_backward(dots + from, dots + wave.Dots, dots + wave.Dots + (to - from));
-    } else if (to < from) {
-        std::copy(dots + from, dots + wave.Dots, dots + to);
-    } else {
-        return;
-    }
-    wave.Dots += to - from;
-    wave.LastDot = wave.Dots - 1;
-    for (std::int32_t dot = to; dot < wave.Dots; ++dot) dots[dot].X = dot;
-}
-
-}  // namespace
-
 std::int32_t SelectionLength(const AnalogWaveRecord& wave) {
     return wave.HasSelection ? wave.SelEnd - wave.SelStart + 1 : 0;
 }

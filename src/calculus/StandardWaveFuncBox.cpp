@@ -50,16 +50,18 @@ NumberField PhaseField(const StandardWaveDialog& dialog) {
     return {dialog.Wave.Phase, 0.0, HighestPhase, "000"};
 }
 
+NumberField VoltField(double value, double low, double high, Flag volts) {
+    if (volts) return {value, low, high, "0.0000"};
+    return {value, low, high, "0.0", 1000.0};
+}
+
 NumberField AmplField(const StandardWaveDialog& dialog) {
-    const NumberField volts{dialog.Wave.Amplitude, MinVpp / 2.0, dialog.Vpp, "0.0000"};
-    if (dialog.AmplInVolts) return volts;
-    return {volts.Value, volts.Low, volts.High, "0.0", 1000.0};
+    return VoltField(dialog.Wave.Amplitude, MinVpp / 2.0, dialog.Vpp, dialog.AmplInVolts);
 }
 
 NumberField OffsetField(const StandardWaveDialog& dialog) {
     const double limit = OffsetLimit(dialog);
-    if (dialog.OffsetInVolts) return {dialog.Wave.Offset, -limit, limit, "0.0000"};
-    return {dialog.Wave.Offset, -limit, limit, "0.0", 1000.0};
+    return VoltField(dialog.Wave.Offset, -limit, limit, dialog.OffsetInVolts);
 }
 
 NumberField DutyField(double duty) {
@@ -129,6 +131,21 @@ void HoldCyclesAndPulse(StandardWaveDialog& dialog) {
 void HoldSlope(StandardWaveDialog& dialog) {
     dialog.SlopePercent = Held(SlopeField(dialog));
     UpdatePulseDots(dialog);
+}
+
+void HoldWaveFields(StandardWaveDialog& dialog) {
+    WaveSegment& wave = dialog.Wave;
+    wave.DotCount = RoundToInt(Held(DotnumField(dialog)));
+    wave.Phase = static_cast<float>(Held(PhaseField(dialog)));
+    wave.Amplitude = static_cast<float>(Held(AmplField(dialog)));
+    HoldOffset(dialog);
+    wave.Duty = ToShort(Held(DutyField(wave.Duty)));
+    wave.Symmetry = ToShort(Held(SymmetryField(wave.Symmetry)));
+    wave.Overzero = ToShort(Held(OverzeroField(wave.Overzero)));
+    wave.Damp = static_cast<float>(Held(DampField(wave.Damp)));
+    dialog.PWidthPercent = HoldBetween(dialog.PWidthPercent, 0.0, 100.0);
+    dialog.SlopePercent = Held(SlopeField(dialog));
+    HoldCyclesAndPulse(dialog);
 }
 
 WaveSegment InitialWave(double vpp) {
@@ -377,21 +394,6 @@ void SpinPhase(StandardWaveDialog& dialog, std::int32_t tick, bool up) {
     const std::int32_t phase = RoundToInt(dialog.Wave.Phase);
     dialog.Wave.Phase = static_cast<float>(
         SpinValue(phase, StepAt(CycleSteps, tick), up, 0, RoundToInt(HighestPhase)));
-}
-
-void HoldWaveFields(StandardWaveDialog& dialog) {
-    WaveSegment& wave = dialog.Wave;
-    wave.DotCount = RoundToInt(Held(DotnumField(dialog)));
-    wave.Phase = static_cast<float>(Held(PhaseField(dialog)));
-    wave.Amplitude = static_cast<float>(Held(AmplField(dialog)));
-    HoldOffset(dialog);
-    wave.Duty = ToShort(Held(DutyField(wave.Duty)));
-    wave.Symmetry = ToShort(Held(SymmetryField(wave.Symmetry)));
-    wave.Overzero = ToShort(Held(OverzeroField(wave.Overzero)));
-    wave.Damp = static_cast<float>(Held(DampField(wave.Damp)));
-    dialog.PWidthPercent = HoldBetween(dialog.PWidthPercent, 0.0, 100.0);
-    dialog.SlopePercent = Held(SlopeField(dialog));
-    HoldCyclesAndPulse(dialog);
 }
 
 void GenerateWave(const WaveSegment& wave, double vpp, WaveDot* dots, std::int32_t start,

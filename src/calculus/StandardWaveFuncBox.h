@@ -77,9 +77,6 @@ void SpinWaveDots(StandardWaveDialog& dialog, std::int32_t tick, bool up);
 void SpinCycles(StandardWaveDialog& dialog, std::int32_t tick, bool up);
 void SpinPhase(StandardWaveDialog& dialog, std::int32_t tick, bool up);
 
-/// Applies every bound anew, as OK does.
-void HoldWaveFields(StandardWaveDialog& dialog);
-
 /// Computes dots start..start+count-1 of `dots` from the generator fields, normalised by Vpp/2 (in
 /// volts) and clipped to -1..1.
 void GenerateWave(const WaveSegment& wave, double vpp, WaveDot* dots, std::int32_t start,

@@ -4,7 +4,6 @@
 #include "calculus/StandardWaveFuncBox.h"
 #include "frame/GlobalDefineCode.h"
 #include "frame/LoadLanguageCode.h"
-#include "frame/Narrow.h"
 #include "frame/StringFunc.h"
 
 #include <algorithm>

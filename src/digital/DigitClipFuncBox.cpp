@@ -50,8 +50,7 @@ void CopyRows(const DigitDocument& document) {
     RowClipNodes = document.Nodes;
     RowClipDots = 0;
     for (const SelectedSpan& span : SelectedSpans(document))
-        RowClipDots = std::max(
-            RowClipDots, document.Nodes[static_cast<std::size_t>(span.Target.Node)].DataLength);
+        RowClipDots = std::max(RowClipDots, NodeAt(document, span.Target.Node).DataLength);
     RowClipSamples.assign(document.DigitSamples.begin(),
                           document.DigitSamples.begin() + RowClipDots);
     RowClipValid = true;
@@ -83,7 +82,7 @@ void ClearSpans(DigitDocument& document, const std::vector<SelectedSpan>& spans)
 
 void DeleteSpan(DigitDocument& document, const std::vector<SelectedSpan>& spans) {
     for (const SelectedSpan& span : spans) {
-        DigitNode& node = document.Nodes[static_cast<std::size_t>(span.Target.Node)];
+        DigitNode& node = NodeAt(document, span.Target.Node);
         if (span.Target.Member >= 0 || span.End < node.DataLength) continue;
         node.DataLength = std::min(node.DataLength, span.Start);
     }
@@ -109,9 +108,9 @@ std::vector<RowCopy> CopiedRows() {
     source.Nodes = RowClipNodes;
     std::vector<RowCopy> rows;
     for (const SelectedSpan& span : SelectedSpans(source)) {
-        const DigitNode& node = source.Nodes[static_cast<std::size_t>(span.Target.Node)];
+        const DigitNode& node = NodeAt(source, span.Target.Node);
         const bool whole = span.Target.Member < 0;
-        const std::vector<std::uint8_t> channels = ChannelsOf(source, {span});
+        const std::span<const std::uint8_t> channels = ChannelsOf(source, span.Target);
         rows.push_back({{.Name = OwnName(source, span.Target),
                          .Radix = node.Radix,
                          .Width = WidthOf(source, span.Target),
@@ -172,15 +171,10 @@ void PasteDigit() {
     DigitDocument& document = ActiveDigit();
     const auto [target, dot] = PlaceOfPaste(document);
     if (!SpanClipValid || target.Node < 0) return;
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
-    const auto first = static_cast<std::size_t>(std::max<std::int16_t>(target.Member, 0));
-    const std::int16_t width = WidthOf(document, target);
-    const std::int16_t count = std::min(width, SpanClipChannelCount);
-    Channels sources, targets;
-    for (std::size_t i = 0; std::cmp_less(i, count); ++i) {
-        sources.push_back(SpanClipChannels[i]);
-        targets.push_back(node.Channels[first + static_cast<std::size_t>(width) - 1 - i]);
-    }
+    const std::span<const std::uint8_t> channels = ChannelsOf(document, target);
+    const std::int16_t count = std::min(WidthOf(document, target), SpanClipChannelCount);
+    const Channels sources(SpanClipChannels.begin(), SpanClipChannels.begin() + count);
+    const Channels targets(channels.rbegin(), channels.rbegin() + count);
     BeginEdit(document);
     ExtendSamples(document, target.Node, dot + SpanClipDots - 1);
     CopyPasteData(SpanClipSamples.data(), document.DigitSamples.data() + dot, SpanClipDots,

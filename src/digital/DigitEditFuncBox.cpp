@@ -12,16 +12,6 @@
 
 namespace {
 
-DigitNode& NodeAt(DigitDocument& document, DigitTarget target) {
-    return document.Nodes[static_cast<std::size_t>(target.Node)];
-}
-
-void LetGo(DigitDocument& document) {
-    if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
-    document.SelectDrag = document.CaliperDrag = document.ListDrag = false;
-    document.ListPressRow = document.ListDropNode = -1;
-}
-
 void SwapSnapshot(DigitDocument& document) {
     std::swap(document.Nodes, document.UndoNodes);
     std::swap(document.DigitSamples, document.UndoSamples);
@@ -48,7 +38,7 @@ void ExchangeState(Flag undone) {
     EndDigitEdit(ActiveDigitIndex);
 }
 
-// True where a node stays hidden behind its bus: a member of a bus that is closed.
+// A member of a bus that is closed has no row.
 bool IsHidden(const DigitNode& node, DigitTarget target) {
     return target.Member >= 0 && !(node.IsBus && node.Expanded);
 }
@@ -79,6 +69,12 @@ void TakeSnapshot(DigitDocument& document) {
     document.UndoSampleCount = document.SampleCount;
     document.UndoNodes = document.Nodes;
     document.UndoSamples = document.DigitSamples;
+}
+
+void LetGo(DigitDocument& document) {
+    if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
+    document.SelectDrag = document.CaliperDrag = document.ListDrag = false;
+    document.ListPressRow = document.ListDropNode = -1;
 }
 
 void BeginEdit(DigitDocument& document) {
@@ -138,7 +134,7 @@ void EndFind(DigitDocument& document) {
 }
 
 void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start, std::int32_t end) {
-    DigitNode& node = NodeAt(document, target);
+    DigitNode& node = NodeAt(document, target.Node);
     if (IsHidden(node, target)) return;
     const std::int32_t last = std::max(document.Dots - 1, 0);
     start = std::clamp(start, 0, last);
@@ -157,7 +153,7 @@ void SelectSpan(DigitDocument& document, DigitTarget target, std::int32_t start,
 
 void SelectListRow(DigitDocument& document, DigitTarget target) {
     SelectSpan(document, target, 0, document.Dots - 1);
-    DigitNode& node = NodeAt(document, target);
+    DigitNode& node = NodeAt(document, target.Node);
     if (target.Member < 0)
         node.ListSelected = true;
     else
@@ -165,7 +161,7 @@ void SelectListRow(DigitDocument& document, DigitTarget target) {
 }
 
 void DeselectTarget(DigitDocument& document, DigitTarget target) {
-    DigitNode& node = NodeAt(document, target);
+    DigitNode& node = NodeAt(document, target.Node);
     if (target.Member < 0) {
         node.WaveSelected = node.ListSelected = false;
         return;
@@ -191,7 +187,7 @@ void MarkListSelection(DigitDocument& document) {
 }
 
 bool IsSelected(const DigitDocument& document, DigitTarget target) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     if (target.Member < 0) return bool(node.WaveSelected);
     return bool(node.MemberWaveSelected[static_cast<std::size_t>(target.Member)]);
 }
@@ -204,7 +200,7 @@ void ShowDigitSelection(std::int16_t index) {
 void ToggleExpanded(std::int16_t index, std::int16_t node) {
     DigitDocument& document = DigitAt(index);
     ClearSelection(document);
-    SetExpanded(document, node, !document.Nodes[static_cast<std::size_t>(node)].Expanded);
+    SetExpanded(document, node, !NodeAt(document, node).Expanded);
     ShowDigitSelection(index);
 }
 

@@ -11,6 +11,8 @@ void MarkChanged(DigitDocument& document);
 /// Copies nodes and samples into the snapshot, replacing the last one. Sets Changed.
 void TakeSnapshot(DigitDocument& document);
 
+/// Lets go of what the mouse drags, without a repaint: nothing is selected or moved by it.
+void LetGo(DigitDocument& document);
 /// Begins an edit: gestures let go, snapshot, undo available, resume not.
 void BeginEdit(DigitDocument& document);
 /// Ends an edit of a slot: rows numbered, values at the caliper, title, commands, repaint.

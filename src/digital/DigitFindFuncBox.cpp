@@ -4,13 +4,13 @@
 #include "digital/DigitDocumentFuncBox.h"
 #include "digital/DigitEditFuncBox.h"
 #include "digital/DigitFuncCode.h"
+#include "digital/DigitValueFuncBox.h"
 #include "digital/DigitView.h"
 #include "digital/DrawDigitWave.h"
 #include "digital/GlobalDigitDefineCode.h"
 #include "digital/RadixText.h"
 #include "frame/LoadLanguageCode.h"
 #include "frame/MessageBoxes.h"
-#include "kernel/wavecalc.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,9 +19,8 @@ namespace {
 
 std::int16_t RadixOf(const DigitDocument& document, DigitTarget target) {
     // Members are shown as bits.
-    return target.Node < 0 || target.Member >= 0
-               ? std::int16_t{0}
-               : document.Nodes[static_cast<std::size_t>(target.Node)].Radix;
+    return target.Node < 0 || target.Member >= 0 ? std::int16_t{0}
+                                                 : NodeAt(document, target.Node).Radix;
 }
 
 DigitTarget ChosenTarget(const DigitDocument& document) {
@@ -38,21 +37,9 @@ void HoldValue(DigitDocument& document) {
         document.FindBoxes.Value = RadixNumber(largest, radix);
 }
 
-void WriteValue(DigitDocument& document, DigitTarget target, std::int32_t dot, std::int32_t value) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
-    const auto first = static_cast<std::size_t>(std::max<std::int16_t>(target.Member, 0));
-    const auto width = static_cast<std::size_t>(WidthOf(document, target));
-    ExtendSamples(document, target.Node, dot);
-    for (std::size_t k = 0; k < width; ++k) {
-        const std::uint8_t channel = node.Channels[first + k];
-        Dealvalue(&document.DigitSamples[static_cast<std::size_t>(dot)], 1, channel,
-                  LargestOf(MaxChannels) & ~(1 << channel), value >> (width - 1 - k) & 1);
-    }
-}
-
 // The mark of an open bus covers its members.
 void Mark(DigitDocument& document, DigitTarget target, std::int32_t dot) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     const bool open = target.Member < 0 && node.Expanded;
     document.EditDot = dot;
     document.EditName = document.FindBoxes.Name;
@@ -64,24 +51,27 @@ void EditPoint(DigitDocument& document, DigitTarget target) {
         std::clamp(WholeNumber(document.FindBoxes.Dot), 0, std::max(document.Dots - 1, 0));
     const std::int32_t value = RadixValue(document.FindBoxes.Value, RadixOf(document, target));
     BeginEdit(document);
-    WriteValue(document, target, dot, value & LargestOf(WidthOf(document, target)));
+    ExtendSamples(document, target.Node, dot);
+    WritePattern(document, target, dot, dot,
+                 {.Operation = DigitOperation::Arbitrary, .Value = value});
     Mark(document, target, dot);
-    ShowDotsFrom(ActiveDigitIndex, dot);
+    TurnToDot(document, dot);
     EndDigitEdit(ActiveDigitIndex);
 }
 
 void FindPoint(DigitDocument& document, DigitTarget target) {
     const std::int32_t dot = WholeNumber(document.FindBoxes.Dot);
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     document.FindBoxes.Value.clear();
     if (dot < node.DataLength)
         document.FindBoxes.Value = RadixValueText(
             ValueAt(document, target, dot), RadixOf(document, target), WidthOf(document, target));
     Mark(document, target, dot);
     const bool seen = dot >= document.FirstDot && dot < document.FirstDot + document.VisibleDots;
-    if (!seen && dot < document.Dots) ShowDotsFrom(ActiveDigitIndex, dot);
+    const bool turned = !seen && dot < document.Dots && TurnToDot(document, dot);
+    if (turned) TheHost().RefreshCommands();
     TheHost().ShowEntries(TagOfDigit(ActiveDigitIndex));
-    Paint(ActiveDigitIndex, false, true);
+    Paint(ActiveDigitIndex, turned, true);
 }
 
 // Turns one use on, with a name in its box, or off.

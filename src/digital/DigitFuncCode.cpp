@@ -8,10 +8,6 @@
 
 namespace {
 
-const DigitNode& NodeOf(const DigitDocument& document, DigitTarget target) {
-    return document.Nodes[static_cast<std::size_t>(target.Node)];
-}
-
 std::size_t MembersOf(const DigitNode& node) {
     return static_cast<std::size_t>(node.Width);
 }
@@ -25,15 +21,10 @@ void ResizeSamples(DigitDocument& document, std::int32_t count) {
     document.DigitSamples.resize(static_cast<std::size_t>(count));
 }
 
-bool HasSelectedMember(const DigitNode& node) {
-    return std::any_of(node.MemberWaveSelected.begin(), node.MemberWaveSelected.end(),
-                       [](Flag selected) { return bool(selected); });
-}
-
 // The end of what is selected in a node, its members on their own included.
 std::int32_t SelectedLength(const DigitNode& node) {
     std::int32_t length = node.WaveSelected ? node.SelectEnd + 1 : 0;
-    if (node.WaveSelected || !node.Expanded || !HasSelectedMember(node)) return length;
+    if (node.WaveSelected || !node.Expanded) return length;
     for (std::size_t k = 0; k < MembersOf(node); ++k)
         if (node.MemberWaveSelected[k]) length = std::max(length, node.MemberSelectEnd[k] + 1);
     return length;
@@ -67,20 +58,20 @@ std::int16_t RowOfTarget(const DigitDocument& document, DigitTarget target) {
 }
 
 void SetExpanded(DigitDocument& document, std::int16_t index, Flag expanded) {
-    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    DigitNode& node = NodeAt(document, index);
     if (!node.IsBus) return;
     node.Expanded = expanded;
     RenumberRows(document);
 }
 
 std::string TargetName(const DigitDocument& document, DigitTarget target) {
-    const DigitNode& node = NodeOf(document, target);
+    const DigitNode& node = NodeAt(document, target.Node);
     if (target.Member < 0) return node.Name;
     return node.Name + "  " + std::to_string(node.StartNumber + target.Member);
 }
 
 std::string OwnName(const DigitDocument& document, DigitTarget target) {
-    const DigitNode& node = NodeOf(document, target);
+    const DigitNode& node = NodeAt(document, target.Node);
     if (target.Member < 0) return node.Name;
     const std::string number = std::to_string(node.StartNumber + target.Member);
     return node.Name.substr(0, LongestNodeName - number.size()) + number;
@@ -111,7 +102,13 @@ DigitTarget TargetOfName(const DigitDocument& document, std::string_view name) {
 }
 
 std::int16_t WidthOf(const DigitDocument& document, DigitTarget target) {
-    return target.Member < 0 ? NodeOf(document, target).Width : std::int16_t{1};
+    return target.Member < 0 ? NodeAt(document, target.Node).Width : std::int16_t{1};
+}
+
+std::span<const std::uint8_t> ChannelsOf(const DigitDocument& document, DigitTarget target) {
+    const std::span<const std::uint8_t> channels = NodeAt(document, target.Node).Channels;
+    return channels.subspan(static_cast<std::size_t>(std::max<std::int16_t>(target.Member, 0)),
+                            static_cast<std::size_t>(WidthOf(document, target)));
 }
 
 std::int32_t WordAt(const DigitDocument& document, std::int32_t dot) {
@@ -120,14 +117,12 @@ std::int32_t WordAt(const DigitDocument& document, std::int32_t dot) {
 }
 
 std::int32_t ValueAt(const DigitDocument& document, DigitTarget target, std::int32_t dot) {
-    const DigitNode& node = NodeOf(document, target);
+    const DigitNode& node = NodeAt(document, target.Node);
     if (dot >= node.DataLength) return 0;
     const std::int32_t word = WordAt(document, dot);
-    if (target.Member >= 0)
-        return BitOf(word, node.Channels[static_cast<std::size_t>(target.Member)]);
-    std::int32_t value = 0, weight = 1;
-    for (std::size_t k = MembersOf(node); k-- > 0; weight *= 2)
-        value += weight * BitOf(word, node.Channels[k]);
+    std::int32_t value = 0;
+    for (const std::uint8_t channel : ChannelsOf(document, target))
+        value = value * 2 + BitOf(word, channel);
     return value;
 }
 
@@ -143,7 +138,7 @@ void RefreshValues(DigitDocument& document) {
 }
 
 void ExtendSamples(DigitDocument& document, std::int16_t index, std::int32_t dot) {
-    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    DigitNode& node = NodeAt(document, index);
     node.DataLength = std::max(node.DataLength, dot + 1);
     if (document.SampleCount < dot + 1) ResizeSamples(document, dot + 1);
 }
@@ -185,7 +180,7 @@ void AppendNode(DigitDocument& document, const NewNode& added) {
 }
 
 void ResizeNode(DigitDocument& document, std::int16_t index, std::int16_t width) {
-    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    DigitNode& node = NodeAt(document, index);
     const std::int32_t free = FreeChannels(document);
     std::int32_t changed = 0;
     for (std::uint8_t channel = 0; channel < MaxChannels && node.Width < width; ++channel) {

@@ -4,8 +4,17 @@
 #include "frame/records/DigitDocument.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
+
+/// A node by its index in the list.
+inline DigitNode& NodeAt(DigitDocument& document, std::int32_t index) {
+    return document.Nodes[static_cast<std::size_t>(index)];
+}
+inline const DigitNode& NodeAt(const DigitDocument& document, std::int32_t index) {
+    return document.Nodes[static_cast<std::size_t>(index)];
+}
 
 // --- rows --------------------------------------------------------------------------------------
 
@@ -34,6 +43,8 @@ std::vector<std::string> TargetNames(const DigitDocument& document);
 DigitTarget TargetOfName(const DigitDocument& document, std::string_view name);
 /// Member channels of a target: the width of a node, 1 of a member.
 std::int16_t WidthOf(const DigitDocument& document, DigitTarget target);
+/// The channels of a target, the most significant one first.
+std::span<const std::uint8_t> ChannelsOf(const DigitDocument& document, DigitTarget target);
 
 /// The word of a dot; 0 outside of the samples.
 std::int32_t WordAt(const DigitDocument& document, std::int32_t dot);

@@ -20,8 +20,9 @@ constexpr double HeadSize = 11.0, TextSize = 12.0;  // of texts
 constexpr double BarWidth = 3.0;
 constexpr double GroupLeft = 5.0, GroupWidth = 3.0, GroupGap = 6.0;
 constexpr double NameLeft = 32.0, MemberLeft = 44.0;
-constexpr double ValueRight = 10.0;  // from the right edge
-constexpr double Gap = 8.0;          // between texts
+constexpr double ValueRight = 10.0;                                // from the right edge
+constexpr double Gap = 8.0;                                        // between texts
+constexpr double ExpansionMarkX = 10.0, ExpansionMarkSize = 16.0;  // left edge, size of its place
 constexpr double MarkReach = 3.0;    // half the height of the expansion mark
 constexpr double ValueShare = 0.45;  // of the width that a value may always have
 constexpr double SelectedShare = 0.22, MemberShare = 0.78;
@@ -52,7 +53,7 @@ void DrawHead(const ListPaint& paint) {
 
 bool IsListSelected(const DigitDocument& document, DigitTarget target) {
     if (document.PrintMode) return false;
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     return bool(target.Member < 0
                     ? node.ListSelected
                     : node.MemberListSelected[static_cast<std::size_t>(target.Member)]);
@@ -68,7 +69,7 @@ void DrawRowGround(const ListPaint& paint, const RowBox& box, DigitTarget target
     }
     paint.Separate(box.Bottom, paint.Colours.RowLine);
     // The mark of a bus runs on through its members.
-    const DigitNode& node = paint.Document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(paint.Document, target.Node);
     Colour group = GroupColour(paint.Document, target.Node);
     if (target.Member >= 0) group = MixColours(paint.Colours.Back, group, MemberShare);
     const bool first = target.Member < 0;
@@ -113,7 +114,7 @@ std::string ValueOfRow(const DigitNode& node, DigitTarget target) {
 
 // A value takes what the name leaves, or its own share of the width.
 void DrawRowTexts(const ListPaint& paint, const RowBox& box, DigitTarget target) {
-    const DigitNode& node = paint.Document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(paint.Document, target.Node);
     const bool member = target.Member >= 0;
     const std::int32_t middle = (box.Top + box.Bottom) / 2;
     const std::int32_t left = paint.Px(member ? MemberLeft : NameLeft);
@@ -152,7 +153,7 @@ void DrawDigitList(DigitDocument& document) {
         const DigitTarget target = TargetAtRow(document, row);
         const RowBox box = BoxOfRow(document, origin, paint.Scale, row);
         DrawRowGround(paint, box, target);
-        const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+        const DigitNode& node = NodeAt(document, target.Node);
         if (node.IsBus && target.Member < 0) DrawExpansionMark(paint, box, bool(node.Expanded));
         DrawRowTexts(paint, box, target);
     }
@@ -162,7 +163,7 @@ bool OnExpansionMark(const DigitDocument& document, double x, double y) {
     const std::int32_t row = RowAtPixel(document, y);
     const DigitTarget target = TargetAtRow(document, row);
     if (target.Node < 0 || target.Member >= 0) return false;
-    if (!document.Nodes[static_cast<std::size_t>(target.Node)].IsBus) return false;
+    if (!NodeAt(document, target.Node).IsBus) return false;
     const double below = y - (row - document.FirstRow) * RowHeight;
     return x >= ExpansionMarkX && x < ExpansionMarkX + ExpansionMarkSize &&
            std::abs(below - RowHeight / 2) <= ExpansionMarkSize / 2;

@@ -7,9 +7,6 @@
 #include <string>
 #include <string_view>
 
-inline constexpr double ExpansionMarkX = 10.0;  // left edge of a bus's mark, logical pixels
-inline constexpr double ExpansionMarkSize = 16.0;
-
 /// Draws heads and rows on ListSurface.
 void DrawDigitList(DigitDocument& document);
 

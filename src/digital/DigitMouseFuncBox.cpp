@@ -114,11 +114,6 @@ std::int16_t DropNodeAt(const DigitDocument& document, float y) {
     return target.Member < 0 && MovesNodes(document, before) ? before : std::int16_t{-1};
 }
 
-void EndListDrag(DigitDocument& document) {
-    document.ListDrag = false;
-    document.ListPressRow = document.ListDropNode = -1;
-}
-
 }  // namespace
 
 void DigitWavePic_MouseDown(std::int16_t index, MouseButton button, float x, float y) {
@@ -200,7 +195,7 @@ void DispParaListView_MouseDown(std::int16_t index, MouseButton button, float x,
                                 ListAdd add) {
     DigitDocument& document = DigitAt(index);
     if (document.ListDrag) return;
-    EndListDrag(document);
+    LetGo(document);
     const std::int16_t row = ListRowAt(document, y);
     if (row < 0) {
         document.ClickRow = -1;
@@ -234,7 +229,7 @@ void DispParaListView_MouseUp(std::int16_t index) {
     DigitDocument& document = DigitAt(index);
     const std::int16_t row = document.ListPressRow, before = document.ListDropNode;
     const bool dragged(document.ListDrag);
-    EndListDrag(document);
+    LetGo(document);
     if (dragged && before >= 0)
         MoveSelectedNodes(index, before);
     else if (dragged)
@@ -250,7 +245,7 @@ void DispParaListView_DblClick(std::int16_t index, float x, float y) {
     if (row < 0 || OnExpansionMark(document, x, y)) return;
     document.ClickRow = row;
     const DigitTarget target = TargetAtRow(document, row);
-    if (target.Member < 0 && document.Nodes[static_cast<std::size_t>(target.Node)].IsBus)
+    if (target.Member < 0 && NodeAt(document, target.Node).IsBus)
         ToggleExpanded(index, target.Node);
     else
         OpenEvaluate(target);
@@ -269,7 +264,7 @@ void StepSelectedNodes(std::int16_t index, std::int32_t step) {
     DigitDocument& document = DigitAt(index);
     std::int32_t first = -1, last = -1;
     for (std::int32_t node = 0; node < document.NodeCount; ++node) {
-        if (!document.Nodes[static_cast<std::size_t>(node)].WaveSelected) continue;
+        if (!NodeAt(document, node).WaveSelected) continue;
         if (first < 0) first = node;
         last = node;
     }
@@ -288,7 +283,7 @@ void ExpandClickedRow(std::int16_t index, bool expanded) {
     DigitDocument& document = DigitAt(index);
     const DigitTarget target = TargetAtRow(document, document.ClickRow);
     if (target.Node < 0) return;
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     if (!node.IsBus || bool(node.Expanded) == expanded) return;
     ToggleExpanded(index, target.Node);
     SelectRow(index, node.Row, ListAdd::Replace);
@@ -301,15 +296,10 @@ void EvaluateClickedRow(std::int16_t index) {
 
 void EscapeDigit(std::int16_t index) {
     DigitDocument& document = DigitAt(index);
-    if (document.ListDrag) {
-        EndListDrag(document);
-        return TheHost().ShowPlot(TagOfDigit(index));
-    }
-    if (document.SelectDrag || document.CaliperDrag) {
-        if (document.CaliperDrag) document.CaliperPixel = DotToPixel(document, document.Caliper);
-        document.SelectDrag = document.CaliperDrag = false;
+    const bool drags = document.ListDrag || document.SelectDrag || document.CaliperDrag;
+    LetGo(document);
+    if (drags)
         Paint(index, false, false);
-        return;
-    }
-    DropSelection(index);
+    else
+        DropSelection(index);
 }

@@ -11,10 +11,6 @@ namespace {
 
 using Order = std::vector<std::size_t>;  // indices into Nodes
 
-DigitNode& NodeOf(DigitDocument& document, DigitTarget target) {
-    return document.Nodes[static_cast<std::size_t>(target.Node)];
-}
-
 void TakeOutMember(DigitNode& node, std::int16_t member) {
     const auto first = node.Channels.begin();
     std::copy(first + member + 1, first + node.Width, first + member);
@@ -29,12 +25,12 @@ std::ptrdiff_t PlaceOfFirst(const DigitDocument& document, const std::vector<Sel
     if (first.Member < 0) return first.Node;
     const auto gone = std::ranges::count(taken, first.Node,
                                          [](const SelectedSpan& span) { return span.Target.Node; });
-    const bool stays = gone < document.Nodes[static_cast<std::size_t>(first.Node)].Width;
+    const bool stays = gone < NodeAt(document, first.Node).Width;
     return first.Node + (stays ? 1 : 0);
 }
 
 std::vector<DigitNode> SplitNode(const DigitDocument& document, std::int16_t index) {
-    const DigitNode& bus = document.Nodes[static_cast<std::size_t>(index)];
+    const DigitNode& bus = NodeAt(document, index);
     std::vector<DigitNode> nodes(static_cast<std::size_t>(bus.Width));
     for (std::int16_t k = 0; k < bus.Width; ++k) {
         DigitNode& node = nodes[static_cast<std::size_t>(k)];
@@ -77,25 +73,19 @@ void Sort(bool descending) {
 }
 
 Order OrderAfterMove(const DigitDocument& document, std::int16_t before) {
-    const Order all = OrderAsItIs(document);
-    const auto stands = [&](bool selected, bool behind) {
-        return [&document, before, selected, behind](std::size_t index) {
-            if (bool(document.Nodes[index].WaveSelected) != selected) return false;
-            return selected || (std::cmp_greater_equal(index, before) == behind);
-        };
+    const auto part = [&](std::size_t index) {
+        if (document.Nodes[index].WaveSelected) return 1;
+        return std::cmp_less(index, before) ? 0 : 2;
     };
-    Order order;
-    const auto put = std::back_inserter(order);
-    std::ranges::copy_if(all, put, stands(false, false));
-    std::ranges::copy_if(all, put, stands(true, false));
-    std::ranges::copy_if(all, put, stands(false, true));
+    Order order = OrderAsItIs(document);
+    std::ranges::stable_sort(order, {}, part);
     return order;
 }
 
 }  // namespace
 
 void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& changed) {
-    DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    DigitNode& node = NodeAt(document, index);
     node.Name = changed.Name;
     node.Radix = changed.Radix;
     node.StartNumber = changed.StartNumber;
@@ -107,7 +97,7 @@ void ChangeNode(DigitDocument& document, std::int16_t index, const NewNode& chan
 void TakeOut(DigitDocument& document, const std::vector<SelectedSpan>& taken) {
     for (std::size_t i = taken.size(); i-- > 0;) {
         const DigitTarget target = taken[i].Target;
-        DigitNode& node = NodeOf(document, target);
+        DigitNode& node = NodeAt(document, target.Node);
         if (target.Member >= 0) TakeOutMember(node, target.Member);
         if (target.Member < 0 || node.Width == 0)
             document.Nodes.erase(document.Nodes.begin() + target.Node);
@@ -118,11 +108,8 @@ void TakeOut(DigitDocument& document, const std::vector<SelectedSpan>& taken) {
 std::vector<std::uint8_t> ChannelsOf(const DigitDocument& document,
                                      const std::vector<SelectedSpan>& targets) {
     std::vector<std::uint8_t> channels;
-    for (const auto& [target, start, end] : targets) {
-        const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
-        const auto first = node.Channels.begin() + std::max<std::int16_t>(target.Member, 0);
-        channels.insert(channels.end(), first, first + WidthOf(document, target));
-    }
+    for (const SelectedSpan& span : targets)
+        std::ranges::copy(ChannelsOf(document, span.Target), std::back_inserter(channels));
     return channels;
 }
 
@@ -139,7 +126,7 @@ void AssembleSelection(const NewNode& bus) {
     node.Width = Narrow<std::int16_t>(channels.size());
     FitToWidth(node);
     for (const SelectedSpan& span : taken)
-        node.DataLength = std::max(node.DataLength, NodeOf(document, span.Target).DataLength);
+        node.DataLength = std::max(node.DataLength, NodeAt(document, span.Target.Node).DataLength);
     BeginEdit(document);
     const std::ptrdiff_t place = PlaceOfFirst(document, taken);
     TakeOut(document, taken);
@@ -185,7 +172,7 @@ void SortNodesDescending() {
 bool MovesNodes(const DigitDocument& document, std::int16_t before) {
     std::int16_t first = -1, last = -1, count = 0;
     for (std::int16_t index = 0; index < document.NodeCount; ++index) {
-        if (!document.Nodes[static_cast<std::size_t>(index)].WaveSelected) continue;
+        if (!NodeAt(document, index).WaveSelected) continue;
         if (count++ == 0) first = index;
         last = index;
     }

@@ -88,7 +88,7 @@ ColumnSpan ColumnsOfSpan(const DigitDocument& document, const DigitPage& page, s
 ColumnSpan SelectedColumns(const DigitDocument& document, const DigitPage& page, std::int32_t row) {
     const DigitTarget target = TargetAtRow(document, row);
     if (target.Node < 0 || document.PrintMode) return {0, -1};
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     if (node.WaveSelected || node.ListSelected)
         return ColumnsOfSpan(document, page, node.SelectStart, node.SelectEnd);
     if (target.Member < 0) return {0, -1};

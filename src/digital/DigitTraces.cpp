@@ -34,8 +34,7 @@ struct Cell {
 // The channels behind a row.
 struct Source {
     DigitTarget Target;
-    const std::uint8_t* Channels;  // the most significant first
-    std::int16_t Width;
+    std::span<const std::uint8_t> Channels;
     std::int32_t Mask;    // a bit for each of them
     std::int32_t Length;  // dots from here on read 0
     std::int32_t Narrow;  // columns below which its lines fill a cell
@@ -46,15 +45,11 @@ std::vector<std::int32_t> firstDots, changed;  // of the columns, zoomed out
 std::vector<Cell> cells;
 
 Source SourceOf(const DigitDocument& document, const DigitPage& page, DigitTarget target) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
-    Source source{target, node.Channels.data(), node.Width, 0, 0, 0};
-    if (target.Member >= 0) {
-        source.Channels += target.Member;
-        source.Width = 1;
-    }
-    for (std::int16_t k = 0; k < source.Width; ++k) source.Mask |= 1 << source.Channels[k];
+    const DigitNode& node = NodeAt(document, target.Node);
+    Source source{target, ChannelsOf(document, target), 0, 0, 0};
+    for (const std::uint8_t channel : source.Channels) source.Mask |= 1 << channel;
     source.Length = std::min(node.DataLength, document.SampleCount);
-    source.Narrow = (source.Width > 1 ? 3 : 2) * PenOf(page.Scale);
+    source.Narrow = (source.Channels.size() > 1 ? 3 : 2) * PenOf(page.Scale);
     return source;
 }
 
@@ -66,7 +61,8 @@ std::int32_t NextChange(const DigitDocument& document, const DigitPage& page, co
     const std::int32_t bound = std::min(source.Length, page.End);
     if (from >= bound) return page.End;
     const std::int32_t next =
-        GetBusDifPos(document.DigitSamples.data(), from, bound, source.Channels, source.Width);
+        GetBusDifPos(document.DigitSamples.data(), from, bound, source.Channels.data(),
+                     Narrow<std::int16_t>(source.Channels.size()));
     if (next < bound) return next;
     return value != 0 ? bound : page.End;
 }
@@ -171,6 +167,18 @@ struct Shades {
 Shades ShadesOf(Colour ground, Colour line) {
     return {line, MixColours(ground, line, LowShare), MixColours(ground, line, TintShare),
             MixColours(ground, line, BusyShare)};
+}
+
+// The rows of pixels between which a trace swings: the line of the high level begins at High, that
+// of the low level at Low, Pen pixels thick.
+struct TraceLevels {
+    std::int32_t High, Low, Pen;
+    std::int32_t End() const { return Low + Pen - 1; }
+};
+
+TraceLevels LevelsOf(RowBox box, double scale) {
+    const std::int32_t gap = Scaled(LevelGap, scale), pen = PenOf(scale);
+    return {box.Top + gap, box.Bottom - gap - pen, pen};
 }
 
 struct RowPaint {
@@ -304,7 +312,7 @@ ValueStyle StyleOf(const DigitDocument& document, const DigitPage& page, const D
 void DrawRow(DigitDocument& document, const DigitPage& page, std::int32_t row) {
     const DigitTarget target = TargetAtRow(document, row);
     if (target.Node < 0) return;
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
+    const DigitNode& node = NodeAt(document, target.Node);
     const Source source = SourceOf(document, page, target);
     cells.clear();
     if (page.ByColumn)
@@ -326,11 +334,6 @@ void DrawRow(DigitDocument& document, const DigitPage& page, std::int32_t row) {
 }
 
 }  // namespace
-
-TraceLevels LevelsOf(RowBox box, double scale) {
-    const std::int32_t gap = Scaled(LevelGap, scale), pen = PenOf(scale);
-    return {box.Top + gap, box.Bottom - gap - pen, pen};
-}
 
 void DrawTraces(DigitDocument& document, const DigitPage& page) {
     if (page.EndColumn <= 0) return;

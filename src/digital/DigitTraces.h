@@ -5,11 +5,3 @@
 
 /// Draws every row that shows onto StaticSurface. No dot outside of the page is read.
 void DrawTraces(DigitDocument& document, const DigitPage& page);
-
-// The rows of pixels between which a trace swings: the line of the high level begins at High, that
-// of the low level at Low, Pen pixels thick.
-struct TraceLevels {
-    std::int32_t High, Low, Pen;
-    std::int32_t End() const { return Low + Pen - 1; }
-};
-TraceLevels LevelsOf(RowBox box, double scale);

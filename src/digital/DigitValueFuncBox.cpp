@@ -8,26 +8,11 @@
 #include "kernel/wavecalc.h"
 #include "platform/Host.h"
 
-#include <array>
+#include <span>
 
 namespace {
 
 constexpr std::int16_t FirstValueTool = 9;  // number of Value 0 in the tool bar
-
-// The channels of a target, most significant first.
-struct ChannelList {
-    OfMembers<std::uint8_t> Channels{};
-    std::int16_t Count = 0;
-};
-
-ChannelList ChannelsOf(const DigitDocument& document, DigitTarget target) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(target.Node)];
-    if (target.Member < 0) return {node.Channels, node.Width};
-    ChannelList one;
-    one.Channels[0] = node.Channels[static_cast<std::size_t>(target.Member)];
-    one.Count = 1;
-    return one;
-}
 
 void WriteChannel(std::int32_t* words, std::int32_t count, std::uint8_t channel,
                   DigitOperation operation, std::int32_t bit) {
@@ -58,18 +43,19 @@ void EndSelectionEdit(DigitDocument& document) {
 
 void WritePattern(DigitDocument& document, DigitTarget target, std::int32_t first,
                   std::int32_t last, const DigitPattern& pattern) {
-    const ChannelList list = ChannelsOf(document, target);
+    const std::span<const std::uint8_t> channels = ChannelsOf(document, target);
+    const std::int16_t width = WidthOf(document, target);
     std::int32_t* words = document.DigitSamples.data() + first;
     const std::int32_t count = last - first + 1;
     if (pattern.Operation == DigitOperation::Counting) {
-        Counting(words, count, pattern.Start, LargestOf(list.Count), pattern.Increment,
-                 pattern.Interval, list.Channels.data(), list.Count);
+        Counting(words, count, pattern.Start, LargestOf(width), pattern.Increment, pattern.Interval,
+                 channels.data(), width);
         return;
     }
     const std::int32_t value = ValueOf(pattern);
-    for (std::int16_t k = 0; k < list.Count; ++k)
-        WriteChannel(words, count, list.Channels[static_cast<std::size_t>(k)], pattern.Operation,
-                     value >> (list.Count - 1 - k) & 1);
+    std::int16_t bit = width;
+    for (const std::uint8_t channel : channels)
+        WriteChannel(words, count, channel, pattern.Operation, value >> --bit & 1);
 }
 
 void WriteSelection(const DigitPattern& pattern) {

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr std::int32_t MostPages = std::numeric_limits<std::int16_t>::max();
+constexpr double SmallestZoom = 0.125;
 constexpr double MostVisible = 1e9;  // a picture zoomed far out, then widened
 
 std::int32_t Whole(double value) {
@@ -48,9 +49,7 @@ void SetFirstDot(DigitDocument& document, std::int32_t dot) {
     document.LastDot = document.FirstDot + document.VisibleDots;
 }
 
-// After paging or scrolling the caliper stays at its pixel, over another dot.
 void ShowPage(std::int16_t index) {
-    CaliperFromPixel(DigitAt(index));
     TheHost().RefreshCommands();
     Paint(index, true, true);
 }
@@ -108,11 +107,16 @@ std::int32_t RowAtPixel(const DigitDocument& document, double y) {
     return y < 0 ? -1 : Whole(y / RowHeight) + document.FirstRow;
 }
 
-void ShowDotsFrom(std::int16_t index, std::int32_t firstDot) {
-    DigitDocument& document = DigitAt(index);
+bool TurnToDot(DigitDocument& document, std::int32_t firstDot) {
     const std::int32_t before = document.FirstDot;
     SetFirstDot(document, firstDot);
-    if (document.FirstDot != before) ShowPage(index);
+    if (document.FirstDot == before) return false;
+    CaliperFromPixel(document);
+    return true;
+}
+
+void ShowDotsFrom(std::int16_t index, std::int32_t firstDot) {
+    if (TurnToDot(DigitAt(index), firstDot)) ShowPage(index);
 }
 
 void ShowRowsFrom(std::int16_t index, std::int32_t firstRow) {
@@ -126,16 +130,14 @@ bool BringRowIntoView(DigitDocument& document, std::int32_t row) {
 }
 
 void FrontPage(std::int16_t index) {
-    DigitDocument& document = DigitAt(index);
-    if (!CanPageBack(document)) return;
-    SetFirstDot(document, document.FirstDot - document.VisibleDots);
-    ShowPage(index);
+    const DigitDocument& document = DigitAt(index);
+    ShowDotsFrom(index, document.FirstDot - document.VisibleDots);
 }
 
 void NextPage(std::int16_t index) {
     DigitDocument& document = DigitAt(index);
     if (!CanPageOn(document)) return;
-    SetFirstDot(document, document.FirstDot + document.VisibleDots);
+    TurnToDot(document, document.FirstDot + document.VisibleDots);
     document.LastDot = std::min(document.LastDot, document.Dots - 1);
     ShowPage(index);
 }

@@ -11,7 +11,6 @@ inline constexpr double RowHeight = 30.0;  // of a row, in list and picture
 inline constexpr std::int32_t RulerHeight = 32;
 inline constexpr double CaliperReach = 13.0, CaliperRise = 6.0;  // half sizes of the handle
 inline constexpr double CaliperHandleY = 22.0;  // its middle in the ruler, from the top
-inline constexpr double SmallestZoom = 0.125;
 
 /// Page figures from the picture's size, the zoom and Dots; LastDot, LastRow and FirstRow follow.
 void SetPageFigures(DigitDocument& document);
@@ -24,6 +23,10 @@ std::int32_t DotUnder(const DigitDocument& document, double x);
 double DotToPixel(const DigitDocument& document, double dot);
 /// The row at a height of the picture; it may not exist. -1 above the first one.
 std::int32_t RowAtPixel(const DigitDocument& document, double y);
+
+/// Turns the picture so that it begins at a dot, held to 0..Dots-1, without a repaint; the caliper
+/// stays at its pixel. False where it begins there already.
+bool TurnToDot(DigitDocument& document, std::int32_t firstDot);
 
 // On the document of a slot, with a repaint.
 void ShowDotsFrom(std::int16_t index, std::int32_t firstDot);  // held to 0..Dots-1

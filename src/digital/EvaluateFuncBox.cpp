@@ -18,6 +18,12 @@ DigitTarget RememberedTarget() {
     return {EvaluateNode, EvaluateIsMember ? EvaluateMember : std::int16_t{-1}};
 }
 
+std::span<const ValueBox> BoxesUsedBy(DigitOperation operation) {
+    if (operation == DigitOperation::Counting) return CountingBoxes;
+    const std::span<const ValueBox> arbitrary = ArbitraryBoxes;
+    return operation == DigitOperation::Arbitrary ? arbitrary : arbitrary.first(2);
+}
+
 }  // namespace
 
 EvaluateDialog OpenEvaluate() {
@@ -52,12 +58,6 @@ void ChooseEvaluateTarget(EvaluateDialog& dialog, std::int32_t chosen) {
 DigitOperation EvaluateOperation() {
     constexpr auto Last = static_cast<std::int32_t>(DigitOperation::Counting);
     return static_cast<DigitOperation>(HoldBetween(EvaluateMode, 0, Last));
-}
-
-std::span<const ValueBox> BoxesUsedBy(DigitOperation operation) {
-    if (operation == DigitOperation::Counting) return CountingBoxes;
-    const std::span<const ValueBox> arbitrary = ArbitraryBoxes;
-    return operation == DigitOperation::Arbitrary ? arbitrary : arbitrary.first(2);
 }
 
 bool UsesBox(DigitOperation operation, ValueBox box) {

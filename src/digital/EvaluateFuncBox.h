@@ -20,8 +20,7 @@ EvaluateDialog OpenEvaluate();
 void ChooseEvaluateTarget(EvaluateDialog& dialog, std::int32_t chosen);
 
 DigitOperation EvaluateOperation();
-/// Boxes that an operation uses, dots first; the others are closed.
-std::span<const ValueBox> BoxesUsedBy(DigitOperation operation);
+/// True for the boxes that an operation uses; the others are closed.
 bool UsesBox(DigitOperation operation, ValueBox box);
 /// What the one box for the value of Arbitrary and the interval of Counting holds.
 ValueBox SharedBox(DigitOperation operation);

@@ -45,8 +45,7 @@ std::string OverflowText(std::int32_t free) {
 InsertNodeDialog OpenAssembly(const DigitDocument& document) {
     const std::vector<SelectedSpan> taken = SelectedSpans(document);
     std::int16_t radix = LastInserted.Radix;
-    if (!taken.empty())
-        radix = document.Nodes[static_cast<std::size_t>(taken.front().Target.Node)].Radix;
+    if (!taken.empty()) radix = NodeAt(document, taken.front().Target.Node).Radix;
     return {.Name = FirstUnusedName(document, "Bus", 0),
             .Radix = radix,
             .BusCount = std::to_string(ChannelsOf(document, taken).size()),
@@ -55,7 +54,7 @@ InsertNodeDialog OpenAssembly(const DigitDocument& document) {
 }
 
 InsertNodeDialog OpenEdit(const DigitDocument& document, std::int16_t index) {
-    const DigitNode& node = document.Nodes[static_cast<std::size_t>(index)];
+    const DigitNode& node = NodeAt(document, index);
     return {.Name = node.Name,
             .Radix = node.Radix,
             .BusCount = std::to_string(node.Width),
@@ -68,7 +67,7 @@ InsertNodeDialog OpenEdit(const DigitDocument& document, std::int16_t index) {
 std::int32_t MostChannels(const DigitDocument& document, const InsertNodeDialog& dialog) {
     const std::int32_t free = FreeCount(document);
     if (dialog.Use != NodeUse::Edit) return free;
-    return free + document.Nodes[static_cast<std::size_t>(dialog.Node)].Width;
+    return free + NodeAt(document, dialog.Node).Width;
 }
 
 void Apply(const InsertNodeDialog& dialog, const NewNode& node) {

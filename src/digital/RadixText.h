@@ -1,6 +1,6 @@
 #pragma once
 // Values of nodes as text in a radix, and what is typed as values. Values are unsigned, at most 16
-// bits wide; converters work on texts of digits without sign or blanks.
+// bits wide; texts have digits without sign or blanks.
 #include "frame/KeyFilter.h"
 
 #include <cstdint>
@@ -11,24 +11,13 @@
 enum class Radix : std::int16_t { Binary, Hexadecimal, Octal, Decimal };
 inline constexpr std::int16_t RadixCount = 4;
 
-// Radix converters. Digits that are none of the radix count as 0.
-std::string ValueToBinary(std::int32_t value);
-std::string HexToBinary(std::string_view text);
-std::string OctalToBinary(std::string_view text);
-/// Groups of four from the right, upper-case letters.
-std::string BinaryToHex(std::string_view binary);
-std::string BinaryToOctal(std::string_view binary);
-/// The sum of the weights, held to the range of 32 bits.
-std::int32_t BinaryToDecimal(std::string_view binary);
-
 /// A value in a radix (0..3, anything else counts as binary) without leading zeros, "0" for 0.
 std::string RadixNumber(std::int32_t value, std::int16_t radix);
-/// The same from the binary text of `width` digits: the number of digits is fixed by the width,
-/// but for decimal.
-std::string RadixDigits(std::int32_t value, std::int16_t radix, std::int16_t width);
-/// RadixDigits with the letter "B", "H", "O" or "U" behind, as the channel list shows values.
+/// The same as the channel list shows it: with as many digits as `width` bits need, but for
+/// decimal, and the letter "B", "H", "O" or "U" behind.
 std::string RadixValueText(std::int32_t value, std::int16_t radix, std::int16_t width);
-/// The value of digits in a radix, 0 for none, held to the range of 32 bits.
+/// The value of digits in a radix, 0 for none, held to the range of 32 bits. Letters that are no
+/// digits of the radix count as 0.
 std::int32_t RadixValue(std::string_view text, std::int16_t radix);
 /// What may be typed in a radix.
 KeyKind KeysOfRadix(std::int16_t radix);

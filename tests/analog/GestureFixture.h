@@ -40,6 +40,7 @@ protected:
             case 'R': return WavePic_MouseUp(0, left, x, y);
             case 'r': return WavePic_MouseDown(0, right, x, y);
             case 'D': return WavePic_DblClick(0, x, y);
+            case 'L': return LayoutAnalogSurfaces(doc, x + WaveMarginWidth, 101 + WaveMarginHeight, 1.0);
             case 's': return StepTrackedDot(0, x);
             case '+': case '-': return ZoomByWheel(0, x, y, event == '+' ? 1 : -1, x < 0);
             case '<': case '>': return PanByWheel(0, event == '<' ? 1 : -1, x > 0);

@@ -116,7 +116,9 @@ TEST_F(MouseTest, SelectionsHaveExactBounds) {
         P60,50 M150,50 R c => 59-99; P-3,50 M5,50 R => 0-4; n1000,2001 P10,50 M30,50 R => 90-290;
         P99,45 R => none; a P104,45 R => none; a P99,56 R => none; P60,50 R D60,50 R => 0-99pe;
         t5 P50,50 R t8 a P54,55 R => 50-50pe; P10,50 M30,50 R D60,50 => 9-29; D150,50 => none;
-        P0,50 M150,50 R a => 0-99e)",
+        P0,50 M150,50 R a => 0-99e; P30,50 M60,50 L100 M90,50 R => none;
+        P60,50 M90,50 R d u P30,50 M90,50 R e c => 29-68e;
+        f P60,50 M120,50 R d u P20,50 M40,50 R e c => 9-19e)",
         [&] {
             return Selection() + Letters("pe", {doc.SegmentPicked, doc.SelectionDragging});
         });

@@ -2,7 +2,7 @@
 
 #include <QGuiApplication>
 
-// Labels and values need the application's fonts.
+// Labels and values in plots need the application's fonts.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
