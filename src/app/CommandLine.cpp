@@ -36,6 +36,9 @@ void PrepareParser(QCommandLineParser& parser) {
     parser.addOption({{"v", "version"}, "Shows the version."});
     parser.addOption(
         {"tour", "Drives the windows through the main job, leaves pictures there.", "folder"});
+    QCommandLineOption untilPainted("until-painted");  // bench/whole measures the start with it
+    untilPainted.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOption(untilPainted);
     AddToolkitOptions(parser);
 }
 
@@ -67,6 +70,7 @@ CommandLine ReadCommandLine(int argc, char** argv) {
         return line;
     }
     line.TourFolder = parser.value("tour");
+    line.UntilPainted = parser.isSet("until-painted");
     for (const QString& argument : parser.positionalArguments()) line.Files << PathOf(argument);
     return line;
 }

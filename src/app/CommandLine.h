@@ -6,6 +6,7 @@
 struct CommandLine {
     std::optional<int> ExitStatus;  // set: all is done, --help say, or an option is wrong
     QString TourFolder;             // empty: no tour
+    bool UntilPainted = false;      // ends with the first picture of the main window
     QStringList Files;              // absolute paths, in the order of the command line
 };
 

@@ -15,7 +15,10 @@
 #include "ui/Mainfrm.h"
 #include "ui/MainHost.h"
 
+#include <chrono>
+#include <cstdio>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -41,6 +44,26 @@ void KeepSessionWhileRunning(Mainfrm* window) {
     timer->start(RecoveryPause);
 }
 
+// The first paint event of the window is followed by those of its parts without a turn of the event
+// loop; what is queued comes behind them all.
+class FirstPaint final : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        watched->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, &FirstPaint::Tell, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    static void Tell() {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        std::printf("%lld\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
+        QCoreApplication::quit();
+    }
+};
+
 }  // namespace
 
 Mainfrm* StartProgram() {
@@ -63,4 +86,8 @@ Mainfrm* StartProgram() {
     BeginSession();
     KeepSessionWhileRunning(window);
     return window;
+}
+
+void EndWhenPainted(Mainfrm* window) {
+    window->installEventFilter(new FirstPaint(window));
 }

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     const std::unique_ptr<Mainfrm> window(StartProgram());
     RestoreSession();
     for (const QString& file : line.Files) OpenWaveFile(file.toStdString());
+    if (line.UntilPainted) EndWhenPainted(window.get());
     const int status = QApplication::exec();
     EndSession();
     return status;

@@ -20,7 +20,11 @@ using State = DocumentWindow::State;
 // a maximised window as well.
 class DocumentFrame : public QMdiSubWindow {
 public:
-    explicit DocumentFrame(QWidget* area) : QMdiSubWindow(area, Qt::FramelessWindowHint) {}
+    // The ground comes from the palette: one of the style sheet does not count as opaque, and all
+    // the windows behind this one would be painted with it.
+    explicit DocumentFrame(QWidget* area) : QMdiSubWindow(area, Qt::FramelessWindowHint) {
+        setBackgroundRole(QPalette::Button);
+    }
 
     QRect LastNormal;  // before it was maximised or minimised; null: never normal
 
@@ -62,6 +66,7 @@ DocumentArea::DocumentArea(QWidget* parent) : QMdiArea(parent) {
 QMdiSubWindow* DocumentArea::AddDocument(DocumentWindow* window) {
     auto* frame = new DocumentFrame(this);
     frame->setWidget(window);
+    window->setBackgroundRole(QPalette::Window);  // parts would have the frame's
     addSubWindow(frame);
     AddEdgeGrips(frame, SmallestWindow);
     connect(window, &DocumentWindow::ClosePressed, frame, &QWidget::close);

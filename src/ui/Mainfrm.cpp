@@ -290,10 +290,11 @@ void Mainfrm::ShowKind() {
         menus_->clear();
         menus_->addActions(menus);
     }
-    // What goes goes first: bars of both kinds in a line would widen it for a moment.
-    for (const bool shown : {false, true})
-        for (std::size_t i = 0; i < bars_.size(); ++i)
-            if (belongs(ToolBars()[i]) == shown) bars_[i]->setVisible(shown);
+    // The layout waits for the last bar: a line less for a moment would have every document behind
+    // it painted at another size and back, and bars of both kinds in a line would widen the window.
+    layout()->setEnabled(false);
+    for (std::size_t i = 0; i < bars_.size(); ++i) bars_[i]->setVisible(belongs(ToolBars()[i]));
+    layout()->setEnabled(true);
 }
 
 void Mainfrm::RefreshCommands() {

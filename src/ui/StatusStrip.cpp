@@ -76,12 +76,13 @@ QString LinkText(std::string_view text) {
     return ToQt(text).replace("%1", ToQt(ModelName(Link.ConnectedModel)));
 }
 
+// The Chinese texts are shorter, and measuring them would open their large font at each start.
 int WidestLinkText(const QWidget* widget) {
     int widest = 0;
     for (const WindowText& row : WindowTexts()) {
         if (row.Window != "Mainfrm" || !row.Control.starts_with("lblLink")) continue;
-        for (const std::string_view text : {row.English, row.Chinese})
-            widest = std::max(widest, widget->fontMetrics().horizontalAdvance(LinkText(text)));
+        const QString text = LinkText(row.English);
+        widest = std::max(widest, widget->fontMetrics().horizontalAdvance(text));
     }
     return widest;
 }
@@ -154,7 +155,7 @@ QWidget* StatusStrip::MakeRight() {
     return right;
 }
 
-// Whether an instrument is connected; as wide as the longest text in either language.
+// Whether an instrument is connected; as wide as the longest text.
 QLayout* StatusStrip::MakeSign() {
     sign_ = new LinkSign(this);
     link_ = new QLabel(this);

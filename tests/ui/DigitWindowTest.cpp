@@ -15,7 +15,9 @@ protected:
 
 TEST_F(DigitWindowTest, MenusToolsAndShortcutsFollowTheKind) {
     New();
-    const QRect room = Find<QMdiArea>("DocumentArea")->geometry();
+    PaintCounter area, plot;
+    Find<QMdiArea>("DocumentArea")->installEventFilter(&area);
+    Find<WavePic>("WavePic")->installEventFilter(&plot);
     const DigitDocument& document = NewDigit();
     const std::tuple<const char*, std::string_view, const char*> rows[] = {
         // clang-format off
@@ -47,7 +49,10 @@ TEST_F(DigitWindowTest, MenusToolsAndShortcutsFollowTheKind) {
         for (const QAction* menu : strip->actions()) texts << menu->text();
         ExpectUniqueMnemonics("strip", texts);
         window_->layout()->activate();
-        EXPECT_EQ(Find<QMdiArea>("DocumentArea")->geometry(), room);
+        EXPECT_EQ(area.Sizes, 0);  // not even for a moment: all documents would be painted anew
+        plot.Paints = 0;
+        window_->repaint();
+        EXPECT_EQ(plot.Paints > 0, kind == 'a');  // nothing of it behind the digital one
         const bool time = bool(document.ShowTime);
         Key(Qt::Key_T);
         EXPECT_EQ(bool(document.ShowTime) != time, kind == 'd');

@@ -79,13 +79,14 @@ inline void Drag(QWidget* handle, QPoint by) {
     Drag(handle, handle->rect().center(), by);
 }
 
-// Counts how often the widgets that it filters are painted.
+// Counts how often the widgets that it filters are painted and get another size.
 struct PaintCounter : QObject {
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() == QEvent::Paint) ++Paints;
+        if (event->type() == QEvent::Resize) ++Sizes;
         return false;
     }
-    int Paints = 0;
+    int Paints = 0, Sizes = 0;
 };
 
 inline void ExpectUniqueMnemonics(const QString& where, const QStringList& texts) {
