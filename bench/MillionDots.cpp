@@ -2,16 +2,20 @@
 
 #include "analog/AnalogDocument.h"
 #include "analog/DrawAnalogWave.h"
+#include "files/FileOptFuncCode.h"
+#include "platform/SafeFile.h"
 
 #include <benchmark/benchmark.h>
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
 enum StandardKind : std::int32_t { KindSine = 0, KindNoise = 6 };
 constexpr std::int32_t SineCycles = 100;
+constexpr std::string_view TextOption = "--text=";
 
 void FillWave(AnalogWaveRecord& wave, Shape shape) {
     wavecalc_seed(1);
@@ -57,10 +61,15 @@ Bounds PlainBounds(std::span<const WaveDot> dots) {
     return found;
 }
 
-// Texts on surfaces need fonts, and fonts need an application.
+// Texts on surfaces need fonts, and fonts need an application; the peer's plot is a widget. With
+// --text=PATH the program only writes the text file that figures and other programs read.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
+    if (argc == 2 && std::string_view(argv[1]).starts_with(TextOption)) {
+        const std::string path = argv[1] + TextOption.size();
+        return WriteFileSafely(path, WriteAnalogText(OpenMillionDots(Shape::Noise)));
+    }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RunSpecifiedBenchmarks();

@@ -25,8 +25,7 @@ void SetDefaultLimits(AnalogWaveRecord& wave) {
 }
 
 void FillRecord(AnalogWaveRecord& wave, LoadedWave loaded) {
-    AllocateDots(wave, loaded.MaxDots);
-    wave.DotArray = std::move(loaded.DotArray);
+    AllocateDots(wave, loaded.MaxDots, std::move(loaded.DotArray));
     wave.Dots = loaded.Dots;
     wave.LastDot = loaded.LastDot;
     wave.SegmentCount = Narrow<std::int32_t>(std::ssize(loaded.Segments));
@@ -67,10 +66,11 @@ void ResetDocumentState(AnalogWaveRecord& wave) {
     wave.TimeAxisOn = false;
 }
 
-void AllocateDots(AnalogWaveRecord& wave, std::int32_t maxDots) {
+void AllocateDots(AnalogWaveRecord& wave, std::int32_t maxDots, std::vector<WaveDot> dots) {
     const auto size = static_cast<std::size_t>(maxDots);
+    dots.resize(size);
     wave.MaxDots = maxDots;
-    wave.DotArray.assign(size, WaveDot{0.0, 0.0});
+    wave.DotArray = std::move(dots);
     wave.UndoDotArray.assign(size, WaveDot{0.0, 0.0});
     wave.PixelMap.assign(size, 0);
     wave.Dots = wave.UndoDots = 0;

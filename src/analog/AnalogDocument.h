@@ -6,8 +6,9 @@
 /// default. Dots, segments, Vpp, Period and the view stay.
 void ResetDocumentState(AnalogWaveRecord& wave);
 
-/// Empties the document and sizes its arrays to `maxDots`; the view becomes the whole capacity.
-void AllocateDots(AnalogWaveRecord& wave, std::int32_t maxDots);
+/// Empties the document and sizes its arrays to `maxDots`; the view becomes the whole capacity. The
+/// memory of `dots` becomes that of the document, whose count stays 0.
+void AllocateDots(AnalogWaveRecord& wave, std::int32_t maxDots, std::vector<WaveDot> dots = {});
 
 /// The whole capacity, amplitudes 1.0 to -1.0, no axis zoomed.
 void ShowWholeWave(AnalogWaveRecord& wave);

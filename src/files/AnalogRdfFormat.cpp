@@ -38,9 +38,11 @@ std::string WriteAnalogRdf(const AnalogWaveRecord& wave) {
     stoInitArbConstruct(spread.data(), codes.data(), last, 1, last,
                         Narrow<std::int32_t>(std::ssize(spread)));
     std::string bytes(2 * spread.size(), '\0');
-    for (std::size_t i = 0; i < spread.size(); ++i) {
-        bytes[2 * i] = static_cast<char>(spread[i] & 0xFF);
-        bytes[2 * i + 1] = static_cast<char>(spread[i] >> 8);
+    // A char may lie anywhere, so that both arrays would be looked up anew behind each.
+    char* to = bytes.data();
+    for (const std::uint16_t code : spread) {
+        *to++ = static_cast<char>(code & 0xFF);
+        *to++ = static_cast<char>(code >> 8);
     }
     return bytes;
 }

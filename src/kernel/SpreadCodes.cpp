@@ -10,7 +10,15 @@ void stoInitArbConstruct(uint16_t* Spread, const uint16_t* Codes, int32_t LastIn
     const std::int64_t length = SpreadLength;
     if (!Spread || !Codes || last < 0 || length < 1) return;
     if (last < length) {
-        for (std::int64_t j = 0; j < length; ++j) Spread[j] = Codes[j * (last + 1) / length];
+        // Place j * (last + 1) / length without its division, which takes longer than all else.
+        std::int64_t place = 0, rest = 0;
+        for (std::int64_t j = 0; j < length; ++j) {
+            Spread[j] = Codes[place];
+            rest += last + 1;
+            if (rest < length) continue;
+            rest -= length;
+            ++place;
+        }
         return;
     }
     Spread[0] = Codes[0];
