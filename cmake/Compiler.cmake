@@ -20,6 +20,12 @@ if(TIDEMARK_SANITIZE)
     add_compile_options(-Wno-maybe-uninitialized)
   endif()
 endif()
+if(TIDEMARK_FUZZ)
+  # Coverage in every library; the fuzzers alone are linked with the driver, which has a main().
+  # A number from outside that no whole type holds is the likeliest fault, and clang can tell it.
+  add_compile_options(-fsanitize=fuzzer-no-link,float-cast-overflow)
+  add_link_options(-fsanitize=float-cast-overflow)
+endif()
 
 # tm_library(NAME [QT] LINK lib...): a static library of every source in the current folder.
 # A library with QT gets a precompiled header of the Qt classes that its windows use.

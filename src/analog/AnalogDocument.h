@@ -29,7 +29,7 @@ void NewAnalogDocument();
 /// Vpp, Period, Quantify and allocated dots. False, with a message, when ten are open.
 bool CreateAnalogDocument();
 
-// What a file may hold as Vpp, volts, and Period, seconds.
+/// Bounds of Vpp and Period, volts and seconds: files with others are refused.
 inline constexpr double LeastScale = 1e-9, LargestScale = 1e9;
 
 // A waveform from a file or from the instrument, on its way into a document.

@@ -178,7 +178,8 @@ void RefreshDigitCatalogue(WaveCatalogue& catalogue) {
 
 std::int16_t FirstStoredWave(const WaveCatalogue& catalogue) {
     const int stored = catalogue.UsedStoreCount - catalogue.DigitNameCount;
-    return static_cast<std::int16_t>(std::max(catalogue.AllWaveCount - stored, 0));
+    return static_cast<std::int16_t>(
+        std::clamp<int>(catalogue.AllWaveCount - stored, 0, catalogue.AllWaveCount));
 }
 
 bool IsStoredWave(const WaveCatalogue& catalogue, std::int16_t index,

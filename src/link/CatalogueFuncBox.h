@@ -35,7 +35,8 @@ void RefreshCatalogue(WaveCatalogue& catalogue);
 /// and leaves CommError set and all lists as they were.
 void RefreshDigitCatalogue(WaveCatalogue& catalogue);
 
-/// Index in AllWaveName of the first waveform that the user stored.
+/// Index in AllWaveName of the first waveform that the user stored, AllWaveCount where there is
+/// none.
 std::int16_t FirstStoredWave(const WaveCatalogue& catalogue);
 /// True for an index from there on, unless its name is a reserved one: it can be deleted and
 /// renamed.

@@ -94,6 +94,7 @@ TEST_F(DocumentTest, Radices) {
     }
     EXPECT_EQ(RadixNumber(10, 1) + RadixNumber(8, 2) + RadixNumber(0, 0), "A100");
     EXPECT_TRUE(RadixValue("fE", 1) == 254 && RadixValue("", 0) == 0);
+    EXPECT_TRUE(RadixValue("-2.1", 3) == 201 && RadixValue("1201", 0) == 9);
     EXPECT_EQ(RadixValue("99999999999", 3), 0x7FFFFFFF);
 }
 

@@ -130,6 +130,7 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
         {{"2", four}, "0", "1", 4096, 0, 5},
         {{"2", four}, "1E-12", "1", 4096, 2, 5},
         {{"2", four}, "", "1", 4096, 0, 3},
+        {{"2", four}, "1E+300", "1", 4096, 2, 5},
         {{"2", four}, "5", "", 4096, 0, 5},
     };
     for (const auto& [blocks, frequency, voltage, most, dots, steps] : rows) {
@@ -144,6 +145,7 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
         EXPECT_LE(AnalogDocs[1].Period, 1e9);  // no file takes more
         EXPECT_TRUE(load.CloseAsked == Flag(dots > 0) && load.Note.empty() == (dots > 0));
         EXPECT_TRUE(exchanges == steps && Boxes().empty()) << exchanges;
+        EXPECT_GE(AnalogDocs[1].Period, dots > 0 ? 1e-9 : 0.0);  // a file holds no shorter one
     }
 }
 
