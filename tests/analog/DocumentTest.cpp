@@ -33,8 +33,7 @@ TEST_F(DocumentTest, TenSlotsAreFilledAndFilledAgain) {
     EXPECT_TRUE(AnalogDocCount == 9 && ActiveAnalogIndex == 4);
     confirms = true;
     NewAnalogDocument();
-    EXPECT_TRUE(AnalogDocCount == 10 && ActiveAnalogIndex == 3);
-    EXPECT_EQ(status, ResText(8));
+    EXPECT_TRUE(AnalogDocCount == 10 && ActiveAnalogIndex == 3 && status == ResText(8));
     for (std::int16_t slot = 0; slot < 10; ++slot) DocumentClosed(slot);
     EXPECT_EQ(status, "Please create a new analog waveform file");
 }

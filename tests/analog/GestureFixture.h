@@ -10,10 +10,10 @@
 #include "analog/ToolFuncBox.h"
 #include "analog/ZoomFuncBox.h"
 #include "frame/StringFunc.h"
+#include "TextRows.h"
 
 #include <cstdio>
 #include <functional>
-#include <regex>
 #include <sstream>
 
 class GestureFixture : public AnalogFixture {
@@ -71,14 +71,6 @@ protected:
             std::sscanf(event.c_str() + 1, "%d,%d", &x, &y);
             Do(event[0], x, y, std::string_view(event).substr(event.find(':') + 1));
         }
-    }
-    /// The rows of a table "left => right; left => right".
-    static auto Rows(const std::string& table) {
-        static const std::regex row(R"(\s*([^;]*?)\s*=>\s*([^;]*?)\s*(;|$))");
-        std::vector<std::pair<std::string, std::string>> rows;
-        for (std::sregex_iterator at(table.begin(), table.end(), row), end; at != end; ++at)
-            rows.emplace_back((*at)[1], (*at)[2]);
-        return rows;
     }
     /// Plays the scripts of a table on a document of 100 dots and compares what `text` tells then.
     void Expect(const char* table, const std::function<std::string()>& text) {

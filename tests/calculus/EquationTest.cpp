@@ -1,12 +1,10 @@
 #include "calculus/EquationFuncBox.h"
 
 #include "calculus/DialogFixture.h"
-
-#include <numbers>
+#include "TextRows.h"
 
 namespace {
 
-constexpr double Pi = std::numbers::pi;
 constexpr std::string_view EquationSection = "Tidemark_Equation";
 
 class EquationTest : public DialogFixture {
@@ -28,64 +26,45 @@ protected:
 };
 
 TEST_F(EquationTest, ValuesByHand) {
-    const std::tuple<const char*, int, double> rows[] = {
-        {"t", 3, 13e-5},
-        {"A*sin(2*pi*x)", 1, 5.0},
-        {"2n", 3, 2e-9},
-        {"2*n", 3, 6.0},
-        {".5M*1e-3+2.2k+100m", 0, 2700.1},
-        {"3p*1u*1f*1G*1G*1G*1G", 0, 3e3},
-        {"3\u00B5", 0, 3e-6},
-        {"3\u03BC*n", 2, 6e-6},
-        {"1e400-1e308>1e308", 0, 1.0},  // infinite, not the largest number
-        {"-2^2", 0, -4.0},
-        {"x<0.5 ? 1 : 2", 1, 1.0},
-        {"x<0.5 ? 1 : 2", 2, 2.0},
-        {"ln(e^2)+log10(100)", 0, 4.0},
-        {"sinc(0)+sinc(0.5)", 0, 1.0 + 2.0 / Pi},
-        {"square(pi/2)-square(-pi/2)", 0, 2.0},
-        {"saw(pi/2)", 0, -0.5},
-        {"tri(pi/2)-tri(7*pi/4)", 0, 1.5},
-        {"2*step(0)+step(-0.001)", 0, 2.0},
-        {"rect(x-0.5)+rect(0.6)", 0, 1.0},
-        {"gauss(2)", 0, std::exp(-2.0)},
-        {"mod(-1,3)+floor(-0.5)+ceil(0.5)", 0, 2.0},
-    };
-    for (const auto& [text, n, value] : rows)
-        EXPECT_NEAR(At(text, n), value, 1e-12 * std::max(1.0, std::abs(value))) << text;
+    // The number of the dot in front; 1e400 is infinite, not the largest number.
+    const std::string table =
+        "3 t => 0.00013; 1 A*sin(2*pi*x) => 5; 3 2n => 2e-9; 3 2*n => 6;"
+        "0 .5M*1e-3+2.2k+100m => 2700.1; 0 3p*1u*1f*1G*1G*1G*1G => 3e3; 0 1e400-1e308>1e308 => 1; "
+        "0 3\u00B5 => 3e-6; 2 3\u03BC*n => 6e-6; 0 -2^2 => -4; 1 x<0.5 ? 1 : 2 => 1; "
+        "2 x<0.5 ? 1 : 2 => 2; 0 ln(e^2)+log10(100) => 4; 0 (sinc(0)+sinc(0.5)-1)*pi => 2; "
+        "0 square(pi/2)-square(-pi/2) => 2; 0 saw(pi/2) => -0.5; 0 tri(pi/2)-tri(7*pi/4) => 1.5; "
+        "0 2*step(0)+step(-0.001) => 2; 0 rect(x-0.5)+rect(0.6) => 1; 0 ln(gauss(2)) => -2; "
+        "0 mod(-1,3)+floor(-0.5)+ceil(0.5) => 2";
+    for (const auto& [left, right] : Rows(table)) {
+        const double value = std::stod(right);
+        EXPECT_NEAR(At(left.substr(2), left[0] - '0'), value,
+                    1e-12 * std::max(1.0, std::abs(value)))
+            << left;
+    }
     EXPECT_NE(At("noise()", 1), At("noise()", 2));
     EXPECT_NE(At("noise()-noise()", 1), 0.0);
     EXPECT_EQ(At("noise()", 1), At("noise()", 1));
 }
 
 TEST_F(EquationTest, FaultsPointAtTheirColumn) {
-    const std::pair<std::string, const char*> rows[] = {
-        {"", "Column 1: an expression is missing"},
-        {"2*foo+1", "Column 3: \"foo\" is unknown"},
-        {"1+sin x", "Column 3: \"sin\" needs its arguments in ( )"},
-        {"2 \u00B5+$", "Column 3: the character \"\u00B5\" cannot stand here"},
-        {"3\u00B5*x+$", "Column 6: the character \"$\" cannot stand here"},
-        {R"("x")", R"(Column 1: the character """ cannot stand here)"},
-        {"1+*2", "Column 3: the operator \"*\" cannot stand here"},
-        {"--1", "Column 2: the operator \"-\" cannot stand here"},
-        {"2 x", "Column 3: an operator is missing in front of \"x\""},
-        {"x sin(1)", "Column 3: an operator is missing in front of \"sin\""},
-        {"1+2)", "Column 4: the parenthesis \")\" cannot stand here"},
-        {"(1+2", "Column 5: a closing parenthesis is missing"},
-        {"sin(1),2", "Column 7: a comma cannot stand here"},
-        {"x?1:0:2", "Column 6: a colon cannot stand here"},
-        {"x ? 1", R"(Column 6: "?" needs a ":" behind it)"},
-        {"x=3", "Column 2: a single \"=\" cannot stand here"},
-        {"1+", "Column 3: the expression ends too early"},
-        {"-", "Column 2: the expression ends too early"},
-        {"1+sin(1,2)", "Column 3: \"sin\" has too many arguments"},
-        {"1+max( )", "Column 3: \"max\" has too few arguments"},
-        {std::string(501, '1'), "Column 502: the expression is too long"},
+    const auto told = [](const std::string& text) {
+        return FaultText(EvaluateEquation(text, {}, {}), text);
     };
-    for (const auto& [text, told] : rows)
-        EXPECT_EQ(FaultText(EvaluateEquation(text, {}, {}), text), told);
+    for (const auto& [text, fault] : Rows(R"~(
+        => 1: an expression is missing; 2*foo+1 => 3: "foo" is unknown;
+        1+sin x => 3: "sin" needs its arguments in ( ); (1+2 => 5: a closing parenthesis is missing;
+        2 µ+$ => 3: the character "µ" cannot stand here; 1+ => 3: the expression ends too early;
+        3µ*x+$ => 6: the character "$" cannot stand here; sin(1),2 => 7: a comma cannot stand here;
+        "x" => 1: the character """ cannot stand here; x?1:0:2 => 6: a colon cannot stand here;
+        1+*2 => 3: the operator "*" cannot stand here; x ? 1 => 6: "?" needs a ":" behind it;
+        --1 => 2: the operator "-" cannot stand here; 1+max( ) => 3: "max" has too few arguments;
+        2 x => 3: an operator is missing in front of "x"; - => 2: the expression ends too early;
+        1+2) => 4: the parenthesis ")" cannot stand here; x=3 => 2: a single "=" cannot stand here;
+        1+sin(1,2) => 3: "sin" has too many arguments)~"))
+        EXPECT_EQ(told(text), "Column " + fault);
+    EXPECT_EQ(told(std::string(501, '1')), "Column 502: the expression is too long");
     UseEnglish = 0;
-    EXPECT_EQ(FaultText(EvaluateEquation("2*foo+1", {}, {}), "2*foo+1"), "第 3 列：未知名称“foo”");
+    EXPECT_EQ(told("2*foo+1"), "第 3 列：未知名称“foo”");
     for (const std::string hostile : {"(", "-", "?", "sin(", "1?", "2^", "max(1,"}) {
         std::string text;  // as deep as the length allows, without its ends
         while (text.size() + hostile.size() <= 500) text += hostile;

@@ -97,8 +97,7 @@ TEST_F(MathTest, WindowsMeetDotByDot) {
         EXPECT_EQ(WindowMathNote(dialog), note);
         Edit([&] {
             ActiveAnalogIndex = 0;
-            EXPECT_TRUE(ConfirmWindowMath(dialog));
-            EXPECT_TRUE(wave.HasSelection && wave.SelEnd == 1);
+            EXPECT_TRUE(ConfirmWindowMath(dialog) && wave.HasSelection && wave.SelEnd == 1);
             ActiveAnalogIndex = source;
         });
         EXPECT_EQ(ValuesOf(wave), after);

@@ -175,8 +175,7 @@ TEST_F(StandardWaveTest, NothingIsDoneForNoneOrWithoutRoom) {
     EXPECT_EQ(dots[39].Y, -0.5);
     ChangeKind(dialog, None);
     PreviewStandardWave(dialog, dots);
-    EXPECT_TRUE(dots.empty());
-    EXPECT_FALSE(ConfirmStandardWave(dialog));
+    EXPECT_TRUE(dots.empty() && !ConfirmStandardWave(dialog));
     MakeDocument("c", 99, 100);
     dialog = OpenStandardWave(Sine);
     EXPECT_FALSE(ConfirmStandardWave(dialog));

@@ -14,12 +14,12 @@
 #include "digital/InsertNodeFuncBox.h"
 #include "frame/LoadLanguageCode.h"
 #include "platform/Host.h"
+#include "TextRows.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
-#include <regex>
 #include <sstream>
 
 class DigitFixture : public ::testing::Test {
@@ -43,10 +43,9 @@ protected:
     /// Calls `check` with both sides of each row of a table "left => right; left => right".
     template <typename Check>
     static void ForRows(const std::string& table, const Check& check) {
-        static const std::regex row(R"(\s*([^;]*?)\s*=>\s*([^;]*?)\s*(;|$))");
-        for (std::sregex_iterator at(table.begin(), table.end(), row), end; at != end; ++at) {
-            SCOPED_TRACE((*at)[1]);
-            check((*at)[1].str(), (*at)[2].str());
+        for (const auto& [left, right] : Rows(table)) {
+            SCOPED_TRACE(left);
+            check(left, right);
         }
     }
 

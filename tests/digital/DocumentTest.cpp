@@ -5,7 +5,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class DocumentTest : public DigitFixture {};
+using DocumentTest = DigitFixture;
 
 TEST_F(DocumentTest, SlotsTitlesLimitAndClosing) {
     dialog = [&] {
@@ -52,8 +52,7 @@ TEST_F(DocumentTest, AResetEmptiesAndShowsTheCaliper) {
         Play("U u P1,1 R1,1 l9,9");  // without effect
         std::ostringstream text;
         text << doc.Caliper << ' ' << doc.FirstDot << '-' << doc.LastDot << ' ' << doc.CaliperPixel;
-        EXPECT_EQ(text.str(), place);
-        EXPECT_EQ(Shown(doc) + Selection(doc), "none");
+        EXPECT_TRUE(text.str() == place && Shown(doc) + Selection(doc) == "none");
         EXPECT_TRUE(doc.UndoNodes.empty() && doc.Reserved1 == 0 && doc.Zoom == 1);
         ExpectSound(doc);
     };

@@ -3,7 +3,7 @@
 
 namespace {
 
-class FindTest : public DigitFixture {};
+using FindTest = DigitFixture;
 
 // Point edit (q) or find (Q)|nodes|samples of 20 dots|name|dot|value|name chosen last => the
 // changed document or "same", first dot, caliper, the value of find, messages.

@@ -21,14 +21,10 @@ DigitDocument& Open(std::uint8_t width, std::vector<std::int32_t> samples, std::
     document.Dots = dots;
     document.Zoom = zoom;
     document.FirstDot = firstDot;
+    AppendNode(document, {.Name = "n", .Width = width});
     document.DigitSamples = std::move(samples);
     document.SampleCount = static_cast<std::int32_t>(document.DigitSamples.size());
-    DigitNode node;
-    node.Width = document.ChannelCount = width;
-    node.IsBus = width > 1;
-    node.DataLength = document.SampleCount;
-    for (std::uint8_t k = 0; k < width; ++k) node.Channels[width - 1U - k] = k;
-    document.Nodes = {node};
+    document.Nodes[0].DataLength = document.SampleCount;
     RenumberRows(document);
     LayoutDigitSurfaces(document,
                         {.ListWidth = 120, .PictureWidth = Width, .PictureHeight = Height}, scale);

@@ -3,7 +3,7 @@
 
 namespace {
 
-class ValueTest : public DigitFixture {};
+using ValueTest = DigitFixture;
 
 // Nodes | samples | selection | operation, value; for counting start, increment, interval, first
 // and last; a target => samples, lengths, width of the selection. Operations: 0, 1, 2 invert, 3

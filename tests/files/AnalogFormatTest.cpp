@@ -138,9 +138,4 @@ TEST_F(AnalogFormatTest, RdfReading) {
     EXPECT_EQ(read.Dots, 4096);
 }
 
-TEST_F(AnalogFormatTest, FormatFollowsTheName) {
-    EXPECT_EQ(FormatOfName("a.b/c.Csv"), AnalogFormat::Csv);
-    EXPECT_EQ(FormatOfName("df"), AnalogFormat::Text);
-}
-
 }  // namespace

@@ -65,14 +65,11 @@ TEST_F(DigitFileTest, BytesAreKept) {
     EXPECT_EQ(WriteDigitText(PutDocument()), GoldenDrig);
     const std::string beyond = WithLine(WithLine(GoldenDrig, 1, " 1 "), 2, " 1234.5 ");
     const std::string empty = " 8 \r\n 2000000 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n-7 \r\n";
-    for (const std::string& file : {GoldenDrig, beyond, empty}) EXPECT_EQ(Reread(file), file);
-}
-
-TEST_F(DigitFileTest, TheExampleIsAsWritten) {
-    std::ifstream file(TIDEMARK_SOURCE_DIR "/examples/serial-frame.DRIG", std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
-    EXPECT_EQ(Reread(bytes), bytes);
-    EXPECT_EQ(ValueAt(DigitAt(0), {3, -1}, 50), 0x3C);
+    std::ifstream example(TIDEMARK_SOURCE_DIR "/examples/serial-frame.DRIG", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(example)), {});
+    for (const std::string& file : {GoldenDrig, beyond, empty, bytes})
+        EXPECT_EQ(Reread(file), file);
+    EXPECT_EQ(ValueAt(DigitAt(0), {3, -1}, 50), 0x3C);  // of the example
 }
 
 TEST_F(DigitFileTest, OtherWritersFormsAreRead) {
@@ -125,8 +122,7 @@ TEST_F(DigitFileTest, SaveAsksForANameOnceAndSaveAsAlways) {
     UseEnglish = 0;
     chosen = PathOf("a\\ring.1");
     Put("a\\ring.1.DRIG", "replaced without a word");
-    EXPECT_TRUE(SaveDigit(1));
-    EXPECT_EQ(Content("a\\ring.1.DRIG"), GoldenDrig);
+    EXPECT_TRUE(SaveDigit(1) && Content("a\\ring.1.DRIG") == GoldenDrig);
     EXPECT_EQ((Texts{document.Title, document.FilePath}), (Texts{"ring.1.DRIG", chosen + ".DRIG"}));
     EXPECT_TRUE(document.IsSaved && !document.Changed && titled == 11);
     EXPECT_TRUE(SaveDigit(1) && choices.size() == 2);

@@ -2,6 +2,9 @@
 #include "files/FileOptFuncCode.h"
 #include "GoldenFiles.h"
 #include "platform/TempFolder.h"
+#include "TextRows.h"
+
+#include <sstream>
 
 namespace {
 
@@ -49,8 +52,7 @@ TEST_F(FlowTest, OpenMakesAnActiveDocument) {
     const AnalogWaveRecord& wave = AnalogDocs[1];
     EXPECT_EQ((Texts{wave.Name, wave.FileName, wave.FolderName}),
               (Texts{"Three.TXT", chosen, folder}));
-    EXPECT_TRUE(wave.Saved && !wave.Modified);
-    EXPECT_TRUE(wave.ViewEnd == 7 && wave.ViewTop == 1.0);
+    EXPECT_TRUE(wave.Saved && !wave.Modified && wave.ViewEnd == 7 && wave.ViewTop == 1.0);
     EXPECT_EQ(WriteAnalogText(wave), GoldenText);
     AnalogDocCount = 10;
     OpenAnalog();
@@ -103,22 +105,17 @@ TEST_F(FlowTest, SaveAsksForANameOnceAndSaveAsBeforeItReplaces) {
     AnalogWaveRecord& wave = PutDocument();
     chosen = PathOf("ring.1");
     filter = 1;
-    EXPECT_TRUE(SaveAnalog(0));
-    EXPECT_EQ(Content("ring.1.csv"), GoldenCsv);
+    EXPECT_TRUE(SaveAnalog(0) && Content("ring.1.csv") == GoldenCsv);
     EXPECT_EQ((Texts{wave.Name, wave.FileName, wave.FolderName}),
               (Texts{"ring.1.csv", PathOf("ring.1.csv"), folder}));
-    EXPECT_TRUE(wave.Saved && !wave.Modified);
-    EXPECT_TRUE(SaveAnalog(0));
+    EXPECT_TRUE(wave.Saved && !wave.Modified && SaveAnalog(0));
     EXPECT_EQ(titles, Texts{"Save File"});
 
     wave.Modified = true;
     chosen = Put("old.txt", "old");
-    EXPECT_FALSE(SaveAnalogAs(0));
-    EXPECT_EQ(Content("old.txt"), "old");
-    EXPECT_TRUE(wave.Modified);
+    EXPECT_TRUE(!SaveAnalogAs(0) && Content("old.txt") == "old" && wave.Modified);
     answer = Answer::Yes;
-    EXPECT_TRUE(SaveAnalogAs(0));
-    EXPECT_EQ(Content("old.txt"), GoldenText);
+    EXPECT_TRUE(SaveAnalogAs(0) && Content("old.txt") == GoldenText);
     EXPECT_TRUE(SaveAnalogAs(0));  // now its own file
     EXPECT_EQ(asked, Texts(2, "This file is existed,overwrite?"));
     EXPECT_EQ(titles.at(1), "Save as file！");
@@ -133,10 +130,8 @@ TEST_F(FlowTest, SaveAllEndsWithACancelledOrFailedSave) {
     AnalogDocs[0].Modified = false;
     EXPECT_FALSE(RunOnFullDisk(SaveAllAnalog));
     EXPECT_EQ(asked, Texts{"The file could not be saved: File too large"});
-    EXPECT_TRUE(second.Modified);
-    EXPECT_EQ(Content("full.rdf"), "old");
-    EXPECT_TRUE(SaveAllAnalog());
-    EXPECT_EQ(Content("full.rdf").size(), 8192U);
+    EXPECT_TRUE(second.Modified && Content("full.rdf") == "old");
+    EXPECT_TRUE(SaveAllAnalog() && Content("full.rdf").size() == 8192U);
 }
 
 TEST_F(FlowTest, TruncatedFilesAreRefused) {
@@ -161,22 +156,15 @@ TEST_F(FlowTest, UnreadableAndHostileFilesAreRefused) {
     ExpectRefused("csv.txt", GoldenCsv);
     ExpectRefused("text.csv", GoldenText);
     ExpectRefused("long.txt", WithLine(GoldenText, 1, std::string(100000, 'N')));
-    const std::pair<int, Texts> textLines[] = {
-        {1, {"Norvik Technologies,Inc."}},
-        {2, {"2147483647", "1048577", "-1", "0", "8.5", "4294967304", "", "2"}},  // capacity
-        {3, {"2147483647", "-3", "9", "8"}},                                      // dots
-        {4, {"0", "-2", "nan", "inf", "1e10", "1e400"}},                          // volts
-        {5, {"0"}},
-        {6, {"32768"}},
-        {7, {"end"}},
-        {8, {"2147483647", "-1", "2"}},  // segments
-        {9, {"x"}},
-        {10, {"nan", "-inf", "0x1p-2", "0.1 0.2", "+-1"}},  // amplitude
-        {25, {"40000"}},
-        {30, {"1e39"}}};
-    for (const auto& [line, texts] : textLines)
-        for (const std::string& text : texts)
-            ExpectRefused("bad.txt", WithLine(GoldenText, line, text));
+    // The capacity in line 2; then dots, volts, period, levels, end, segments, dots, the segment.
+    for (const auto& [line, texts] : Rows(R"(1 => Norvik Technologies,Inc.;
+        2 => 2147483647|1048577|-1|0|8.5|4294967304||2; 3 => 2147483647|-3|9|8;
+        4 => 0|-2|nan|inf|1e10|1e400; 5 => 0; 6 => 32768; 7 => end; 8 => 2147483647|-1|2; 9 => x;
+        10 => nan|-inf|0x1p-2|0.1 0.2|+-1; 25 => 40000; 30 => 1e39)")) {
+        std::istringstream list(texts);
+        for (std::string text; std::getline(list, text, '|');)
+            ExpectRefused("bad.txt", WithLine(GoldenText, std::stoi(line), text));
+    }
     const std::pair<int, const char*> csvLines[] = {
         {2, "2.50E00"},         {10, "0,0"},     {11, "0"},
         {11, "0 1.25"},         {11, "0,#NUM!"}, {5, "Data Dots:,2147483647"},

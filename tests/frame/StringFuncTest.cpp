@@ -1,26 +1,22 @@
 #include "frame/StringFunc.h"
 
 #include "frame/KeyFilter.h"
+#include "TextRows.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cmath>
 #include <random>
-#include <utility>
-#include <vector>
 
 namespace {
-
-using TextPairs = std::vector<std::pair<const char*, const char*>>;
 
 TEST(TextToNumber, TakesWholeTextOnly) {
     for (const char* text : {"", "-", ".", "-.", "-1e-400", "0e9999", "1e-99999999999"})
         EXPECT_EQ(TextToNumber(text), 0.0) << text;
-    const std::pair<const char*, double> rows[] = {{"1e3", 1e3},  {" 12.5 ", 12.5},
-                                                   {"+1", 1.0},   {".5", 0.5},
-                                                   {"-5.", -5.0}, {"1.5E-3", 0.0015}};
-    for (const auto& [text, number] : rows) EXPECT_EQ(TextToNumber(text), number) << text;
+    for (const auto& [text, number] :
+         Rows("1e3 => 1000; +1 => 1; .5 => 0.5; -5. => -5; 1.5E-3 => 0.0015"))
+        EXPECT_EQ(TextToNumber(' ' + text + ' '), std::stod(number)) << text;
     for (const char* text : {"+", "- ", "   ", "inf", "nan", "0x10", "1e", "1e+", "--1", "+-1",
                              "1 2", "1.2.3", "1,5", ".e1", "5V", "-1e999", "1e99999999999"})
         EXPECT_EQ(TextToNumber(text), std::nullopt) << text;
@@ -30,38 +26,31 @@ TEST(TextToNumber, TakesWholeTextOnly) {
 // Some rows stand at a bound ("9.9999", "9999900"); those of 1.2345 tell the nudge, which moves
 // away from zero in volts and towards it in negative microvolts.
 TEST(UnitText, Volts) {
-    const TextPairs rows = {
-        {"5.0", "5.00V"},        {"10", "10.0V"},           {"100", "100V"},
-        {"0.05", "50.0mV"},      {"0.005", "5.00mV"},       {"0.0005", "500uV"},
-        {"5e-5", "50.0uV"},      {"5e-6", "5.00uV"},        {"1000", "1.00kV"},
-        {"10000", "10.0kV"},     {"100000", "100kV"},       {"1000000", "1.00MV"},
-        {"9999900", "???.?V"},   {"9999800", "10.00MV"},    {"-0.0005", "-500uV"},
-        {"-4.99e-6", "-4.99uV"}, {"-999000", "-999kV"},     {"-1000000", "???.?V"},
-        {"-1e-7", "0.00mV"},     {"9.9999", "10.0V"},       {"9.9998", "10.00V"},
-        {"9.9999e-7", "1.00uV"}, {"1.2345", "1.24V"},       {"-1.2345", "-1.24V"},
-        {"1.2345e-6", "1.24uV"}, {"-1.2355e-6", "-1.23uV"}, {"abc", "0.00mV"},
-        {"1e300", "???.?V"}};
-    for (const auto& [typed, shown] : rows) EXPECT_EQ(VoltToText(typed), shown) << typed;
+    for (const auto& [typed, shown] : Rows(R"(
+        5.0 => 5.00V; 10 => 10.0V; 100 => 100V; 0.05 => 50.0mV; 0.005 => 5.00mV; 0.0005 => 500uV;
+        5e-5 => 50.0uV; 5e-6 => 5.00uV; 1000 => 1.00kV; 10000 => 10.0kV; 100000 => 100kV;
+        1000000 => 1.00MV; 9999900 => ???.?V; 9999800 => 10.00MV; -0.0005 => -500uV;
+        -4.99e-6 => -4.99uV; -999000 => -999kV; -1000000 => ???.?V; -1e-7 => 0.00mV;
+        1e300 => ???.?V; 9.9999 => 10.0V; 9.9998 => 10.00V; 9.9999e-7 => 1.00uV; 1.2345 => 1.24V;
+        -1.2345 => -1.24V; 1.2345e-6 => 1.24uV; -1.2355e-6 => -1.23uV; abc => 0.00mV)"))
+        EXPECT_EQ(VoltToText(typed), shown) << typed;
     EXPECT_EQ(VoltToText(-0.25), "-250mV");
 }
 
 TEST(UnitText, Seconds) {
-    const TextPairs rows = {
-        {"0", "0.000s"},         {"1e-9", "1.000ns"},     {"-0.5", "-500.0ms"},
-        {"123456", "123456.0s"}, {"100", "100.0s"},       {"99.998", "100.00s"},
-        {"12.346", "12.35s"},    {"1.5", "1.500s"},       {"0.0123", "12.30ms"},
-        {"0.00123", "1.230ms"},  {"0.000123", "123.0us"}, {"1.23e-5", "12.30us"},
-        {"1.23e-6", "1.230us"},  {"1.23e-7", "123.0ns"},  {"-1.23e-8", "-12.30ns"},
-        {"2e-10", "200.0ps"},    {"2e-11", "20.00ps"},    {"-2e-12", "-2.000ps"},
-        {"9e-13", "0.000s"}};
-    for (const auto& [typed, shown] : rows) EXPECT_EQ(TimeToText(typed), shown) << typed;
+    for (const auto& [typed, shown] : Rows(R"(
+        0 => 0.000s; 1e-9 => 1.000ns; -0.5 => -500.0ms; 123456 => 123456.0s; 100 => 100.0s;
+        99.998 => 100.00s; 12.346 => 12.35s; 1.5 => 1.500s; 0.0123 => 12.30ms; 0.00123 => 1.230ms;
+        0.000123 => 123.0us; 1.23e-5 => 12.30us; 1.23e-6 => 1.230us; 1.23e-7 => 123.0ns;
+        -1.23e-8 => -12.30ns; 2e-10 => 200.0ps; 2e-11 => 20.00ps; -2e-12 => -2.000ps;
+        9e-13 => 0.000s)"))
+        EXPECT_EQ(TimeToText(typed), shown) << typed;
     // The last row has more digits than 32 bits hold.
-    const TextPairs fine = {{"2", "2.000000s"},        {"-2", "-2.000s"},
-                            {"-0.002", "-2.000000ms"}, {"0.25", "250.000000ms"},
-                            {"2e-6", "2.000000us"},    {"2.5e-9", "2.500000ns"},
-                            {"3e-12", "3.000000ps"},   {"-3e-12", "-3.000000ps"},
-                            {"9e-13", "0.000000s"},    {"0.123456789", "123.456789ms"}};
-    for (const auto& [typed, shown] : fine) EXPECT_EQ(TimeToTextFine(typed), shown) << typed;
+    for (const auto& [typed, shown] : Rows(R"(
+        2 => 2.000000s; -2 => -2.000s; -0.002 => -2.000000ms; 0.25 => 250.000000ms;
+        2e-6 => 2.000000us; 2.5e-9 => 2.500000ns; 3e-12 => 3.000000ps; -3e-12 => -3.000000ps;
+        9e-13 => 0.000000s; 0.123456789 => 123.456789ms)"))
+        EXPECT_EQ(TimeToTextFine(typed), shown) << typed;
 }
 
 TEST(FormatPattern, RoundsAndPads) {
@@ -125,11 +114,9 @@ TEST(FormattedNumbers, AgreeOverAllDecades) {
 
 TEST(KeyFilter, HalfTypedNumbersPass) {
     // Whole, signed whole, real, signed real, hexadecimal: 1 where the text is accepted.
-    const TextPairs rows = {{"", "11111"},   {"12", "11111"},  {"-", "01010"},    {".", "00110"},
-                            {"-.", "00010"}, {"1.", "00110"},  {"-1.5", "00010"}, {"1.5.", "00000"},
-                            {"1-", "00000"}, {"--1", "00000"}, {"aF09", "00001"}, {"g", "00000"},
-                            {"1 ", "00000"}, {"1e3", "00001"}, {"+1", "00000"}};
-    for (const auto& [text, accepted] : rows) {
+    for (const auto& [text, accepted] : Rows(R"(=> 11111; 12 => 11111; - => 01010; . => 00110;
+        -. => 00010; 1. => 00110; -1.5 => 00010; 1.5. => 00000; 1- => 00000; --1 => 00000;
+        aF09 => 00001; g => 00000; 1 2 => 00000; 1e3 => 00001; +1 => 00000)")) {
         std::string kinds;
         for (const KeyKind kind : {KeyKind::Whole, KeyKind::SignedWhole, KeyKind::Real,
                                    KeyKind::SignedReal, KeyKind::Hex})

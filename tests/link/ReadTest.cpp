@@ -1,4 +1,5 @@
 #include "LinkFixture.h"
+#include "TextRows.h"
 
 // What is read from the instrument: the catalogue and stored waveforms.
 
@@ -150,21 +151,13 @@ TEST_F(ReadTest, ALoadEndsWithADocumentOrWithNothing) {
 }
 
 TEST_F(ReadTest, DigitalWordsBecomeSixteenChannels) {
-    const std::tuple<const char*, double> rows[] = {{"100000\n", 1e5},
-                                                    {"12.5 Kbps\n", 12500},
-                                                    {"1.5Mbps", 1.5e6},
-                                                    {"2E+3 bps", 2000},
-                                                    {"9 Mbps", 2e6},
-                                                    {"0.25", 1},
-                                                    {"", 0},
-                                                    {"fast Kbps", 0},
-                                                    {"0", 0},
-                                                    {"-5", 0}};
-    for (const auto& [reply, rate] : rows) {
+    for (const auto& [reply, told] : Rows(R"(100000 => 1e5; 12.5 Kbps => 12500; 1.5Mbps => 1.5e6;
+        2E+3 bps => 2000; 9 Mbps => 2e6; 0.25 => 1; => 0; fast Kbps => 0; 0 => 0; -5 => 0)")) {
+        const double rate = std::stod(told);
         SetUp();
         UseDigital({{0}}, {1});
         replies["DATA:DIGIT:LOAD A1"] = {"A1,3\n", std::string("\0\0\xFF\xFF", 4), "\x01\x80?"};
-        replies["DIGIT:RATE?"] = {reply};
+        replies["DIGIT:RATE?"] = {reply + "\n"};
         LoadChosenWave(load);
         SCOPED_TRACE(reply);
         const DigitDocument& document = DigitDocTable[1];

@@ -1,6 +1,7 @@
 #include "analog/DacCode.h"
 #include "link/DigitTransfer.h"
 #include "LinkFixture.h"
+#include "TextRows.h"
 
 #include <limits>
 
@@ -134,44 +135,37 @@ TEST_F(SendTest, TextPacketsSplitNoValue) {
 // of the connected KT1100 (19), and its flow goes on. A digital one without channels is empty, and
 // the names of built-in analog waves are free to it.
 TEST_F(SendTest, ChecksBeforeAStoreInTheirOrder) {
-    const Answer ok = Answer::Ok, no = Answer::No, yes = Answer::Yes, cancel = Answer::Cancel;
-    constexpr int Analog = -1;
-    const std::tuple<int, const char*, std::int32_t, std::int16_t, std::vector<Answer>, const char*,
-                     int, bool>
-        rows[] = {
-            {Analog, "  ", 0, 4, {}, "21", 0, false},
-            {Analog, "SINC", 0, 4, {}, "17,18", 0, false},
-            {Analog, "SINC", 524289, 4, {}, "17,19", 0, false},
-            {Analog, "SINC", 131073, 1, {ok, cancel}, "17,27", 0, true},
-            {Analog, "SINC", 131073, 1, {ok, ok, cancel}, "17,27,23", 0, true},
-            {Analog, "SINC", 131073, 1, {}, "17,27,23", 0, false},
-            {Analog, "S1", 131072, 4, {}, "22", 0, false},
-            {Analog, "S1", 131072, 2, {no}, "23", 0, false},
-            {Analog, "S1", 131072, 2, {yes}, "23,19", 3, false},  // copy, select, apply
-            {Analog, "s1", 131072, 1, {}, "19", 5, false},        // the catalogue is read again
-            {Analog, "NEW", 131073, 2, {}, "27,19", 5, true},
-            {0, "USB", 524289, 4, {}, "17,18", 0, false},
-            {1, "USB", 524289, 4, {}, "17,19", 0, false},
-            {1, "PO", 131072, 4, {}, "17", 0, false},
-            {1, "S1", 8, 2, {yes}, "23", 5, false},  // packet, copy, rate, name, end
-            {1, "SINC", 0, 1, {}, "19", 0, false},
-            {1, "SINC", 8, 1, {}, "", 10, false},  // a new name: five queries behind them
-        };
-    for (const auto& [channels, name, dots, used, given, told, sent, accepted] : rows) {
+    // The width of a digital waveform, A for an analog one; name, dots and locations in use; the
+    // answers. Then the messages, the number of exchanges and whether many dots were accepted.
+    const std::map<char, Answer> letters = {
+        {'o', Answer::Ok}, {'n', Answer::No}, {'y', Answer::Yes}, {'c', Answer::Cancel}};
+    for (const auto& [left, right] : Rows(R"(
+        A -- 0 4 => 21 0 0; A SINC 0 4 => 17,18 0 0; A SINC 524289 4 => 17,19 0 0;
+        A SINC 131073 1 oc => 17,27 0 1; A SINC 131073 1 ooc => 17,27,23 0 1;
+        A SINC 131073 1 => 17,27,23 0 0; A S1 131072 4 => 22 0 0; A S1 131072 2 n => 23 0 0;
+        A S1 131072 2 y => 23,19 3 0; A s1 131072 1 => 19 5 0; A NEW 131073 2 => 27,19 5 1;
+        0 USB 524289 4 => 17,18 0 0; 1 USB 524289 4 => 17,19 0 0; 1 PO 131072 4 => 17 0 0;
+        1 S1 8 2 y => 23 5 0; 1 SINC 0 1 => 19 0 0; 1 SINC 8 1 => - 10 0)")) {
         SetUp();
         MaxWaveDots = 524288;
+        std::string kind, given, told;
+        std::int32_t dots = 0, sent = 0;
+        bool accepted = false;
+        std::istringstream(left) >> kind >> dialog.txtUserWaveName >> dots >>
+            dialog.Stored.UsedStoreCount >> given;
+        std::istringstream(right) >> told >> sent >> accepted;
         ActiveAnalog().Dots = dots;
-        if (channels != Analog) {
-            UseDigital({std::vector<std::uint8_t>(channels)}, {}).Dots = dots;
-            DigitAt(0).NodeCount = static_cast<std::uint8_t>(channels);
+        if (kind != "A") {
+            UseDigital({std::vector<std::uint8_t>(kind[0] - '0')}, {}).Dots = dots;
+            DigitAt(0).NodeCount = static_cast<std::uint8_t>(kind[0] - '0');
         }
-        dialog.Stored.UsedStoreCount = used;
         dialog.Stored.UserWaveName = {"S1", "S2", "S3", "S4"};
-        dialog.txtUserWaveName = name;
-        answers = given;
+        if (dialog.txtUserWaveName == "--") dialog.txtUserWaveName = "  ";
+        answers.clear();
+        for (const char letter : given) answers.push_back(letters.at(letter));
         EnterUserWaveName(dialog);
-        EXPECT_EQ(Told(), told);
-        EXPECT_TRUE(exchanges == sent && Link.BigWaveAccepted == Flag(accepted)) << told;
+        EXPECT_EQ(Told(), told == "-" ? "" : told) << left;
+        EXPECT_TRUE(exchanges == sent && Link.BigWaveAccepted == Flag(accepted)) << left;
     }
     for (const char* name : {"RS232", "USB", "SPI", "DS", "TV", "VOLATILE", "PO", "CAN", "LAN"})
         EXPECT_EQ(CheckWaveName(name, ReservedDigitNames()), NameFault::Reserved) << name;

@@ -73,8 +73,7 @@ protected:
         ASSERT_EQ(write(fd, bytes.data(), bytes.size()), std::ssize(bytes));
     }
     // A connection of its own for one frame and its answer.
-    std::string Exchange(const std::string& frame, std::size_t count,
-                         int patience = Patience) const {
+    std::string Exchange(const std::string& frame, std::size_t count, int patience = Patience) {
         const int fd = Connect();
         Write(fd, frame);
         std::string answer = Read(fd, count, patience);
@@ -97,8 +96,7 @@ TEST_F(ProgramTest, UsbKeepsAReplyBetweenConnections) {
     Exchange("W\x05\0\0\0*IDN?"s, 5);
     Exchange("W\x08\0\0\0VOLTage?"s, 5);  // the identification is lost
     EXPECT_EQ(Exchange("R\xC8\0\0\0"s, 7), "D\x02\0\0\0001\n"s);
-    EXPECT_EQ(End(SIGTERM), 0);
-    EXPECT_TRUE(fs::is_empty(place));
+    EXPECT_TRUE(End(SIGTERM) == 0 && fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, ReadWaitsAndIsForgottenWithItsConnection) {
@@ -125,8 +123,7 @@ TEST_F(ProgramTest, SerialLineOutlivesItsEditors) {
         EXPECT_EQ(Read(fd, answers.size()), answers);
         close(fd);
     }
-    EXPECT_EQ(End(SIGINT), 0);
-    EXPECT_TRUE(fs::is_empty(place));
+    EXPECT_TRUE(End(SIGINT) == 0 && fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, EmptyMessageIsNotedWhenNoReadFollows) {
@@ -169,8 +166,7 @@ TEST_F(ProgramTest, RepliesComeLateOrNotAtAllOrItIsUnplugged) {
     Exchange("W\x08\0\0\0VOLTage?"s, 5);
     EXPECT_EQ(Exchange("R\xC8\0\0\0"s, 5), "D\0\0\0\0"s);
     EXPECT_EQ(Exchange("W\x05\0\0\0*IDN?"s, 5), "A\x05\0\0\0"s);
-    EXPECT_TRUE(WIFEXITED(AwaitEnd()));
-    EXPECT_TRUE(fs::is_empty(place));
+    EXPECT_TRUE(WIFEXITED(AwaitEnd()) && fs::is_empty(place));
 }
 
 TEST_F(ProgramTest, RefusesAFolderThatIsNone) {

@@ -15,8 +15,7 @@ protected:
     /// Presses keys, "F6 MaxBtn Shift+F6 -": each goes to the control that has the focus and leads
     /// to the one behind it, "-" for none.
     void ExpectStops(const std::string& walk) {
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        Activate();
         std::istringstream steps(walk);
         for (std::string key, stop; steps >> key >> stop;) {
             QWidget* focused = window_->focusWidget();

@@ -8,6 +8,9 @@
 #include "ui/PropertyFrm.h"
 #include "ui/StandardWaveFrm.h"
 
+#include <map>
+#include <sstream>
+
 namespace {
 
 // 100 dots; channel "A", and "BUS" of four channels, selected in 10..12.
@@ -84,38 +87,25 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
     PropertyEditMode = true;
     PropertyFrm analog;
     StandardWaveFrm square(nullptr, Square);
-    const struct {
-        QDialog& Dialog;
-        const char *Box, *Typed, *Held, *Left;
-    } rows[] = {
-        {count, "TimeStartTxt", "5-0", "50", "50"},
-        {count, "TimeEndTxt", "444", "99", "99"},
-        {count, "TimeEndTxt", "44", "44", "50"},
-        {count, "CountInteTxt", "0", "0", "1"},
-        {count, "CountStartValuetxt", "12", "1", "1"},
-        {insert, "DigitBusTXt", "17", "16", "16"},
-        {insert, "DigitNameTxt", "a-b_1", "ab_1", "ab_1"},
-        {insert, "DigitBusTXt", "0", "0", "1"},
-        {insert, "DigitStartTxt", "101", "100", "100"},
-        {property, "PositionTxt", "100", "99", "99"},
-        {property, "DotnumTxt", "4097", "4096", "4096"},
-        {property, "DotnumTxt", "50", "50", "50"},
-        {property, "PositionTxt", "60", "49", "49"},
-        {property, "Freqtxt", "3000", "2000", "2.0000"},
-        {analog, "DotnumTxt", "a.-7", "7", "8"},
-        {analog, "ampltxt", "1.5.5", "1.55", "1.5500"},
-        {analog, "QuantTxt", "33", "33", "32"},
-        {analog, "Freqtxt", "6000", "6000", "5000.000000000"},  // KHz
-        {square, "DotnumTxt", "5000", "5000", "4096"},
-        {square, "phasetxt", "400", "400", "359"},
-        {square, "ampltxt", "3", "3", "2.0000"},
-        {square, "para1txt", "90", "90", "80"},
-    };
-    for (const auto& row : rows) {
-        Show(row.Dialog);
-        EXPECT_EQ(Type(row.Dialog, row.Box, row.Typed)->text(), row.Held) << row.Box;
-        QTest::keyClick(FindIn(row.Dialog, row.Box), Qt::Key_Tab);
-        EXPECT_EQ(FindIn(row.Dialog, row.Box)->text(), row.Left) << row.Box;
+    // The dialog by its letter, the box, what is typed, what the box takes of it and leaves.
+    const std::map<std::string, QDialog*> dialogs = {
+        {"c", &count}, {"i", &insert}, {"p", &property}, {"a", &analog}, {"s", &square}};
+    std::istringstream rows(R"(
+        c TimeStartTxt 5-0 50 50      c TimeEndTxt 444 99 99       c TimeEndTxt 44 44 50
+        c CountInteTxt 0 0 1          c CountStartValuetxt 12 1 1  i DigitBusTXt 17 16 16
+        i DigitNameTxt a-b_1 ab_1 ab_1  i DigitBusTXt 0 0 1        i DigitStartTxt 101 100 100
+        p PositionTxt 100 99 99       p DotnumTxt 4097 4096 4096   p DotnumTxt 50 50 50
+        p PositionTxt 60 49 49        p Freqtxt 3000 2000 2.0000   a DotnumTxt a.-7 7 8
+        a ampltxt 1.5.5 1.55 1.5500   a QuantTxt 33 33 32  a Freqtxt 6000 6000 5000.000000000
+        s DotnumTxt 5000 5000 4096    s phasetxt 400 400 359       s ampltxt 3 3 2.0000
+        s para1txt 90 90 80)");
+    for (std::string dialog, box, typed, held, left;
+         rows >> dialog >> box >> typed >> held >> left;) {
+        QDialog& shown = *dialogs.at(dialog);
+        Show(shown);
+        EXPECT_EQ(Type(shown, box.c_str(), typed.c_str())->text().toStdString(), held) << box;
+        QTest::keyClick(FindIn(shown, box), Qt::Key_Tab);
+        EXPECT_EQ(FindIn(shown, box)->text().toStdString(), left) << box;
     }
     EXPECT_EQ(FindIn<QComboBox>(property, "FrequnitCmb")->currentText(), "Mbps");
     EXPECT_FALSE(FindIn<QLabel>(property, "NoteTxt")->text().isEmpty());
@@ -130,24 +120,20 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
 TEST_F(DigitDialogTest, NodeDialogShowsItsUse) {
     RenumberRows(document_);
     document_.ClickRow = 1;
-    const struct {
-        Flag Assembles, Edits;
-        const char *Title, *Note, *AfterName, *Typed;
-    } rows[] = {
-        {false, false, "Insert Node or Bus", "11 of 16 channels are free.", "DigitBusTXt", "7"},
-        {true, false, "Assemble Bus", "4 channels are selected.", "DigitStartTxt", "4"},
-        {false, true, "Node Properties", "11 of 16 channels are free.", "DigitBusTXt", "7"},
-    };
-    for (const auto& row : rows) {
-        AssembleMode = row.Assembles;
-        EditNodeMode = row.Edits;
+    const char *rest = "11 of 16 channels are free.", *selected = "4 channels are selected.";
+    for (const auto& [mode, title, note, next, held] :
+         {std::tuple(' ', "Insert Node or Bus", rest, "DigitBusTXt", "7"),
+          {'a', "Assemble Bus", selected, "DigitStartTxt", "4"},
+          {'e', "Node Properties", rest, "DigitBusTXt", "7"}}) {
+        AssembleMode = mode == 'a';
+        EditNodeMode = mode == 'e';
         InsertNodeFrm dialog;
         Show(dialog);
-        EXPECT_EQ(dialog.windowTitle(), row.Title);
-        EXPECT_EQ(FindIn<QLabel>(dialog, "NoteTxt")->text(), row.Note);
+        EXPECT_EQ(dialog.windowTitle(), title);
+        EXPECT_EQ(FindIn<QLabel>(dialog, "NoteTxt")->text(), note);
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
-        EXPECT_EQ(dialog.focusWidget()->objectName(), row.AfterName);
-        EXPECT_EQ(Type(dialog, "DigitBusTXt", "7")->text(), row.Typed);
+        EXPECT_EQ(dialog.focusWidget()->objectName(), next);
+        EXPECT_EQ(Type(dialog, "DigitBusTXt", "7")->text(), held);
     }
 }
 

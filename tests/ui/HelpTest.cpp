@@ -23,12 +23,8 @@ protected:
         QTest::keyClick(focused != nullptr ? focused : window, Qt::Key_F1);
         return Shown();
     }
-    /// The page after a click as the window system reports it, which a dialog may keep away.
     std::string ShownBy(const char* button) const {
-        const auto* part = FindIn<QToolButton>(*Viewer(), button);
-        const QPoint middle = part->mapTo(Viewer(), part->rect().center());
-        QTest::mouseClick(Viewer()->windowHandle(), Qt::LeftButton, {}, middle);
-        return Shown();
+        return ClickOn(FindIn<QToolButton>(*Viewer(), button)), Shown();
     }
     void Follow(const char* link) const { emit Page()->anchorClicked(QUrl(link)); }
     /// Pages in the contents, without those that only have a page below them.

@@ -57,6 +57,12 @@ inline void Click(const QWidget& window, const char* name) {
     FindIn<QAbstractButton>(window, name)->click();
 }
 
+// Clicks as the window system reports it, which may move the focus, or be kept away by a dialog.
+inline void ClickOn(const QWidget* control) {
+    const QPoint middle = control->mapTo(control->window(), control->rect().center());
+    QTest::mouseClick(control->window()->windowHandle(), Qt::LeftButton, {}, middle);
+}
+
 // Chooses in a list by the keyboard.
 inline void Pick(const QWidget& window, const char* list, Qt::Key key, int times = 1) {
     auto* box = FindIn<QComboBox>(window, list);
@@ -180,9 +186,12 @@ protected:
     static QWidget* RightGrip(QWidget* window) {
         return window->childAt(window->width() - 2, window->height() / 2);
     }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) const {
-        window_->activateWindow();  // no window manager does it after a dialog
+    void Activate() const {  // no window manager does it after a dialog
+        window_->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) const {
+        Activate();
         QTest::keyClick(window_.get(), key, modifiers);
     }
     /// Message boxes are answered in turn, with Cancel behind the last answer.

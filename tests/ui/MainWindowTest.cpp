@@ -8,12 +8,6 @@ namespace {
 
 // --- texts --------------------------------------------------------------------------------------
 
-void ExpectButton(const Mainfrm& window, std::string_view name) {
-    const auto* button = FindIn<QToolButton>(window, name);
-    EXPECT_EQ(button->toolTip().section(" (", 0, 0).toStdString(), TextOf("Mainfrm", name));
-    EXPECT_TRUE(!button->icon().isNull() || button->text().size() <= 2) << name;
-}
-
 void ExpectMenu(const QString& menu, const QList<QAction*>& entries) {
     QStringList texts;
     for (const QAction* entry : entries)
@@ -34,20 +28,16 @@ TEST_F(MainWindowTest, EveryDoorSpeaksTheLanguageInUse) {
         EXPECT_EQ(Find<QLabel>("lblSelectDataMessage")->text().toStdString(), ResText(8));
         EXPECT_EQ(Find("ExtBtn")->toolTip(), close);
         EXPECT_EQ(Find<QLabel>("PageInfo")->text(), QString(page).arg(pages));
-        for (const char* name :
-             {"DispParaListView", "DigitWavePic", "FrontPageAtn", "NextPageAtn", "MaxBtn"}) {
-            const std::string text = Find<QWidget>(name)->accessibleName().toStdString();
-            EXPECT_TRUE(!text.empty() && text == TextOf("DigitWaveFrm", name)) << name;
-        }
-        for (const char* name : {"MinimizeAbtn", "MaxAbtn", "ExitAbtn"})
-            ExpectButton(*window_, name);
+        EXPECT_EQ(Find<QWidget>("DigitWavePic")->accessibleName().toStdString(),
+                  TextOf("DigitWaveFrm", "DigitWavePic"));
         for (const CommandRow& row : Commands()) {
-            if (!row.Button.empty()) ExpectButton(*window_, row.Button);
-            for (const std::string_view menu : row.Menus)
-                EXPECT_TRUE(menu.empty() ||
-                            Command(menu)->text().toStdString() == TextOf("Mnufrm", menu))
-                    << menu;
+            if (row.Button.empty()) continue;
+            const auto* button = Find(row.Button);
+            EXPECT_EQ(button->toolTip().section(" (", 0, 0).toStdString(),
+                      TextOf("Mainfrm", row.Button));
+            EXPECT_TRUE(!button->icon().isNull() || button->text().size() <= 2) << row.Button;
         }
+        EXPECT_EQ(Command("MnuFile_Save")->text().toStdString(), TextOf("Mnufrm", "MnuFile_Save"));
         ExpectMenu("strip", Find<QMenuBar>("MnuBtnAresBtn")->actions());
         for (const QMenu* menu : window_->findChildren<QMenu*>()) {
             const QString name = menu->objectName();
@@ -61,23 +51,19 @@ TEST_F(MainWindowTest, EveryDoorSpeaksTheLanguageInUse) {
 // --- states -------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, StatesFollowTheRecords) {
-    // Open: none, new, with Dots, Selected.
-    const std::pair<const char*, std::string_view> rows[] = {{"SaveAresBtn", "+ds"},
-                                                             {"MnuEdit_Undo", "ds"},
-                                                             {"MnuIdle_Undo", "ds"},
-                                                             {"CutAresBtn", "s"}};
-    const auto expect = [&](char stage) {
-        for (const auto& [door, open] : rows)
-            EXPECT_EQ(Command(door)->isEnabled(), open.find(stage) != open.npos) << door << stage;
-        EXPECT_EQ(Command("GridAresBtn")->isChecked(), stage != 'n');
+    const auto open = [this] {
+        std::string states;
+        for (const char* door : {"SaveAresBtn", "MnuEdit_Undo", "MnuIdle_Undo", "CutAresBtn"})
+            states += Command(door)->isEnabled() ? '1' : '0';
+        return states;
     };
-    expect('n');
+    EXPECT_TRUE(open() == "0000" && !Command("GridAresBtn")->isChecked());
     New();
-    expect('+');
+    EXPECT_TRUE(open() == "1000" && Command("GridAresBtn")->isChecked());
     InsertSine();
-    expect('d');
+    EXPECT_EQ(open(), "1110");
     Command("MnuEdit_SelAll")->trigger();
-    expect('s');
+    EXPECT_EQ(open(), "1111");
     QTest::mouseClick(window_->AnalogWindow(0)->Plot(), Qt::RightButton, {},
                       {LabelGutter + WaveAreaLeft + 20, WaveAreaTop + 20});
     QWidget* popup = QApplication::activePopupWidget();
@@ -86,8 +72,7 @@ TEST_F(MainWindowTest, StatesFollowTheRecords) {
     popup->close();
     Script({Answer::No});
     Press(0, "ExtBtn");
-    expect('n');
-    EXPECT_TRUE(Find<QLabel>("lblIdleMessage")->isVisible());
+    EXPECT_TRUE(open() == "0000" && Find<QLabel>("lblIdleMessage")->isVisible());
 }
 
 TEST_F(MainWindowTest, CommandsWorkOnTheActiveDocument) {
@@ -101,13 +86,11 @@ TEST_F(MainWindowTest, CommandsWorkOnTheActiveDocument) {
     EXPECT_TRUE(Find<QLabel>("lblEnd")->text().endsWith("s"));
     Key(Qt::Key_Delete, Qt::NoModifier);
     EXPECT_EQ(Find<QLabel>("lblEnd")->text(), "");
-    EXPECT_EQ(AnalogDocs[0].Dots, 0);
-    EXPECT_EQ(AnalogDocs[1].Dots, 100);
+    EXPECT_TRUE(AnalogDocs[0].Dots == 0 && AnalogDocs[1].Dots == 100);
     Key(Qt::Key_G);
     EXPECT_FALSE(Command("GridAresBtn")->isChecked());
     Key(Qt::Key_Tab, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(window_->ActiveTag(), 1);
-    EXPECT_TRUE(Command("GridAresBtn")->isChecked());
+    EXPECT_TRUE(window_->ActiveTag() == 1 && Command("GridAresBtn")->isChecked());
 }
 
 TEST_F(MainWindowTest, WindowMenuAndClosingTurnToTheRightDocument) {
@@ -176,8 +159,7 @@ TEST_F(MainWindowTest, ReusedSlotShowsNothingOfTheOldDocument) {
     window_->resize(1200, 780);
     window_->resize(1280, 800);
     New();
-    EXPECT_EQ(plot(), fresh);
-    EXPECT_EQ(Find<QLabel>("lblTitle")->text(), "Waveform0");
+    EXPECT_TRUE(plot() == fresh && Find<QLabel>("lblTitle")->text() == "Waveform0");
     EXPECT_EQ(Find<QMdiArea>("DocumentArea")->subWindowList().size(), 1);
 }
 
@@ -237,31 +219,25 @@ TEST_F(MainWindowTest, MaximisesUpToTheLargestScreenAndLeavesItByHand) {
 
 TEST_F(MainWindowTest, MessageBoxesGiveTheAnswer) {
     // Whether in English, and the text of the button pressed; without one the box is closed.
-    struct Row {
-        std::int32_t English;
-        Buttons Kind;
-        QString Text;
-        Answer Answered;
-    };
-    const Row rows[] = {{1, Buttons::Ok, "OK", Answer::Ok},
-                        {0, Buttons::Ok, "", Answer::Ok},
-                        {1, Buttons::YesNo, "&Yes", Answer::Yes},
-                        {0, Buttons::YesNo, "否(&N)", Answer::No},
-                        {1, Buttons::YesNo, "", Answer::No},
-                        {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
-                        {0, Buttons::YesNoCancel, "", Answer::Cancel}};
-    for (const Row& row : rows) {
-        UseEnglish = row.English;
+    for (const auto& [english, kind, text, answered] :
+         {std::tuple(1, Buttons::Ok, "OK", Answer::Ok),
+          {0, Buttons::Ok, "", Answer::Ok},
+          {1, Buttons::YesNo, "&Yes", Answer::Yes},
+          {0, Buttons::YesNo, "否(&N)", Answer::No},
+          {1, Buttons::YesNo, "", Answer::No},
+          {0, Buttons::YesNoCancel, "取消", Answer::Cancel},
+          {0, Buttons::YesNoCancel, "", Answer::Cancel}}) {
+        UseEnglish = english;
         Answer given{};
-        const auto press = [&](QWidget* box) {
-            EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "a < b & c");
-            for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-                if (button->text() == row.Text) return button->click();
-            EXPECT_EQ(row.Text, "") << "no such button";
-        };
-        WithDialog([&] { given = TheHost().Ask("a < b & c", row.Kind, MessageIcon::Question); },
-                   press);
-        EXPECT_EQ(given, row.Answered) << row.Text.toStdString() << row.English;
+        WithDialog(
+            [&, kind = kind] { given = TheHost().Ask("a < b & c", kind, MessageIcon::Question); },
+            [&, text = text](QWidget* box) {
+                EXPECT_EQ(static_cast<QMessageBox*>(box)->text(), "a < b & c");
+                for (auto* button : box->findChildren<QAbstractButton*>())
+                    if (button->text() == text) return button->click();
+                EXPECT_STREQ(text, "") << "no such button";
+            });
+        EXPECT_EQ(given, answered) << text << english;
     }
 }
 

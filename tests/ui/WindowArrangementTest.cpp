@@ -67,8 +67,7 @@ TEST_F(WindowArrangementTest, StatesFollowTheButtons) {
     const std::int32_t plotWidth = AnalogDocs[2].PlotWidth;
     Press(2, "MinBtn");
     EXPECT_EQ(window_->ActiveTag(), 1);  // used before
-    EXPECT_EQ(Place(2), icons[0]);
-    EXPECT_EQ(AnalogDocs[2].PlotWidth, plotWidth);
+    EXPECT_TRUE(Place(2) == icons[0] && AnalogDocs[2].PlotWidth == plotWidth);
     Press(1, "MinBtn");
     EXPECT_EQ(Place(1), icons[1]);
     Drag(Caption(1), {50, -100});
@@ -80,8 +79,7 @@ TEST_F(WindowArrangementTest, StatesFollowTheButtons) {
     auto* menu = Find<QMenu>("MnuWindow");
     emit menu->aboutToShow();
     FindIn<QAction>(*menu, "Mnuwin_W2")->trigger();
-    EXPECT_EQ(Place(1), tiles[1]);
-    EXPECT_EQ(window_->ActiveTag(), 1);
+    EXPECT_TRUE(Place(1) == tiles[1] && window_->ActiveTag() == 1);
     QTest::mouseDClick(Caption(2), Qt::LeftButton);
     EXPECT_EQ(Place(2), tiles[2]);
     Press(0, "MinBtn");

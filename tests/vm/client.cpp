@@ -104,9 +104,8 @@ std::string FindAll() {
 }
 
 void WaitFor(bool there, const char* what) {
-    for (int i = 0; i < 100 && std::filesystem::exists(Node) != there; ++i) {
+    for (int i = 0; i < 100 && std::filesystem::exists(Node) != there; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
     Check(std::filesystem::exists(Node) == there, what);
 }
 
@@ -132,9 +131,8 @@ void CheckWrites() {
 }
 
 void CheckReads() {
-    for (const std::size_t size : {1, 499, 500, 501, 1012, 65524, 65536, 1048564, 1048576}) {
+    for (const std::size_t size : {1, 499, 500, 501, 1012, 65524, 65536, 1048564, 1048576})
         CheckAnswer("BLOCK " + std::to_string(size), Pattern(size));
-    }
 }
 
 /// No answer, and one that breaks off; the instrument serves as before afterwards.

@@ -60,12 +60,10 @@ bool Describe() {
 std::string AnswerTo(const std::string& message) {
     if (message == "*IDN?") return "TideMark,VM,VM0001,1.0\n";
     if (message == "ABORTS?") return std::to_string(aborts);
-    if (message == "GOT?") {
+    if (message == "GOT?")
         return std::to_string(taken.size()) + (taken == Pattern(taken.size()) ? "" : " wrong");
-    }
-    if (message.starts_with("BLOCK ") || message.starts_with("HALF ")) {
+    if (message.starts_with("BLOCK ") || message.starts_with("HALF "))
         return Pattern(std::stoul(message.substr(message.find(' '))));
-    }
     taken = message;
     return {};
 }
@@ -94,9 +92,8 @@ void SendAnswer(char tag, const std::string& answer, bool half) {
     transfer.append(reinterpret_cast<const char*>(&size), sizeof size);
     transfer += std::string{'\1', '\0', '\0', '\0'} + answer;
     if (half) transfer.resize(2 * Packet);
-    for (std::size_t at = 0; at < transfer.size(); at += Piece) {
+    for (std::size_t at = 0; at < transfer.size(); at += Piece)
         if (!Send(transfer.data() + at, std::min(Piece, transfer.size() - at))) return;
-    }
     if (half) return;
     if (transfer.size() % Packet == 0) Send("", 0);
     requestTag = 0;
@@ -138,9 +135,8 @@ void ServeControl() {
             // The short packet up to which the host reads. It does so behind this request.
             if (underWay) std::thread([] { Send("", 0); }).detach();
         }
-        if (write(control, reply.data(), std::min<std::size_t>(reply.size(), length)) < 0) {
+        if (write(control, reply.data(), std::min<std::size_t>(reply.size(), length)) < 0)
             std::perror("vm_gadget: answer to a control request");
-        }
     }
 }
 
