@@ -1,4 +1,5 @@
 #include "analog/AnalogFixture.h"
+#include "Soak.h"
 
 #include <functional>
 #include <random>
@@ -119,9 +120,9 @@ TEST_P(RandomEditTest, AgreesWithAPlainListOfDots) {
         const WaveSegment& picked = wave_->Segments[wave_->PickedSegment];
         ASSERT_TRUE(picked.RunStart == wave_->SelStart && picked.EndDot == wave_->SelEnd);
     }
-    EXPECT_FALSE(asked.empty()) << "the document was never full";
+    EXPECT_TRUE(!asked.empty() || std::getenv("TIDEMARK_SEED")) << "the document was never full";
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomEditTest, ::testing::Values(1U, 2U, 20240607U));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEditTest, ::testing::ValuesIn(Seeds({1U, 2U, 20240607U})));
 
 }  // namespace

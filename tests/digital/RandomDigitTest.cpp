@@ -1,5 +1,6 @@
 #include "digital/DigitFixture.h"
 #include "digital/DigitValueFuncBox.h"
+#include "Soak.h"
 
 #include <map>
 #include <random>
@@ -200,10 +201,11 @@ TEST_P(RandomDigitTest, AgreesWithPlainWords) {
         }
         ASSERT_FALSE(AssembleMode || EditNodeMode || (doc.PointEditOn && doc.FindOn));
     }
+    if (std::getenv("TIDEMARK_SEED")) return;  // what a walk has covered is up to its seed
     EXPECT_GT(exchanges_, 100);
     for (const char event : std::string("kKvVbgGATIH")) EXPECT_GT(edits_[event], 2) << event;
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomDigitTest, ::testing::Values(1U, 2U, 20240607U));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomDigitTest, ::testing::ValuesIn(Seeds({1U, 2U, 20240607U})));
 
 }  // namespace
