@@ -143,16 +143,6 @@ TEST_F(EquationTest, ValuesPastTheRailsAndNoNumbersAreToldAndHeld) {
     EXPECT_EQ(EquationNote(dialog), "");
 }
 
-TEST_F(EquationTest, PreviewShowsTheNoiseThatIsInserted) {
-    MakeDocument("", 0, 1000);
-    EquationDialog dialog = Open("noise()", "1000");
-    std::vector<WaveDot> shown;
-    EXPECT_TRUE(PreviewEquation(dialog, shown));
-    ASSERT_TRUE(ConfirmEquation(dialog));
-    for (int i = 0; i < 1000; ++i) ASSERT_EQ(shown[i].Y, ActiveAnalog().DotArray[i].Y);
-    EXPECT_NE(Open("noise()", "1000").Scales.Seed, dialog.Scales.Seed);
-}
-
 TEST_F(EquationTest, HistoryKeepsTheLastTenWithoutDoubles) {
     MakeDocument("", 0, 100);
     EXPECT_EQ(OpenEquation(false).Text, "A*sin(2*pi*x)");

@@ -7,7 +7,6 @@
 #include <limits>
 #include <numbers>
 #include <random>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -96,19 +95,6 @@ TEST(FirFilter, KeepsConstantsAndWhatItCannotFilter) {
     for (const int count : {0, -9}) Fir_Calculate(kept.data(), count, 9, 0.1, 4);
     Fir_Calculate(nullptr, 9, 9, 0.1, 4);
     for (int i = 0; i < 100; ++i) EXPECT_EQ(kept[i].Y, dots[i].Y);
-}
-
-TEST(FirFilter, RunsInSeveralThreads) {
-    std::vector<Dots> results(4, MakeNoise(5000));
-    std::vector<std::jthread> threads;
-    threads.reserve(results.size());
-    for (Dots& result : results)
-        threads.emplace_back([&result] {
-            for (int round = 0; round < 20; ++round) LowPass(result, 101 + 60 * round, 0.2);
-        });
-    threads.clear();
-    for (const Dots& result : results)
-        for (int i = 0; i < 5000; ++i) ASSERT_EQ(result[i].Y, results[0][i].Y);
 }
 
 }  // namespace

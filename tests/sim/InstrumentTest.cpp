@@ -35,17 +35,6 @@ protected:
     sim::Instrument device = sim::MakeInstrument({}, {});
 };
 
-TEST(FirmwareTest, ComparesFieldByFieldAndServicePacksLast) {
-    // The last ones are above, or of another shape.
-    std::istringstream rows(R"(
-        03.13.999 03.14.070 1  V03.14.069 03.14.070 1  00.07 00.07SP2 1     00.07SP1 00.07SP2 1
-        00.06SP9 00.07 1       00.6SP9 01.07SP2 1      00.07SP3 00.07SP2 0  00.07SP1 00.07 0
-        04.01.001 03.14.070 0  3.14.069 03.14.070 0    03.14 03.14.070 0    00.6SP9 00.07SP2 0)");
-    bool expected = false;
-    for (std::string version, threshold; rows >> version >> threshold >> expected;)
-        EXPECT_EQ(sim::IsAtOrBelow(version, threshold), expected) << version;
-}
-
 TEST_F(SimTest, IdentifiesAtFixedPositions) {
     EXPECT_EQ(Ask("*IDN?"), "NORVIK TECHNOLOGIE,KT3300,SIM0001,08.06.073\n");
     Plug({"--variant", "--serial", "X-7"});
@@ -105,21 +94,6 @@ TEST_F(SimTest, OutputFollowsTheActiveWave) {
     EXPECT_EQ(sim::OutputSamples(device).front(), 16383);
 }
 
-TEST_F(SimTest, FaultsSpoilTheAnswers) {
-    Plug({"--fault", "stale-free-count", "--fault", "noise", "--fault", "vendor"});
-    // 4 locations less a free count of -3: seven in use, and the catalogue has six names.
-    EXPECT_EQ(Ask("DATA:Nvolatile:FREE?"), "-3\n");
-    EXPECT_EQ(Serial("FREQuency?"), "~R#1000\n");
-    EXPECT_EQ(Serial("DATA:DAC Volatile,1"), "PARSE FINISHED\n");
-    EXPECT_FALSE(Ask("*IDN?").starts_with("NORVIK"));
-    Plug({"--fault", "no-parse-finished", "--fault", "short-read"});
-    EXPECT_EQ(Serial("DATA:DAC Volatile,1") + Serial("FREQuency?"), "10");
-    Plug({"--fault", "silence"});
-    EXPECT_EQ(Serial("*IDN?"), "");
-    for (const char* name : {"", "loud", "silence=1", "drop-after", "drop-after=0", "slow=1x"})
-        EXPECT_FALSE(sim::SetFault(device.Fault, name)) << name;
-}
-
 TEST_F(SimTest, LocationsAreFilledFromFiles) {
     const std::string path = testing::TempDir() + "codes.txt";
     const auto store = [&](const char* codes, const char* kind = "") {
@@ -135,20 +109,6 @@ TEST_F(SimTest, LocationsAreFilledFromFiles) {
         EXPECT_NE(sim::StoreFromOption(device.Memory, 4, bad), "") << bad;
     EXPECT_EQ(sim::StoreFromOption(device.Memory, 4, "S=sine:4"), "");
     EXPECT_EQ(device.Memory.Stored[1].Codes, (Samples{8192, 16383, 8192, 0}));
-}
-
-TEST_F(SimTest, PictureShowsEachPeakAndStaysSmall) {
-    device.Memory.Volatile.assign(1048576, 0);
-    device.Memory.Volatile[524288] = 16383;  // in the middle: column 400 of 800
-    Ask("FUNction:USER VOLATILE");
-    const std::string dense = sim::PictureOf(device);
-    EXPECT_NE(dense.find("M490.5 99.25V420.75"), std::string::npos);  // 90 + 400.5; 100, 420
-    EXPECT_LT(dense.size(), 50000u);
-    device.Memory.Volatile = {16383, 0};
-    EXPECT_NE(sim::PictureOf(device).find("M90.00 100.00L490.00 420.00L890.00 100.00"),
-              std::string::npos);
-    EXPECT_EQ(sim::WithUnit(0.0, "V") + sim::WithUnit(-0.0025, "V"), "0 V-2.5 mV");
-    EXPECT_EQ(sim::WithUnit(0.99999, "s") + sim::WithUnit(2e7, "Hz"), "1 s20 MHz");
 }
 
 // A digital packet of one channel in its map, D9, and samples of two bytes each.

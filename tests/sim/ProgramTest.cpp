@@ -126,23 +126,6 @@ TEST_F(ProgramTest, SerialLineOutlivesItsEditors) {
     EXPECT_TRUE(End(SIGINT) == 0 && fs::is_empty(place));
 }
 
-TEST_F(ProgramTest, EmptyMessageIsNotedWhenNoReadFollows) {
-    Start("> " + PathOf("log"));
-    Exchange("W\x08\0\0\0VOLTage?"s, 5);
-    Exchange("W\0\0\0\0"s, 5);
-    EXPECT_EQ(Exchange("W\0\0\0\0R\xC8\0\0\0"s, 12), "A\0\0\0\0D\x02\0\0\0001\n"s);
-    const int fd = open((place + "/tty-T1").c_str(), O_RDWR | O_NOCTTY);
-    Write(fd, "\rVOLTage?\r");
-    EXPECT_EQ(Read(fd, 2), "1\n");
-    close(fd);
-    End(SIGTERM);
-    std::istringstream log(Content("log"));
-    std::string notes;
-    for (std::string line; std::getline(log, line);)
-        if (line.find("(empty message)") != line.npos) notes += line.substr(13, 5) + ";";
-    EXPECT_EQ(notes, "USB  ;RS232;");
-}
-
 TEST_F(ProgramTest, NameIsTakenOnlyWhileSomebodyRuns) {
     Start();
     const pid_t first = process;
@@ -167,18 +150,6 @@ TEST_F(ProgramTest, RepliesComeLateOrNotAtAllOrItIsUnplugged) {
     EXPECT_EQ(Exchange("R\xC8\0\0\0"s, 5), "D\0\0\0\0"s);
     EXPECT_EQ(Exchange("W\x05\0\0\0*IDN?"s, 5), "A\x05\0\0\0"s);
     EXPECT_TRUE(WIFEXITED(AwaitEnd()) && fs::is_empty(place));
-}
-
-TEST_F(ProgramTest, RefusesAFolderThatIsNone) {
-    std::vector<std::string> places = {PathOf("file"), place + std::string(100, 'y')};
-    close(open(places[0].c_str(), O_CREAT | O_WRONLY, 0600));
-    if (getuid() != 0) places.emplace_back("/");  // root's own
-    for (const std::string& bad : places) {
-        setenv("TIDEMARK_SIM_DIR", bad.c_str(), 1);
-        Spawn();
-        EXPECT_EQ(WEXITSTATUS(AwaitEnd()), 1) << bad;
-    }
-    EXPECT_TRUE(fs::is_regular_file(places[0]));
 }
 
 }  // namespace

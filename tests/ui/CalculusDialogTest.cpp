@@ -5,7 +5,6 @@
 #include "ui/PlotPreview.h"
 #include "ui/ResizeWaveFrm.h"
 #include "ui/WaveMathFrm.h"
-#include "ui/WindowMathFrm.h"
 
 namespace {
 
@@ -95,25 +94,6 @@ TEST_F(CalculusDialogTest, StandardWaveBecomesTheOperandUnlessCancelled) {
     EXPECT_TRUE(dialog.size() == size && Y(50) == 0.5);
     dialog.accept();
     for (const int dot : {50, 149}) EXPECT_NEAR(Y(dot), -0.25, 1e-6) << dot;
-}
-
-TEST_F(CalculusDialogTest, WindowMathListsDocumentsAndResumes) {
-    WindowMathFrm dialog;
-    Show(dialog);
-    const auto* math = FindIn<QComboBox>(dialog, "MathCmb");
-    const auto* note = FindIn<QLabel>(dialog, "NoteTxt");
-    const QSize size = dialog.size();
-    EXPECT_EQ(FindIn<QComboBox>(dialog, "SourceCmb")->currentText(), "First");
-    EXPECT_EQ(math->toolTip(), QString(90, 'x'));
-    EXPECT_LT(math->fontMetrics().horizontalAdvance(math->currentText()), math->width() - 24);
-    Pick(dialog, "OperateCmb", Qt::Key_Down);
-    EXPECT_TRUE(note->text().startsWith("Dots from 100 on stay as they are. "));
-    EXPECT_EQ(dialog.size(), size);
-    Click(dialog, "ResumeAresBtn");
-    EXPECT_TRUE(note->text().isEmpty());
-    Pick(dialog, "OperateCmb", Qt::Key_Down, 3);
-    dialog.accept();
-    EXPECT_TRUE(Y(99) == 0.375 && Y(100) == 0.5);  // 0.5 * 0.75
 }
 
 TEST_F(CalculusDialogTest, LowPassSaysSoBeforeTheWork) {

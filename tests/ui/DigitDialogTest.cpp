@@ -117,24 +117,4 @@ TEST_F(DigitDialogTest, BoxesHoldWhatIsTypedAndWhatIsLeft) {
     EXPECT_TRUE(document_.Nodes.empty() && document_.Dots == 50 && document_.Rate == 2e6);
 }
 
-TEST_F(DigitDialogTest, NodeDialogShowsItsUse) {
-    RenumberRows(document_);
-    document_.ClickRow = 1;
-    const char *rest = "11 of 16 channels are free.", *selected = "4 channels are selected.";
-    for (const auto& [mode, title, note, next, held] :
-         {std::tuple(' ', "Insert Node or Bus", rest, "DigitBusTXt", "7"),
-          {'a', "Assemble Bus", selected, "DigitStartTxt", "4"},
-          {'e', "Node Properties", rest, "DigitBusTXt", "7"}}) {
-        AssembleMode = mode == 'a';
-        EditNodeMode = mode == 'e';
-        InsertNodeFrm dialog;
-        Show(dialog);
-        EXPECT_EQ(dialog.windowTitle(), title);
-        EXPECT_EQ(FindIn<QLabel>(dialog, "NoteTxt")->text(), note);
-        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
-        EXPECT_EQ(dialog.focusWidget()->objectName(), next);
-        EXPECT_EQ(Type(dialog, "DigitBusTXt", "7")->text(), held);
-    }
-}
-
 }  // namespace
