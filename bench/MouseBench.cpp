@@ -77,7 +77,7 @@ void LimitStepBase(benchmark::State& state) {
 
 // In and out again, or there and back.
 void WheelStep(benchmark::State& state, bool pan) {
-    AnalogWaveRecord& wave = OpenWithTool(Tool::Select);
+    const AnalogWaveRecord& wave = OpenWithTool(Tool::Select);
     ZoomByWheel(0, PlotWidth / 2, 0, 3, false);
     std::int32_t notch = 1;
     for (auto _ : state) {

@@ -143,7 +143,7 @@ void NextPage(std::int16_t index) {
 }
 
 void ZoomDigit(std::int16_t index, std::int32_t steps) {
-    DigitDocument& document = DigitAt(index);
+    const DigitDocument& document = DigitAt(index);
     const double before = document.Zoom;
     double zoom = before;
     for (; steps > 0; --steps) zoom = std::max(zoom / 2, SmallestZoom);

@@ -76,7 +76,7 @@ private:
             return Qt::SizeFDiagCursor;
         if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
             return Qt::SizeBDiagCursor;
-        return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+        return (edges & (Qt::LeftEdge | Qt::RightEdge)) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
     }
     void Place() {
         const QSize size = target_->size();

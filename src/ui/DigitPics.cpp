@@ -36,7 +36,7 @@ Place PlaceOf(const QMouseEvent& event) {
 
 ListAdd AddOf(Qt::KeyboardModifiers modifiers) {
     if (modifiers & Qt::ShiftModifier) return ListAdd::Range;
-    return modifiers & Qt::ControlModifier ? ListAdd::Toggle : ListAdd::Replace;
+    return (modifiers & Qt::ControlModifier) ? ListAdd::Toggle : ListAdd::Replace;
 }
 
 }  // namespace
@@ -135,8 +135,9 @@ bool DigitPic::StepRow(const QKeyEvent& event) const {
     switch (event.key()) {
         case Qt::Key_Up:
         case Qt::Key_Down:
-            StepRowByKey(slot_, event.key() == Qt::Key_Up ? -1 : 1,
-                         event.modifiers() & Qt::ShiftModifier ? ListAdd::Range : ListAdd::Replace);
+            StepRowByKey(
+                slot_, event.key() == Qt::Key_Up ? -1 : 1,
+                (event.modifiers() & Qt::ShiftModifier) ? ListAdd::Range : ListAdd::Replace);
             return true;
         case Qt::Key_Plus:
         case Qt::Key_Minus:

@@ -78,7 +78,7 @@ DigitWaveFrm::DigitWaveFrm(std::int16_t slot, QWidget* parent)
     };
     askMenu(list_);
     askMenu(picture_);
-    ApplyTexts();
+    DigitWaveFrm::ApplyTexts();
 }
 
 void DigitWaveFrm::BuildPlot() {

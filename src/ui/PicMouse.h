@@ -7,7 +7,7 @@
 
 inline MouseButton ButtonOf(Qt::MouseButtons buttons) {
     if (buttons & Qt::LeftButton) return MouseButton::Left;
-    return buttons & Qt::RightButton ? MouseButton::Right : MouseButton::None;
+    return (buttons & Qt::RightButton) ? MouseButton::Right : MouseButton::None;
 }
 
 /// Whole notches of a wheel, away from the user or to the left where positive. `rest` keeps what is

@@ -144,7 +144,7 @@ void WavePic::wheelEvent(QWheelEvent* event) {
 bool WavePic::StepTrack(const QKeyEvent& event) const {
     const Tool tool = ToolOf(AnalogAt(slot_));
     if (tool != Tool::CursorTrack && tool != Tool::PointEdit) return false;
-    const int one = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
+    const int one = (event.modifiers() & Qt::ShiftModifier) ? 10 : 1;
     const std::int32_t all = AnalogAt(slot_).MaxDots;
     const std::pair<int, std::int32_t> steps[] = {{Qt::Key_Left, -one},    {Qt::Key_Right, one},
                                                   {Qt::Key_PageUp, -100},  {Qt::Key_Home, -all},

@@ -29,7 +29,7 @@ std::string Traces(const Words& before, const Channels& written, Change change) 
             traces += *word >> channel & 1 ? '1' : '0';
     }
     for (std::size_t i = 0; i < words.size(); ++i)
-        EXPECT_EQ((words[i] ^ before[i]) & (i % (words.size() - 1) ? ~mask : -1), 0) << i;
+        EXPECT_EQ((words[i] ^ before[i]) & (i % (words.size() - 1) != 0 ? ~mask : -1), 0) << i;
     return traces;
 }
 
